@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The record of one run, and what the run works with.
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "batch/qrb_doc.h"
+#include "engine/elapsed_clock.h"
+#include "engine/run_log.h"
+#include "engine/run_surface.h"
+#include "platform/file_system.h"
+#include "platform/path_text.h"
+#include "platform/process_runner.h"
+
+namespace quorbit {
+
+// Bits of a run mode, set from the command line; 0 for a run that a person started in the window.
+enum : std::uint32_t {
+    kRunAndQuit = 1,      // /VS
+    kRunAndStayOpen = 2,  // /VO
+    kRunInvisible = 4,    // /I
+};
+
+struct CRunContext {
+    const CQRBDoc* m_pDoc = nullptr;   // not owned
+    RunSurface* m_pDlg = nullptr;      // not owned: whoever shows the run
+    FileSystem* m_pFiles = nullptr;    // not owned
+    ProcessRunner* m_pProcesses = nullptr;  // not owned
+    DriveMap m_drives;                 // for the paths of scripts
+
+    std::uint32_t m_nRunMode = 0;
+    std::function<std::uint32_t()> m_readOptFlags;  // read anew at each error
+    std::function<void(int)> m_setExitCode;         // the application's m_nExitCode
+
+    // Only the worker changes the counters.
+    std::int32_t m_nFilesLeft = 0;       // raised by the count pass, lowered by the process pass
+    std::int32_t m_nCopyCount = 0;       // copied where no sync or backup decision applied
+    std::int32_t m_nSyncCount = 0;       // copied because the source was newer
+    std::int32_t m_nDeleteCount = 0;     // files deleted, and folders deleted as a unit
+    std::int32_t m_nDidntSyncCount = 0;  // left alone because the source was not newer
+    std::int32_t m_nBackupCount = 0;     // copied by an incremental backup
+    std::int32_t m_nErrorCount = 0;
+
+    ElapsedClock m_clock;
+    std::unique_ptr<RunLog> m_pLogFile;  // null once closed
+};
+
+}  // namespace quorbit

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What a listing or a probe tells of one item.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorbit {
+
+// The attribute word. Values as in MS-FSCC 2.6 and <linux/msdos_fs.h>.
+inline constexpr std::uint32_t kAttributeReadOnly = 0x01;
+inline constexpr std::uint32_t kAttributeHidden = 0x02;
+inline constexpr std::uint32_t kAttributeSystem = 0x04;
+inline constexpr std::uint32_t kAttributeFolder = 0x10;
+inline constexpr std::uint32_t kAttributeArchive = 0x20;
+inline constexpr std::uint32_t kAttributeNormal = 0x80;  // stands alone: none of the others
+
+enum class ItemKind : std::uint8_t {
+    Unknown,  // the listing did not say: ReadDetails tells
+    File,
+    Folder,
+    Link,     // a symbolic link: an item of its own, whatever it points to
+    Special,  // FIFO, socket, device
+};
+
+struct FindData {
+    std::string name;                // bytes, never "." or ".."
+    ItemKind kind = ItemKind::Unknown;
+    bool leftover = false;           // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
+    std::uint64_t size = 0;          // bytes; after ReadDetails, Probe or OpenSource
+    std::int64_t modified = 0;       // last-write time, whole seconds since 1970 UTC; as size
+    std::uint32_t modifiedNsec = 0;  // the rest of it in nanoseconds
+    std::uint32_t attributes = 0;    // the attribute word; after ReadAttributes only
+};
+
+}  // namespace quorbit
