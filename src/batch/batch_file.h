@@ -24,7 +24,8 @@ struct BatchFile {
 
 enum class BatchFileFault {
     Unreadable,   // the file cannot be opened or read, or it is no regular file
-    EndOfFile,    // it ends in the middle of something, or a count or length is larger than what is left
+    EndOfFile,    // it ends in the middle of something, or a count or length is larger than what is
+                  // left
     BadClass,     // an entry is of an unknown class
     BadSchema,    // an entry is of a later version of the class
     BadIndex,     // a tag refers to something that was never stored
@@ -45,7 +46,8 @@ struct BatchFileError {
 class [[nodiscard]] BatchFileStatus {
 public:
     BatchFileStatus() = default;
-    BatchFileStatus(BatchFileError error) : m_error(std::move(error)) {}  // NOLINT(google-explicit-constructor)
+    BatchFileStatus(BatchFileError error)
+        : m_error(std::move(error)) {}  // NOLINT(google-explicit-constructor)
     [[nodiscard]] bool Ok() const { return !m_error; }
     explicit operator bool() const { return Ok(); }
     // Only when not Ok().
@@ -55,8 +57,8 @@ private:
     std::optional<BatchFileError> m_error;
 };
 
-// Parses the bytes of a file. Trusts nothing: a count or length that cannot be true fails before anything is
-// allocated by it. On failure `file` is untouched. No bytes at all are an empty batch.
+// Parses the bytes of a file. Trusts nothing: a count or length that cannot be true fails before
+// anything is allocated by it. On failure `file` is untouched. No bytes at all are an empty batch.
 BatchFileStatus ParseBatchFile(std::string_view bytes, BatchFile& file);
 // The bytes that stand for a batch.
 [[nodiscard]] std::string FormatBatchFile(const BatchFile& file);

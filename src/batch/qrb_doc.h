@@ -23,7 +23,8 @@ public:
 
     // Replaces the contents by those of the file. On failure nothing changes.
     [[nodiscard]] BatchFileStatus OnOpenDocument(const std::string& path);
-    // m_strFilePath becomes path even if the save fails; the file is replaced whole or left as it was.
+    // m_strFilePath becomes path even if the save fails; the file is replaced whole or left as it
+    // was.
     [[nodiscard]] BatchFileStatus OnSaveDocument(const std::string& path);
     void DeleteContents();
 };

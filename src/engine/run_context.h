@@ -27,15 +27,16 @@ enum : std::uint32_t {
 };
 
 struct CRunContext {
-    const CQRBDoc* m_pDoc = nullptr;   // not owned
-    RunSurface* m_pDlg = nullptr;      // not owned: whoever shows the run
-    FileSystem* m_pFiles = nullptr;    // not owned
+    const CQRBDoc* m_pDoc = nullptr;        // not owned
+    RunSurface* m_pDlg = nullptr;           // not owned: whoever shows the run
+    FileSystem* m_pFiles = nullptr;         // not owned
     ProcessRunner* m_pProcesses = nullptr;  // not owned
-    DriveMap m_drives;                 // for the paths of scripts
+    DriveMap m_drives;                      // for the paths of scripts
 
     std::uint32_t m_nRunMode = 0;
     std::function<std::uint32_t()> m_readOptFlags;  // read anew at each error
     std::function<void(int)> m_setExitCode;         // the application's m_nExitCode
+    bool m_bSyncAtEnd = true;  // wait for the disk before the footer is written
 
     // Only the worker changes the counters.
     std::int32_t m_nFilesLeft = 0;       // raised by the count pass, lowered by the process pass

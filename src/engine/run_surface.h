@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whoever watches a run: the progress dialog, the console, a test. The worker calls this surface and never waits for a
-// screen: an implementation stores what it is told and shows it when it likes. Only the prompts and boxes may block.
-// All calls come from the worker thread.
+// Whoever watches a run: the progress dialog, the console, a test. The worker calls this surface
+// and never waits for a screen: an implementation stores what it is told and shows it when it
+// likes. Only the prompts and boxes may block. All calls come from the worker thread.
 
 #pragma once
 

@@ -30,7 +30,8 @@ enum class ErrorKind {
     Other,
 };
 
-// Why an operation failed: a kind, and the system's own text or, where the refusal is ours, our own.
+// Why an operation failed: a kind, and the system's own text or, where the refusal is ours, our
+// own.
 class Error {
 public:
     Error(ErrorKind kind, int code) : m_kind(kind), m_nCode(code) {}
@@ -56,8 +57,11 @@ private:
 template <class T>
 class [[nodiscard]] Result {
 public:
-    Result(T value) : m_state(std::in_place_index<0>, std::move(value)) {}  // NOLINT(google-explicit-constructor)
-    Result(Error error) : m_state(std::in_place_index<1>, error) {}         // NOLINT(google-explicit-constructor)
+    Result(T value)
+        : m_state(std::in_place_index<0>, std::move(value))
+    {}  // NOLINT(google-explicit-constructor)
+    Result(Error error)
+        : m_state(std::in_place_index<1>, error) {}  // NOLINT(google-explicit-constructor)
 
     [[nodiscard]] bool Ok() const { return m_state.index() == 0; }
     explicit operator bool() const { return Ok(); }

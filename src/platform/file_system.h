@@ -39,7 +39,8 @@ public:
     [[nodiscard]] virtual FolderIdentity Identity() const = 0;
 };
 
-// One reading of a folder, in the order in which the file system gives it. "." and ".." are left out.
+// One reading of a folder, in the order in which the file system gives it. "." and ".." are left
+// out.
 class Listing {
 public:
     virtual ~Listing() = default;
@@ -47,12 +48,14 @@ public:
     virtual Result<bool> Next(FindData& item) = 0;
 };
 
-// An item that is about to be copied, held open where it can be, with the details read from what is held.
+// An item that is about to be copied, held open where it can be, with the details read from what is
+// held.
 class SourceFile {
 public:
     virtual ~SourceFile() = default;
     [[nodiscard]] virtual const FindData& Details() const = 0;
-    // False if its content had to be fetched from the disk; only meaningful after OpenSource with ReadAhead::Start.
+    // False if its content had to be fetched from the disk; only meaningful after OpenSource with
+    // ReadAhead::Start.
     [[nodiscard]] virtual bool WasCached() const = 0;
 };
 
@@ -66,9 +69,10 @@ public:
 };
 
 struct CopyOptions {
-    bool replaceReadOnly = false;       // else an existing read-only file makes the copy fail, also for root
-    bool expectMissing = false;         // a hint that nothing has that name yet; safe if wrong
-    CopyProgress* progress = nullptr;   // not owned; may be null
+    bool replaceReadOnly =
+        false;  // else an existing read-only file makes the copy fail, also for root
+    bool expectMissing = false;        // a hint that nothing has that name yet; safe if wrong
+    CopyProgress* progress = nullptr;  // not owned; may be null
 };
 
 class FileSystem {
@@ -79,7 +83,8 @@ public:
     // Drive paths ("C:\Data\") are looked up in the drive map.
     virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) = 0;
     // Opens a folder inside an open one. A link in its place is an error (NotAFolder).
-    virtual Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent, const std::string& name) = 0;
+    virtual Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent,
+                                                          const std::string& name) = 0;
     // False once the folder has been removed from its file system.
     virtual bool StillThere(const Folder& folder) = 0;
     // True for the root folder, the home folder of the user, and every folder above that one.
@@ -94,15 +99,18 @@ public:
     // means that it could not be told.
     virtual Result<FindData> Probe(const Folder& folder, const std::string& name) = 0;
     // Replaces read-only, hidden, system and archive of an item by those of the word.
-    virtual Status SetAttributes(const Folder& folder, const std::string& name, std::uint32_t attributes) = 0;
+    virtual Status SetAttributes(const Folder& folder, const std::string& name,
+                                 std::uint32_t attributes) = 0;
 
-    // Takes a listed item in hand for CopyFile and reads its details. ReadAhead::Start also asks the system to
-    // fetch the content in the background.
-    virtual Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder, const FindData& item,
+    // Takes a listed item in hand for CopyFile and reads its details. ReadAhead::Start also asks
+    // the system to fetch the content in the background.
+    virtual Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder,
+                                                           const FindData& item,
                                                            ReadAhead readAhead) = 0;
-    // Copies content, last-write time, permissions, attributes, extended attributes and ACLs, and ownership where
-    // allowed. The destination appears or is replaced whole: at any moment, also after a kill or on a full disk, the
-    // name holds the old file or the new one. Copying a file onto itself fails with SameFile.
+    // Copies content, last-write time, permissions, attributes, extended attributes and ACLs, and
+    // ownership where allowed. The destination appears or is replaced whole: at any moment, also
+    // after a kill or on a full disk, the name holds the old file or the new one. Copying a file
+    // onto itself fails with SameFile.
     virtual Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                             const CopyOptions& options) = 0;
 
@@ -110,15 +118,19 @@ public:
     virtual Status DeleteFile(const Folder& folder, const std::string& name) = 0;
     // Removes an empty folder.
     virtual Status RemoveFolder(const Folder& parent, const std::string& name) = 0;
-    // Creates one folder. With a folder to be like, it gets that one's permissions, ownership, extended
-    // attributes and ACLs as far as allowed; the owner always keeps full access.
-    virtual Status CreateFolder(const Folder& parent, const std::string& name, const Folder* like) = 0;
+    // Creates one folder. With a folder to be like, it gets that one's permissions, ownership,
+    // extended attributes and ACLs as far as allowed; the owner always keeps full access.
+    virtual Status CreateFolder(const Folder& parent, const std::string& name,
+                                const Folder* like) = 0;
     // Gives a file a second name in the same folder. AlreadyExists if that is taken.
-    virtual Status Link(const Folder& folder, const std::string& name, const std::string& newName) = 0;
+    virtual Status Link(const Folder& folder, const std::string& name,
+                        const std::string& newName) = 0;
     // Renames within a folder. Never replaces: AlreadyExists if the new name is taken.
-    virtual Status Rename(const Folder& folder, const std::string& name, const std::string& newName) = 0;
+    virtual Status Rename(const Folder& folder, const std::string& name,
+                          const std::string& newName) = 0;
 
-    // Deletes unfinished copies that killed runs left in a folder; those of runs that are alive stay.
+    // Deletes unfinished copies that killed runs left in a folder; those of runs that are alive
+    // stay.
     virtual void SweepLeftovers(const Folder& folder) = 0;
     // Waits until everything that was copied through this object is on the disk.
     virtual Status SyncWritten() = 0;

@@ -27,10 +27,10 @@ enum class ItemKind : std::uint8_t {
 };
 
 struct FindData {
-    std::string name;                // bytes, never "." or ".."
+    std::string name;  // bytes, never "." or ".."
     ItemKind kind = ItemKind::Unknown;
-    bool leftover = false;           // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
-    std::uint64_t size = 0;          // bytes; after ReadDetails, Probe or OpenSource
+    bool leftover = false;   // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
+    std::uint64_t size = 0;  // bytes; after ReadDetails, Probe or OpenSource
     std::int64_t modified = 0;       // last-write time, whole seconds since 1970 UTC; as size
     std::uint32_t modifiedNsec = 0;  // the rest of it in nanoseconds
     std::uint32_t attributes = 0;    // the attribute word; after ReadAttributes only

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A file that one process writes and locks. Behind an interface so that a failing log can be tested.
+// A file that one process writes and locks. Behind an interface so that a failing log can be
+// tested.
 
 #pragma once
 
@@ -20,8 +21,8 @@ public:
     virtual Status Write(std::string_view bytes) = 0;
 };
 
-// Creates the file, or empties the one that is there. Fails with Busy, and leaves the file as it is, while another
-// process (or another LogOutput) has it open.
+// Creates the file, or empties the one that is there. Fails with Busy, and leaves the file as it
+// is, while another process (or another LogOutput) has it open.
 Result<std::unique_ptr<LogOutput>> CreateLogOutput(const std::string& path);
 
 }  // namespace quorbit

@@ -3,9 +3,10 @@
 
 // Paths as text: the one place that knows separators, roots, last components and drives.
 //
-// A path that starts with a letter and a colon is a drive path on every platform; its separator is the backslash.
-// Every other path is native ("/home/me/Data/") and its separator is '/'. A name is never split on a character that
-// is legal in it on its platform, so the backslash is an ordinary character of a native path.
+// A path that starts with a letter and a colon is a drive path on every platform; its separator is
+// the backslash. Every other path is native ("/home/me/Data/") and its separator is '/'. A name is
+// never split on a character that is legal in it on its platform, so the backslash is an ordinary
+// character of a native path.
 
 #pragma once
 
@@ -22,22 +23,26 @@ using DriveMap = std::map<char, std::string>;
 [[nodiscard]] bool IsDrivePath(std::string_view path);
 [[nodiscard]] char SeparatorOf(std::string_view path);
 [[nodiscard]] bool EndsInSeparator(std::string_view path);
-// The path with a closing separator of its own kind. An empty path stays empty: it names nothing, and must not
-// turn into the root folder.
+// The path with a closing separator of its own kind. An empty path stays empty: it names nothing,
+// and must not turn into the root folder.
 [[nodiscard]] std::string WithSeparator(std::string path);
 // "/", or a drive with or without its separator ("C:", "C:\").
 [[nodiscard]] bool IsRoot(std::string_view path);
-// The parent without closing separator, and the last component; closing separators of the path do not count.
+// The parent without closing separator, and the last component; closing separators of the path do
+// not count.
 // "/a/b/" gives {"/a", "b"}, "/a" gives {"", "a"}, "C:\x\" gives {"C:", "x"}, "a" gives {"", "a"}.
 [[nodiscard]] std::pair<std::string, std::string> SplitLast(std::string_view path);
-// What the folder of a whole volume is called below a destination: the letter of a drive path; for a mount path its
-// components joined by '-', and "root" for "/".
+// What the folder of a whole volume is called below a destination: the letter of a drive path; for
+// a mount path its components joined by '-', and "root" for "/".
 [[nodiscard]] std::string VolumeName(std::string_view path);
-// The path as the system takes it. A drive path needs its letter in the map, else the result is empty.
+// The path as the system takes it. A drive path needs its letter in the map, else the result is
+// empty.
 [[nodiscard]] std::string ToNative(std::string_view path, const DriveMap& drives);
-// Absolute form of a path given on the command line; "." and ".." are resolved as text, links are not.
+// Absolute form of a path given on the command line; "." and ".." are resolved as text, links are
+// not.
 [[nodiscard]] std::string MakeAbsolute(std::string_view path);
-// Text for the log and the screen: control characters and bytes that are not UTF-8 as \x0A, everything else as it is.
+// Text for the log and the screen: control characters and bytes that are not UTF-8 as \x0A,
+// everything else as it is.
 [[nodiscard]] std::string Printable(std::string_view text);
 
 }  // namespace quorbit

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/console_surface.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+#include "platform/path_text.h"
+
+namespace quorbit {
+namespace {
+
+constexpr auto kBetweenDraws = std::chrono::milliseconds(100);
+
+void Print(std::FILE* stream, std::string_view text)
+{
+    std::fwrite(text.data(), 1, text.size(), stream);
+    std::fflush(stream);
+}
+
+int TerminalWidth()
+{
+    if (isatty(STDOUT_FILENO) == 0)
+        return 0;
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+}  // namespace
+
+ConsoleSurface::Streams StandardStreams()
+{
+    return {[](std::string_view text) { Print(stdout, text); },
+            [](std::string_view text) { Print(stderr, text); }, TerminalWidth};
+}
+
+std::string FitColumns(const std::string& text, std::size_t columns)
+{
+    std::vector<std::size_t> starts;  // of the characters
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
+            starts.push_back(i);
+    }
+    if (starts.size() <= columns)
+        return text;
+    if (columns <= 3)
+        return text.substr(0, starts[columns]);
+    const std::size_t head = (columns - 3) / 2;
+    const std::size_t tail = columns - 3 - head;
+    return text.substr(0, starts[head]) + "..." + text.substr(starts[starts.size() - tail]);
+}
+
+ConsoleSurface::ConsoleSurface(Streams streams, std::function<std::string()> elapsed)
+    : m_streams(std::move(streams)), m_elapsed(std::move(elapsed))
+{
+}
+
+void ConsoleSurface::ShowText(RunText which, std::string_view text)
+{
+    if (which != RunText::CurrentFile)
+        return;
+    m_currentFile.assign(text);
+    Draw();
+}
+
+void ConsoleSurface::ShowCounter(RunCounter which, std::int32_t value)
+{
+    if (which != RunCounter::FilesLeft)
+        return;
+    m_nFilesLeft = value;
+    if (m_bCounting)
+        Draw();
+}
+
+void ConsoleSurface::AddBytes(std::uint64_t)
+{
+    Draw();
+}
+
+void ConsoleSurface::EnableStopCounting(bool enable)
+{
+    m_bCounting = enable;
+}
+
+void ConsoleSurface::EnableViewLog(bool) {}
+
+void ConsoleSurface::SetProgressRange(std::int32_t) {}
+
+void ConsoleSurface::StepProgress() {}
+
+void ConsoleSurface::ShowRunEnded()
+{
+    Erase();
+}
+
+void ConsoleSurface::ShowError(std::string_view text)
+{
+    Erase();
+    std::string line = "quorbit: ";
+    if (!m_currentFile.empty())
+        line += Printable(m_currentFile) + ": ";
+    m_streams.error(line + Printable(text) + "\n");
+}
+
+bool ConsoleSurface::AskYesNo(std::string_view, std::string_view)
+{
+    return false;
+}
+
+void ConsoleSurface::ShowMessage(std::string_view text, std::string_view)
+{
+    Erase();
+    m_streams.error("quorbit: " + std::string(text) + "\n");
+}
+
+void ConsoleSurface::CloseAndExit() {}
+
+void ConsoleSurface::Draw()
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (now - m_lastDrawn < kBetweenDraws)
+        return;
+    m_lastDrawn = now;
+    const int width = m_streams.liveWidth();
+    if (width <= 0)
+        return;
+    std::string line = m_elapsed() + "  " + std::to_string(m_nFilesLeft);
+    line += m_bCounting ? " files found" : " files left  " + Printable(m_currentFile);
+    // Carriage return and "erase to the end of the line", ECMA-48.
+    m_streams.out("\r" + FitColumns(line, static_cast<std::size_t>(width) - 1) + "\033[K");
+    m_bDrawn = true;
+}
+
+void ConsoleSurface::Erase()
+{
+    if (m_bDrawn)
+        m_streams.out("\r\033[K");
+    m_bDrawn = false;
+}
+
+}  // namespace quorbit

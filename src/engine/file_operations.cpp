@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/file_operations.h"
+
+#include <cerrno>
+#include <optional>
+#include <utility>
+
+#include "batch/dir_copy.h"
+#include "engine/failure_policy.h"
+#include "engine/run_flags.h"
+#include "engine/run_log.h"
+#include "engine/show.h"
+#include "engine/transfer_decision.h"
+#include "platform/path_text.h"
+
+namespace quorbit {
+namespace {
+
+constexpr int kHighestNumber = 198;
+// A copy of this many bytes may take a while: what was logged before it is brought to the file
+// first.
+constexpr std::uint64_t kLongCopy = 1024 * 1024;
+
+// Tells the surface how far a copy has come.
+class BytesToSurface : public CopyProgress {
+public:
+    explicit BytesToSurface(RunSurface& surface) : m_surface(surface) {}
+    void OnBytesCopied(std::uint64_t bytes) override { m_surface.AddBytes(bytes); }
+
+private:
+    RunSurface& m_surface;
+};
+
+// The file at the destination; Missing as a value, any other error as an error.
+Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder& dest,
+                                                 const std::string& name)
+{
+    if (!dest.Handle() && !dest.Stands())
+        return std::optional<FindData>();
+    auto found = ctx.m_pFiles->Probe(*dest.Handle(), name);
+    if (found)
+        return std::optional<FindData>(std::move(*found));
+    if (found.GetError().Kind() == ErrorKind::Missing)
+        return std::optional<FindData>();
+    return found.GetError();
+}
+
+// What one file's transfer works with.
+struct Transfer {
+    CRunContext& ctx;
+    const SourceFolder& source;
+    TargetFolder& dest;
+    const FindData& item;
+    SourceFile* opened;
+    CopyOptions options;
+
+    [[nodiscard]] bool Copy() const
+    {
+        return CopyOneFile(ctx, source, dest, item, opened, options);
+    }
+};
+
+void CopyPlainly(Transfer transfer, bool destinationExists)
+{
+    ShowAction(transfer.ctx, "Copying File.");
+    transfer.options.expectMissing = !destinationExists;
+    if (transfer.Copy())
+        Raise(transfer.ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
+}
+
+void CopyNewer(const Transfer& transfer)
+{
+    ShowAction(transfer.ctx, "Sync File.");
+    if (transfer.Copy())
+        Raise(transfer.ctx, &CRunContext::m_nSyncCount, RunCounter::Sync);
+}
+
+void CopyWithBackup(Transfer transfer)
+{
+    CRunContext& ctx = transfer.ctx;
+    const std::string& name = transfer.item.name;
+    const Rotation rotation = transfer.dest.Handle()
+                                  ? RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), name)
+                                  : Rotation::Failed;  // the folder was taken away just now
+    ShowAction(ctx, rotation == Rotation::NoneFree ? "Didn't backup file. Backup max reached."
+                                                   : "Incrementing backup.");
+    // An old file that has its number is safe: its read-only attribute does not guard the plain
+    // name any more.
+    if (rotation == Rotation::Linked)
+        transfer.options.replaceReadOnly = true;
+    if (transfer.Copy()) {
+        Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
+    } else if (rotation == Rotation::Linked) {
+        // The older version stands under its number alone, so that the next run copies the file
+        // afresh. Should this fail, the next run merely numbers the same version once more.
+        (void)ctx.m_pFiles->DeleteFile(*transfer.dest.Handle(), name);
+    }
+}
+
+}  // namespace
+
+void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
+                  const FindData& item, SourceFile* opened, std::uint32_t dwFlags)
+{
+    const auto existing = ProbeDestination(ctx, dest, item.name);
+    EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
+    if (g_bStopRun)
+        return;
+    if (!existing) {
+        ShowAction(ctx, "Copying File.");
+        ReportFileError(ctx, existing.GetError());
+        return;
+    }
+
+    Transfer transfer{ctx, source, dest, item, opened, {}};
+    transfer.options.replaceReadOnly = (dwFlags & DCF_OVERWRITE_RO) != 0;
+    std::optional<std::int64_t> tDest;
+    if (*existing)
+        tDest = (*existing)->modified;
+    switch (DecideTransfer(dwFlags, item.modified, tDest)) {
+        case TransferAction::Copy:
+            return CopyPlainly(transfer, tDest.has_value());
+        case TransferAction::Sync:
+            return CopyNewer(transfer);
+        case TransferAction::LeaveSync:
+            ShowAction(ctx, "Didn't Sync File.");
+            return Raise(ctx, &CRunContext::m_nDidntSyncCount, RunCounter::DidntSync);
+        case TransferAction::Backup:
+            return CopyWithBackup(transfer);
+        case TransferAction::LeaveBackup:
+            return ShowAction(ctx, "Didn't backup file. No change detected.");
+    }
+}
+
+bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
+                 const FindData& item, SourceFile* opened, CopyOptions options)
+{
+    if (item.size >= kLongCopy)
+        FlushLog(ctx);
+    std::unique_ptr<SourceFile> own;
+    if (!opened) {
+        auto result = ctx.m_pFiles->OpenSource(source.handle, item, ReadAhead::No);
+        if (!result) {
+            ReportFileError(ctx, result.GetError());
+            return false;
+        }
+        own = std::move(*result);
+        opened = own.get();
+    }
+    if (!dest.Handle()) {
+        ReportFileError(ctx, ErrorFromErrno(ENOENT));
+        return false;
+    }
+    BytesToSurface progress(*ctx.m_pDlg);
+    options.progress = &progress;
+    const Status copied = ctx.m_pFiles->CopyFile(*opened, *dest.Handle(), item.name, options);
+    if (!copied)
+        ReportFileError(ctx, copied.GetError());
+    return copied.Ok();
+}
+
+std::string NumberedName(const std::string& name, int number)
+{
+    std::size_t dot = name.find('.');
+    if (dot == std::string::npos)
+        dot = 0;
+    return name.substr(0, dot) + std::to_string(number) + name.substr(dot);
+}
+
+Rotation RotateBackup(FileSystem& files, const Folder& folder, const std::string& name)
+{
+    for (int number = 1; number <= kHighestNumber; ++number) {
+        const std::string numbered = NumberedName(name, number);
+        const auto taken = files.Probe(folder, numbered);
+        // A name that cannot be examined may well be taken.
+        if (taken || (taken.GetError().Kind() != ErrorKind::Missing &&
+                      taken.GetError().Kind() != ErrorKind::NameTooLong))
+            continue;
+        // By a second name first: there is no moment at which the version has none.
+        if (files.Link(folder, name, numbered))
+            return Rotation::Linked;
+        const Status renamed = files.Rename(folder, name, numbered);
+        if (renamed)
+            return Rotation::Renamed;
+        if (renamed.GetError().Kind() != ErrorKind::AlreadyExists)
+            return Rotation::Failed;
+    }
+    return Rotation::NoneFree;
+}
+
+void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name)
+{
+    ShowAction(ctx, "Delete File.");
+    const Status deleted = ctx.m_pFiles->DeleteFile(source.handle, name);
+    if (deleted)
+        Raise(ctx, &CRunContext::m_nDeleteCount, RunCounter::Delete);
+    else
+        ReportFileError(ctx, deleted.GetError());
+}
+
+void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
+                  const std::string& asGiven, const Folder* like)
+{
+    if (dest.Stands() || dest.IsTop())
+        return;
+    Status created = dest.Create(like);
+    if (!created) {
+        TargetFolder& parent = dest.Parent();
+        std::string parentPath = parent.Path();
+        if (!parent.IsTop())
+            parentPath.pop_back();
+        EnsureFolder(ctx, source, parent, parentPath, nullptr);
+        created = dest.Create(like);
+        if (!created) {
+            ReportFileError(ctx, created.GetError());
+            return;
+        }
+    }
+    ShowAction(ctx, "Create Folder.");
+    ShowCurrentFile(ctx, source, true, true);
+    ShowDestFile(ctx, asGiven, true, true);
+}
+
+}  // namespace quorbit

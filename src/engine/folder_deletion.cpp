@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/folder_deletion.h"
+
+#include <cerrno>
+#include <memory>
+#include <utility>
+
+#include "engine/failure_policy.h"
+#include "engine/run_flags.h"
+#include "engine/show.h"
+#include "platform/path_text.h"
+
+namespace quorbit {
+namespace {
+
+void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
+                      const WalkRules& rules)
+{
+    if (!rules.Has(DCF_NO_ATTRS)) {
+        const Status known = ctx.m_pFiles->ReadAttributes(folder, item);
+        if (!known)
+            return ReportFileError(ctx, known.GetError());
+    }
+    if (!MatchAttributes(item.attributes, rules.dwFlags, rules.nMask) ||
+        !MatchFileType(rules.list, item.name, rules.nKind, rules.dwFlags))
+        return;
+    const Status deleted = ctx.m_pFiles->DeleteFile(folder, item.name);
+    if (!deleted)
+        ReportFileError(ctx, deleted.GetError());
+}
+
+// A read-only folder does not let go of what it holds.
+void ClearReadOnly(FileSystem& files, const Folder& folder, FindData& item)
+{
+    if (files.ReadAttributes(folder, item))
+        (void)files.SetAttributes(folder, item.name, item.attributes & ~kAttributeReadOnly);
+}
+
+void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::string& path,
+                        FindData& item, const WalkRules& rules)
+{
+    ClearReadOnly(*ctx.m_pFiles, folder, item);
+    const std::string subfolder = path + item.name + SeparatorOf(path);
+    if (const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name))
+        DeleteFolderTree(ctx, **opened, subfolder, rules);
+    RemoveFolder(ctx, folder, item.name, subfolder);
+}
+
+// The folder that holds the one to be deleted, and its name there.
+struct Place {
+    std::unique_ptr<Folder> parent;
+    std::string name;
+};
+
+Result<Place> FindPlace(FileSystem& files, const std::string& path)
+{
+    auto [parent, name] = SplitLast(path);
+    // What cannot be named in its parent cannot be removed from it.
+    if (name.empty() || name == "." || name == "..")
+        return ErrorFromErrno(EINVAL);
+    if (parent.empty())
+        parent = path.front() == '/' ? "/" : ".";
+    auto opened = files.OpenFolder(WithSeparator(parent));
+    if (!opened)
+        return opened.GetError();
+    return Place{std::move(*opened), name};
+}
+
+void TallyDeletion(CRunContext& ctx)
+{
+    TakeOffUnit(ctx);
+    Raise(ctx, &CRunContext::m_nDeleteCount, RunCounter::Delete);
+}
+
+// For a folder that does not lie where the path says, or that nothing may delete.
+void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& error)
+{
+    ShowAction(ctx, "Delete Folder.");
+    ShowCurrentFile(ctx, path, true, true);
+    ShowDestFile(ctx, path, true, true);
+    ReportFileError(ctx, error);
+    TakeOffUnit(ctx);
+}
+
+}  // namespace
+
+void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string& path,
+                      const WalkRules& rules)
+{
+    auto listing = ctx.m_pFiles->List(folder);
+    if (!listing)
+        return;
+    FindData item;
+    for (;;) {
+        const auto more = (*listing)->Next(item);
+        if (!more)
+            return ReportFileError(ctx, more.GetError());
+        if (!*more || g_bStopRun)
+            return;
+        if (item.kind == ItemKind::Unknown)
+            (void)ctx.m_pFiles->ReadDetails(folder, item);
+        if (item.kind == ItemKind::Folder)
+            DeleteListedFolder(ctx, folder, path, item, rules);
+        else
+            DeleteListedFile(ctx, folder, item, rules);
+    }
+}
+
+void RemoveFolder(CRunContext& ctx, const Folder& parent, const std::string& name,
+                  const std::string& path)
+{
+    ShowAction(ctx, "Delete Folder.");
+    ShowCurrentFile(ctx, path, true, true);
+    ShowDestFile(ctx, path, true, true);
+    const Status removed = ctx.m_pFiles->RemoveFolder(parent, name);
+    if (!removed)
+        ReportFileError(ctx, removed.GetError());
+}
+
+void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRules& rules)
+{
+    FileSystem& files = *ctx.m_pFiles;
+    if (IsRoot(path))
+        return RefuseDeletion(ctx, path,
+                              Error(ErrorKind::Protected, "A whole drive cannot be deleted"));
+    const auto place = FindPlace(files, path);
+    if (!place)
+        return RefuseDeletion(ctx, path, place.GetError());
+    FindData top;
+    top.name = place->name;
+    top.kind = ItemKind::Folder;
+    auto folder = files.OpenSubfolder(*place->parent, top.name);
+    if (folder && files.IsProtected(**folder))
+        return RefuseDeletion(
+            ctx, path,
+            Error(ErrorKind::Protected, "This folder is protected from being deleted as a whole"));
+    if (folder)
+        DeleteFolderTree(ctx, **folder, path, rules);
+    RemoveFolder(ctx, *place->parent, top.name, path);
+    TallyDeletion(ctx);
+}
+
+}  // namespace quorbit

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/run_log.h"
+
+#include <utility>
+
+#include "engine/run_context.h"
+#include "platform/path_text.h"
+
+namespace quorbit {
+namespace {
+
+constexpr std::size_t kFull = 64 * 1024;
+constexpr auto kOldEnough = std::chrono::milliseconds(100);
+
+void TellIfFailed(CRunContext& ctx, bool ok)
+{
+    if (!ok)
+        ctx.m_pDlg->ShowMessage("Error writing to the logfile.", "");
+}
+
+}  // namespace
+
+RunLog::RunLog(std::unique_ptr<LogOutput> output, Now now) : m_output(std::move(output)), m_now(now)
+{
+}
+
+bool RunLog::Add(std::string_view text)
+{
+    const auto now = m_now();
+    if (m_gathered.empty())
+        m_oldest = now;
+    m_gathered.append(text).append("\r\n");
+    if (m_gathered.size() < kFull && now - m_oldest < kOldEnough)
+        return true;
+    return Flush();
+}
+
+bool RunLog::Flush()
+{
+    if (m_gathered.empty())
+        return true;
+    const Status written = m_output->Write(m_gathered);
+    m_gathered.clear();
+    return written.Ok();
+}
+
+void WriteLogLine(CRunContext& ctx, std::string_view line)
+{
+    if (ctx.m_pLogFile)
+        TellIfFailed(ctx, ctx.m_pLogFile->Add(line));
+}
+
+void FlushLog(CRunContext& ctx)
+{
+    if (ctx.m_pLogFile)
+        TellIfFailed(ctx, ctx.m_pLogFile->Flush());
+}
+
+void WriteLogHead(CRunContext& ctx)
+{
+    WriteLogLine(ctx, "Quorbit   File name: " + Printable(ctx.m_pDoc->m_strFilePath));
+    WriteLogLine(ctx, "\r\nTo find file operations, search on these texts:");
+    WriteLogLine(ctx,
+                 "Copying File.\r\nCreate Folder.\r\nDidn't Sync File.\r\nSync File.\r\n"
+                 "Delete File.\r\nDelete Folder.\r\nERROR.\r\n");
+}
+
+void WriteLogFooter(CRunContext& ctx, std::string_view elapsed, std::string_view total)
+{
+    WriteLogLine(ctx, "\r\n");
+    WriteLogLine(ctx, "Elapsed time: " + std::string(elapsed));
+    WriteLogLine(ctx, "Total Count: " + std::string(total));
+    WriteLogLine(ctx, "Delete Count: " + std::to_string(ctx.m_nDeleteCount));
+    WriteLogLine(ctx, "Sync Count: " + std::to_string(ctx.m_nSyncCount));
+    WriteLogLine(ctx, "Didn't Sync Count: " + std::to_string(ctx.m_nDidntSyncCount));
+    WriteLogLine(ctx, "Copy Count: " + std::to_string(ctx.m_nCopyCount));
+    WriteLogLine(ctx, "Backup Count: " + std::to_string(ctx.m_nBackupCount));
+    WriteLogLine(ctx, "Error Count: " + std::to_string(ctx.m_nErrorCount));
+}
+
+std::string MakeLogPath(std::string_view installPath, std::string_view documentPath)
+{
+    const char separator = SeparatorOf(documentPath);
+    const std::size_t nameAt = documentPath.rfind(separator);
+    std::string name(nameAt == std::string_view::npos ? documentPath : documentPath.substr(nameAt));
+    const std::size_t dot = name.rfind('.');
+    name.resize(dot == std::string::npos ? 0 : dot);
+    // The name comes with its separator; the folder usually ends in one already.
+    if (!name.empty() && name.front() == separator && EndsInSeparator(installPath))
+        name.erase(0, 1);
+    return std::string(installPath) + name + ".log";
+}
+
+}  // namespace quorbit

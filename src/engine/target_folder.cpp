@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/target_folder.h"
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/path_text.h"
+
+namespace quorbit {
+
+TargetFolder::TargetFolder(FileSystem& files, const std::string& path)
+    : m_pFiles(&files), m_strPath(WithSeparator(path)), m_strName(SplitLast(path).second)
+{
+}
+
+TargetFolder::TargetFolder(TargetFolder& parent, std::string name)
+    : m_pFiles(parent.m_pFiles),
+      m_strPath(parent.m_strPath + name + SeparatorOf(parent.m_strPath)),
+      m_strName(std::move(name)),
+      m_pParent(&parent)
+{
+}
+
+bool TargetFolder::IsTop() const
+{
+    return m_strPath.empty() || IsRoot(m_strPath);
+}
+
+TargetFolder& TargetFolder::Parent()
+{
+    if (m_pParent)
+        return *m_pParent;
+    if (!m_parentByPath) {
+        std::string path = SplitLast(m_strPath).first;
+        if (path.empty())
+            path = m_strPath.front() == '/' ? "/" : ".";
+        m_parentByPath = std::make_unique<TargetFolder>(*m_pFiles, path);
+    }
+    return *m_parentByPath;
+}
+
+bool TargetFolder::Stands()
+{
+    if (m_handle && m_pFiles->StillThere(*m_handle))
+        return true;
+    m_handle.reset();
+    Open();
+    return m_handle != nullptr;
+}
+
+void TargetFolder::Open()
+{
+    if (m_pParent) {
+        if (!m_pParent->m_handle)
+            return;
+        if (auto opened = m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName))
+            m_handle = std::move(*opened);
+    } else if (auto opened = m_pFiles->OpenFolder(m_strPath)) {
+        m_handle = std::move(*opened);
+    }
+    if (m_handle && !m_bSwept) {
+        m_pFiles->SweepLeftovers(*m_handle);
+        m_bSwept = true;
+    }
+}
+
+bool TargetFolder::Is(const FolderIdentity& folder)
+{
+    if (!m_handle)
+        Open();
+    return m_handle && m_handle->Identity() == folder;
+}
+
+Status TargetFolder::Create(const Folder* like)
+{
+    TargetFolder& parent = Parent();
+    if (!parent.Stands())
+        return ErrorFromErrno(ENOENT);
+    const Status created = m_pFiles->CreateFolder(*parent.m_handle, m_strName, like);
+    if (created) {
+        m_bSwept = true;  // nothing can have been left in a new folder
+        Open();
+    }
+    return created;
+}
+
+}  // namespace quorbit
