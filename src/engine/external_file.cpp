@@ -46,6 +46,21 @@ const char* InterpreterFor(const std::string& path)
     return found == kInterpreters.end() ? nullptr : found->program;
 }
 
+Result<std::vector<std::string>> InterpretedCommand(ProcessRunner& processes,
+                                                    const std::string& path, std::uint32_t dwFlags)
+{
+    if (dwFlags & DCF_SCRIPT_DOS)
+        return std::vector<std::string>{kShell, path};
+    const char* name = InterpreterFor(path);
+    if (!name)
+        return Error(ErrorKind::NotSupported, "No program is known that runs this kind of script");
+    std::string program = processes.FindProgram(name);
+    if (program.empty())
+        return Error(ErrorKind::NotSupported,
+                     "The program that runs this kind of script is not installed");
+    return std::vector{std::move(program), path};
+}
+
 Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
     const std::string native = ToNative(path, ctx.m_drives);
@@ -57,11 +72,13 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
         return command.GetError();
     const std::string parent = SplitLast(script).first;
     const std::string folder = parent.empty() ? "/" : parent;
-    Status ran = ctx.m_pProcesses->RunAndWait(*command, folder);
-    // An executable text file without an interpreter line is a shell script.
-    if (!ran && ran.GetError().Code() == ENOEXEC && (dwFlags & DCF_SCRIPT_DOS) != 0)
-        ran = ctx.m_pProcesses->RunAndWait({kShell, script}, folder);
-    return ran;
+    const Status ran = ctx.m_pProcesses->RunAndWait(*command, folder);
+    if (ran || ran.GetError().Code() != ENOEXEC)
+        return ran;
+    // A text file without an interpreter line that has the right to be executed: on a mounted
+    // Windows disk every file has.
+    command = InterpretedCommand(*ctx.m_pProcesses, script, dwFlags);
+    return command ? ctx.m_pProcesses->RunAndWait(*command, folder) : command.GetError();
 }
 
 }  // namespace
@@ -74,16 +91,7 @@ Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
     const Status readable = processes.CanRead(nativePath);
     if (!readable)
         return readable.GetError();
-    if (dwFlags & DCF_SCRIPT_DOS)
-        return std::vector<std::string>{kShell, nativePath};
-    const char* name = InterpreterFor(nativePath);
-    if (!name)
-        return Error(ErrorKind::NotSupported, "No program is known that runs this kind of script");
-    std::string program = processes.FindProgram(name);
-    if (program.empty())
-        return Error(ErrorKind::NotSupported,
-                     "The program that runs this kind of script is not installed");
-    return std::vector{std::move(program), nativePath};
+    return InterpretedCommand(processes, nativePath, dwFlags);
 }
 
 void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)

@@ -3,6 +3,7 @@
 
 #include "engine/failure_policy.h"
 
+#include "batch/settings.h"
 #include "engine/run_flags.h"
 #include "engine/run_log.h"
 #include "engine/show.h"
@@ -18,7 +19,7 @@ constexpr const char* kCancelQuestion = "  Do you want to CANCEL file processing
 
 bool BoxesSuppressed(const CRunContext& ctx)
 {
-    return (ctx.m_readOptFlags() & kSuppressErrorBoxes) != 0;
+    return (ctx.m_readOptFlags() & static_cast<std::uint32_t>(kOptSuppressErrors)) != 0;
 }
 
 }  // namespace
@@ -50,7 +51,9 @@ void ReportInvalidSource(CRunContext& ctx, const std::string& folder)
     Raise(ctx, &CRunContext::m_nErrorCount, RunCounter::Error);
     WriteLogLine(ctx, std::string("ERROR: ") + kInvalidSource);
     FlushLog(ctx);
-    ctx.m_pDlg->ShowError(kInvalidSource + folder);
+    // The log leaves out which folder it was; whoever watches is told.
+    ShowCurrentFile(ctx, folder, false, true);
+    ctx.m_pDlg->ShowError(kInvalidSource);
 }
 
 void AskCancelRun(CRunContext& ctx, const std::string& message)

@@ -13,12 +13,6 @@
 
 namespace quorbit {
 
-// Bits of the option OptFlags.
-enum : std::uint32_t {
-    kSuppressErrorBoxes = 1,
-    kRefreshAfterRun = 2,
-};
-
 // Reports the failure of an operation on a file or folder. May set g_bStopRun: on a Yes in the
 // prompt, and in an unattended run at the sixth error.
 void ReportFileError(CRunContext& ctx, const Error& error);

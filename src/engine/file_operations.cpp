@@ -37,8 +37,8 @@ private:
 Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder& dest,
                                                  const std::string& name)
 {
-    if (!dest.Handle() && !dest.Stands())
-        return std::optional<FindData>();
+    if (!dest.Handle())
+        return std::optional<FindData>();  // the copy fails for want of a folder
     auto found = ctx.m_pFiles->Probe(*dest.Handle(), name);
     if (found)
         return std::optional<FindData>(std::move(*found));
@@ -81,9 +81,7 @@ void CopyWithBackup(Transfer transfer)
 {
     CRunContext& ctx = transfer.ctx;
     const std::string& name = transfer.item.name;
-    const Rotation rotation = transfer.dest.Handle()
-                                  ? RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), name)
-                                  : Rotation::Failed;  // the folder was taken away just now
+    const Rotation rotation = RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), name);
     ShowAction(ctx, rotation == Rotation::NoneFree ? "Didn't backup file. Backup max reached."
                                                    : "Incrementing backup.");
     // An old file that has its number is safe: its read-only attribute does not guard the plain
@@ -104,10 +102,12 @@ void CopyWithBackup(Transfer transfer)
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   const FindData& item, SourceFile* opened, std::uint32_t dwFlags)
 {
-    const auto existing = ProbeDestination(ctx, dest, item.name);
+    // The folder first: only an open one can tell whether the file is there. One that merely could
+    // not be opened a moment ago must not pass for one without the file.
     EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
     if (g_bStopRun)
         return;
+    const auto existing = ProbeDestination(ctx, dest, item.name);
     if (!existing) {
         ShowAction(ctx, "Copying File.");
         ReportFileError(ctx, existing.GetError());
@@ -212,8 +212,11 @@ void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& des
         if (!parent.IsTop())
             parentPath.pop_back();
         EnsureFolder(ctx, source, parent, parentPath, nullptr);
+        if (dest.Stands())
+            return;  // somebody else made it meanwhile
         created = dest.Create(like);
         if (!created) {
+            ShowCurrentFile(ctx, asGiven, false, true);
             ReportFileError(ctx, created.GetError());
             return;
         }

@@ -9,6 +9,7 @@
 
 #include "engine/failure_policy.h"
 #include "engine/run_flags.h"
+#include "engine/run_log.h"
 #include "engine/show.h"
 #include "platform/path_text.h"
 
@@ -56,13 +57,11 @@ struct Place {
 
 Result<Place> FindPlace(FileSystem& files, const std::string& path)
 {
-    auto [parent, name] = SplitLast(path);
+    const std::string name = SplitLast(path).second;
     // What cannot be named in its parent cannot be removed from it.
     if (name.empty() || name == "." || name == "..")
         return ErrorFromErrno(EINVAL);
-    if (parent.empty())
-        parent = path.front() == '/' ? "/" : ".";
-    auto opened = files.OpenFolder(WithSeparator(parent));
+    auto opened = files.OpenFolder(ParentFolder(path));
     if (!opened)
         return opened.GetError();
     return Place{std::move(*opened), name};
@@ -99,6 +98,7 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
             return ReportFileError(ctx, more.GetError());
         if (!*more || g_bStopRun)
             return;
+        FlushLogIfDue(ctx);
         if (item.kind == ItemKind::Unknown)
             (void)ctx.m_pFiles->ReadDetails(folder, item);
         if (item.kind == ItemKind::Folder)
@@ -136,8 +136,10 @@ void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRule
         return RefuseDeletion(
             ctx, path,
             Error(ErrorKind::Protected, "This folder is protected from being deleted as a whole"));
-    if (folder)
+    if (folder) {
+        ClearReadOnly(files, *place->parent, top);
         DeleteFolderTree(ctx, **folder, path, rules);
+    }
     RemoveFolder(ctx, *place->parent, top.name, path);
     TallyDeletion(ctx);
 }

@@ -46,8 +46,9 @@ ListedFolder ResolveListItem(const CDirCopy& entry, const std::string& item)
 {
     if (entry.m_strSource == kMyComputer)
         return {WithSeparator(item), VolumeName(item)};
-    // No source is no folder; the item alone would be one of the current folder.
-    if (entry.m_strSource.empty())
+    // Without a source the item alone would be a folder of the current one, and without an item the
+    // source itself would go.
+    if (entry.m_strSource.empty() || item.empty())
         return {"", item};
     return {WithSeparator(WithSeparator(entry.m_strSource) + item), item};
 }
@@ -171,6 +172,7 @@ bool RunPasses(CRunContext& ctx, std::string& total)
     if (g_bStopRun)
         return true;
     WriteLogHead(ctx);
+    FlushLog(ctx);
     if (!CountEntries(ctx))
         return true;
     total = g_bStopCounting ? kUnknownTotal : std::to_string(ctx.m_nFilesLeft);

@@ -28,11 +28,15 @@ RunLog::RunLog(std::unique_ptr<LogOutput> output, Now now) : m_output(std::move(
 
 bool RunLog::Add(std::string_view text)
 {
-    const auto now = m_now();
     if (m_gathered.empty())
-        m_oldest = now;
+        m_oldest = m_now();
     m_gathered.append(text).append("\r\n");
-    if (m_gathered.size() < kFull && now - m_oldest < kOldEnough)
+    return m_gathered.size() < kFull ? FlushIfDue() : Flush();
+}
+
+bool RunLog::FlushIfDue()
+{
+    if (m_gathered.empty() || m_now() - m_oldest < kOldEnough)
         return true;
     return Flush();
 }
@@ -56,6 +60,12 @@ void FlushLog(CRunContext& ctx)
 {
     if (ctx.m_pLogFile)
         TellIfFailed(ctx, ctx.m_pLogFile->Flush());
+}
+
+void FlushLogIfDue(CRunContext& ctx)
+{
+    if (ctx.m_pLogFile)
+        TellIfFailed(ctx, ctx.m_pLogFile->FlushIfDue());
 }
 
 void WriteLogHead(CRunContext& ctx)

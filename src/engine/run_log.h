@@ -27,6 +27,8 @@ public:
     // Adds the text and CR LF. False if gathered lines were due and could not be written; they are
     // lost then, and the log goes on with what follows.
     [[nodiscard]] bool Add(std::string_view text);
+    // Writes what is gathered if its 100 ms are over. False as for Add.
+    [[nodiscard]] bool FlushIfDue();
     // Writes what is gathered. False as for Add.
     [[nodiscard]] bool Flush();
 
@@ -42,6 +44,8 @@ void WriteLogLine(CRunContext& ctx, std::string_view line);
 // Brings all lines to the file: for an error, before a prompt and before anything that may take
 // long.
 void FlushLog(CRunContext& ctx);
+// For work that may go on for long without a line.
+void FlushLogIfDue(CRunContext& ctx);
 
 // The lines at the beginning and at the end of a log.
 void WriteLogHead(CRunContext& ctx);

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "engine/run_flags.h"
+
 namespace quorbit {
 namespace {
 
@@ -71,6 +73,10 @@ Result<bool> SourceQueue::Next(QueuedItem& item)
 void SourceQueue::Fill()
 {
     while (m_end && *m_end && m_items.size() < m_policy.Window()) {
+        if (g_bStopRun) {  // also while it passes over what is not selected
+            m_end = false;
+            return;
+        }
         QueuedItem item;
         m_end = m_listing.Next(item.data);
         if (!m_end || !*m_end || !Wanted(item.data))
@@ -83,17 +89,13 @@ void SourceQueue::Fill()
 
 bool SourceQueue::Wanted(FindData& data) const
 {
-    if (data.leftover)
-        return false;
+    // Only a kind that cannot be told stays unknown; the item is then reported as a file that
+    // failed.
+    if (data.kind == ItemKind::Unknown)
+        (void)m_files.ReadDetails(m_folder, data);
     if (data.kind == ItemKind::Folder)
         return m_rules.Has(DCF_SUBFOLDERS);
-    if (data.kind == ItemKind::Unknown) {
-        // Only a kind that cannot be told stays unknown; the item is then reported as a file that
-        // failed.
-        if (m_files.ReadDetails(m_folder, data) && data.kind == ItemKind::Folder)
-            return m_rules.Has(DCF_SUBFOLDERS);
-    }
-    return m_rules.SelectsName(data.name);
+    return !data.leftover && m_rules.SelectsName(data.name);
 }
 
 // A file that no later test can turn away is opened at once: that reads its details as well.

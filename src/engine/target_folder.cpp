@@ -32,12 +32,8 @@ TargetFolder& TargetFolder::Parent()
 {
     if (m_pParent)
         return *m_pParent;
-    if (!m_parentByPath) {
-        std::string path = SplitLast(m_strPath).first;
-        if (path.empty())
-            path = m_strPath.front() == '/' ? "/" : ".";
-        m_parentByPath = std::make_unique<TargetFolder>(*m_pFiles, path);
-    }
+    if (!m_parentByPath)
+        m_parentByPath = std::make_unique<TargetFolder>(*m_pFiles, ParentFolder(m_strPath));
     return *m_parentByPath;
 }
 
@@ -53,6 +49,8 @@ bool TargetFolder::Stands()
 void TargetFolder::Open()
 {
     if (m_pParent) {
+        if (!m_pParent->m_handle)
+            m_pParent->Open();
         if (!m_pParent->m_handle)
             return;
         if (auto opened = m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName))

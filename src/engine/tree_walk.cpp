@@ -9,6 +9,7 @@
 #include "engine/failure_policy.h"
 #include "engine/file_operations.h"
 #include "engine/run_flags.h"
+#include "engine/run_log.h"
 #include "engine/show.h"
 #include "platform/path_text.h"
 
@@ -107,6 +108,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
         ReportInvalidSource(m_ctx, source);
         return true;
     }
+    FlushLogIfDue(m_ctx);
     SourceQueue queue(*m_ctx.m_pFiles, folder.handle, **listing, m_rules, m_readAhead);
     QueuedItem item;
     for (;;) {

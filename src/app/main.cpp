@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Where the process begins: what the command line asks for, before anything that may need a
+// display.
+
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "app/command_line.h"
+#include "app/exit_code.h"
+#include "app/show_batch.h"
+#include "app/unattended_run.h"
+#include "batch/batch_file.h"
+#include "batch/machine_values.h"
+#include "batch/profile.h"
+#include "engine/run_context.h"
+
+namespace quorbit {
+namespace {
+
+class FatalOnConsole : public FatalHandler {
+public:
+    void FatalMessage(const std::string& text) override
+    {
+        std::fprintf(stderr, "quorbit: %s\n", text.c_str());
+    }
+};
+
+bool FileExists(const std::string& path)
+{
+    struct stat details {};
+    return stat(path.c_str(), &details) == 0 && S_ISREG(details.st_mode);
+}
+
+int ShowBatchFile(const std::string& path)
+{
+    BatchFile file;
+    const BatchFileStatus read = ReadBatchFile(path, file);
+    if (!read) {
+        std::fprintf(stderr, "quorbit: %s: %s\n", Printable(path).c_str(),
+                     read.GetError().Text().c_str());
+        return kExitNoRun;
+    }
+    std::fputs(ShowEntries(file.entries).c_str(), stdout);
+    return kExitOk;
+}
+
+int SetUp()
+{
+    const Status done = CompleteSetup(OpenSettingsStores().machine);
+    if (!done) {
+        std::fprintf(stderr, "quorbit: the settings cannot be laid down: %s\n",
+                     done.GetError().Text().c_str());
+    }
+    return done ? kExitOk : kExitNoRun;
+}
+
+int Start(CommandLine line)
+{
+    const SettingsStores stores = OpenSettingsStores();
+    FatalOnConsole fatal;
+    // A store that could not be laid down is told by the reading of it.
+    (void)EnsureMachineStore(stores.machine);
+    MachineValues machine(stores.machine, fatal);
+    if (!machine.GetRegValue(MachineValue::Run1)) {
+        return kExitOk;
+    }
+    if (machine.IsFirstRun() && line.nRunMode != 0) {
+        std::fputs(
+            "quorbit: Command line options don't work if you are running for the first time.  Just "
+            "run "
+            "again and they will work.\n",
+            stderr);
+        line.nRunMode = 0;
+    }
+    if (line.nRunMode & kRunInvisible) {
+        return RunUnattended(line, machine, Profile(stores.profile));
+    }
+    std::fputs("quorbit: this needs a window, and there is no display. Run a batch file with /I.\n",
+               stderr);
+    return kExitNoRun;
+}
+
+int Main(const std::vector<std::string>& arguments)
+{
+    CommandLine line = ParseCommandLine(arguments, FileExists);
+    switch (line.action) {
+        case CommandAction::Help:
+            std::fputs(UsageText().c_str(), stdout);
+            return kExitOk;
+        case CommandAction::Version:
+            std::puts("Quorbit " QUORBIT_VERSION);
+            return kExitOk;
+        case CommandAction::Setup:
+            return SetUp();
+        case CommandAction::Show:
+            return ShowBatchFile(line.batchFile);
+        case CommandAction::Wrong:
+            std::fprintf(stderr, "quorbit: %s\nTry 'quorbit --help'.\n", line.error.c_str());
+            return kExitNoRun;
+        case CommandAction::Start:
+            break;
+    }
+    return Start(std::move(line));
+}
+
+}  // namespace
+}  // namespace quorbit
+
+int main(int argc, char** argv)
+{
+    return quorbit::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
