@@ -58,7 +58,8 @@ private:
 };
 
 // Parses the bytes of a file. Trusts nothing: a count or length that cannot be true fails before
-// anything is allocated by it. On failure `file` is untouched. No bytes at all are an empty batch.
+// anything is allocated by it. On failure `file` is untouched. No bytes at all are an empty batch,
+// and leave the header words as they are.
 BatchFileStatus ParseBatchFile(std::string_view bytes, BatchFile& file);
 // The bytes that stand for a batch.
 [[nodiscard]] std::string FormatBatchFile(const BatchFile& file);

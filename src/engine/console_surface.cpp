@@ -25,8 +25,9 @@ void Print(std::FILE* stream, std::string_view text)
 
 int TerminalWidth()
 {
-    if (isatty(STDOUT_FILENO) == 0)
+    if (isatty(STDOUT_FILENO) == 0) {
         return 0;
+    }
     winsize size{};
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
@@ -43,13 +44,16 @@ std::string FitColumns(const std::string& text, std::size_t columns)
 {
     std::vector<std::size_t> starts;  // of the characters
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
             starts.push_back(i);
+        }
     }
-    if (starts.size() <= columns)
+    if (starts.size() <= columns) {
         return text;
-    if (columns <= 3)
+    }
+    if (columns <= 3) {
         return text.substr(0, starts[columns]);
+    }
     const std::size_t head = (columns - 3) / 2;
     const std::size_t tail = columns - 3 - head;
     return text.substr(0, starts[head]) + "..." + text.substr(starts[starts.size() - tail]);
@@ -62,19 +66,22 @@ ConsoleSurface::ConsoleSurface(Streams streams, std::function<std::string()> ela
 
 void ConsoleSurface::ShowText(RunText which, std::string_view text)
 {
-    if (which != RunText::CurrentFile)
+    if (which != RunText::CurrentFile) {
         return;
+    }
     m_currentFile.assign(text);
     Draw();
 }
 
 void ConsoleSurface::ShowCounter(RunCounter which, std::int32_t value)
 {
-    if (which != RunCounter::FilesLeft)
+    if (which != RunCounter::FilesLeft) {
         return;
+    }
     m_nFilesLeft = value;
-    if (m_bCounting)
+    if (m_bCounting) {
         Draw();
+    }
 }
 
 void ConsoleSurface::AddBytes(std::uint64_t)
@@ -102,8 +109,9 @@ void ConsoleSurface::ShowError(std::string_view text)
 {
     Erase();
     std::string line = "quorbit: ";
-    if (!m_currentFile.empty())
+    if (!m_currentFile.empty()) {
         line += Printable(m_currentFile) + ": ";
+    }
     m_streams.error(line + Printable(text) + "\n");
 }
 
@@ -123,12 +131,14 @@ void ConsoleSurface::CloseAndExit() {}
 void ConsoleSurface::Draw()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (now - m_lastDrawn < kBetweenDraws)
+    if (now - m_lastDrawn < kBetweenDraws) {
         return;
+    }
     m_lastDrawn = now;
     const int width = m_streams.liveWidth();
-    if (width <= 0)
+    if (width <= 0) {
         return;
+    }
     std::string line = m_elapsed() + "  " + std::to_string(m_nFilesLeft);
     line += m_bCounting ? " files found" : " files left  " + Printable(m_currentFile);
     // Carriage return and "erase to the end of the line", ECMA-48.
@@ -138,8 +148,9 @@ void ConsoleSurface::Draw()
 
 void ConsoleSurface::Erase()
 {
-    if (m_bDrawn)
+    if (m_bDrawn) {
         m_streams.out("\r\033[K");
+    }
     m_bDrawn = false;
 }
 

@@ -38,8 +38,9 @@ std::int64_t ElapsedClock::Seconds() const
 {
     const std::lock_guard lock(m_mutex);
     auto elapsed = m_before;
-    if (m_bRunning)
+    if (m_bRunning) {
         elapsed += m_now() - m_started;
+    }
     return std::chrono::duration_cast<std::chrono::seconds>(elapsed).count();
 }
 

@@ -35,8 +35,9 @@ constexpr std::array kInterpreters{
 const char* InterpreterFor(const std::string& path)
 {
     const std::size_t dot = path.find_last_of("./");
-    if (dot == std::string::npos || path[dot] == '/')
+    if (dot == std::string::npos || path[dot] == '/') {
         return nullptr;
+    }
     std::string extension = path.substr(dot + 1);
     std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -49,32 +50,38 @@ const char* InterpreterFor(const std::string& path)
 Result<std::vector<std::string>> InterpretedCommand(ProcessRunner& processes,
                                                     const std::string& path, std::uint32_t dwFlags)
 {
-    if (dwFlags & DCF_SCRIPT_DOS)
+    if (dwFlags & DCF_SCRIPT_DOS) {
         return std::vector<std::string>{kShell, path};
+    }
     const char* name = InterpreterFor(path);
-    if (!name)
+    if (!name) {
         return Error(ErrorKind::NotSupported, "No program is known that runs this kind of script");
+    }
     std::string program = processes.FindProgram(name);
-    if (program.empty())
+    if (program.empty()) {
         return Error(ErrorKind::NotSupported,
                      "The program that runs this kind of script is not installed");
+    }
     return std::vector{std::move(program), path};
 }
 
 Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
     const std::string native = ToNative(path, ctx.m_drives);
-    if (native.empty())
+    if (native.empty()) {
         return ErrorFromErrno(ENOENT);
+    }
     const std::string script = MakeAbsolute(native);
     auto command = ScriptCommand(*ctx.m_pProcesses, script, dwFlags);
-    if (!command)
+    if (!command) {
         return command.GetError();
+    }
     const std::string parent = SplitLast(script).first;
     const std::string folder = parent.empty() ? "/" : parent;
     const Status ran = ctx.m_pProcesses->RunAndWait(*command, folder);
-    if (ran || ran.GetError().Code() != ENOEXEC)
+    if (ran || ran.GetError().Code() != ENOEXEC) {
         return ran;
+    }
     // A text file without an interpreter line that has the right to be executed: on a mounted
     // Windows disk every file has.
     command = InterpretedCommand(*ctx.m_pProcesses, script, dwFlags);
@@ -86,11 +93,13 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
 Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
                                                const std::string& nativePath, std::uint32_t dwFlags)
 {
-    if (processes.IsExecutable(nativePath))
+    if (processes.IsExecutable(nativePath)) {
         return std::vector{nativePath};
+    }
     const Status readable = processes.CanRead(nativePath);
-    if (!readable)
+    if (!readable) {
         return readable.GetError();
+    }
     return InterpretedCommand(processes, nativePath, dwFlags);
 }
 
@@ -99,8 +108,9 @@ void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dw
     ShowCurrentFile(ctx, path, false, true);
     FlushLog(ctx);
     const Status ran = RunScript(ctx, path, dwFlags);
-    if (!ran)
+    if (!ran) {
         ReportFileError(ctx, ran.GetError());
+    }
     TakeOffUnit(ctx);
 }
 

@@ -32,22 +32,25 @@ void ReportFileError(CRunContext& ctx, const Error& error)
     if (!BoxesSuppressed(ctx) && (ctx.m_nRunMode & kRunInvisible) == 0) {
         FlushLog(ctx);
         ctx.m_clock.Pause();
-        if (ctx.m_pDlg->AskYesNo(text + kCancelQuestion, "Error"))
+        if (ctx.m_pDlg->AskYesNo(text + kCancelQuestion, "Error")) {
             g_bStopRun = 1;
+        }
         ctx.m_clock.Resume();
     }
     WriteLogLine(ctx, "ERROR: " + text);
     FlushLog(ctx);
     Raise(ctx, &CRunContext::m_nErrorCount, RunCounter::Error);
     ctx.m_pDlg->ShowError(reason);
-    if ((ctx.m_nRunMode & kRunInvisible) != 0 && ctx.m_nErrorCount > kErrorMaximum)
+    if ((ctx.m_nRunMode & kRunInvisible) != 0 && ctx.m_nErrorCount > kErrorMaximum) {
         g_bStopRun = 1;
+    }
 }
 
 void ReportInvalidSource(CRunContext& ctx, const std::string& folder)
 {
-    if (!BoxesSuppressed(ctx))
+    if (!BoxesSuppressed(ctx)) {
         AskCancelRun(ctx, kInvalidSource + folder);
+    }
     Raise(ctx, &CRunContext::m_nErrorCount, RunCounter::Error);
     WriteLogLine(ctx, std::string("ERROR: ") + kInvalidSource);
     FlushLog(ctx);
@@ -58,11 +61,13 @@ void ReportInvalidSource(CRunContext& ctx, const std::string& folder)
 
 void AskCancelRun(CRunContext& ctx, const std::string& message)
 {
-    if (ctx.m_nRunMode & kRunInvisible)
+    if (ctx.m_nRunMode & kRunInvisible) {
         return;
+    }
     FlushLog(ctx);
-    if (ctx.m_pDlg->AskYesNo(message + kCancelQuestion, ""))
+    if (ctx.m_pDlg->AskYesNo(message + kCancelQuestion, "")) {
         g_bStopRun = 1;
+    }
 }
 
 }  // namespace quorbit

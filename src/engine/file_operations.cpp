@@ -37,13 +37,16 @@ private:
 Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder& dest,
                                                  const std::string& name)
 {
-    if (!dest.Handle())
+    if (!dest.Handle()) {
         return std::optional<FindData>();  // the copy fails for want of a folder
+    }
     auto found = ctx.m_pFiles->Probe(*dest.Handle(), name);
-    if (found)
+    if (found) {
         return std::optional<FindData>(std::move(*found));
-    if (found.GetError().Kind() == ErrorKind::Missing)
+    }
+    if (found.GetError().Kind() == ErrorKind::Missing) {
         return std::optional<FindData>();
+    }
     return found.GetError();
 }
 
@@ -66,15 +69,17 @@ void CopyPlainly(Transfer transfer, bool destinationExists)
 {
     ShowAction(transfer.ctx, "Copying File.");
     transfer.options.expectMissing = !destinationExists;
-    if (transfer.Copy())
+    if (transfer.Copy()) {
         Raise(transfer.ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
+    }
 }
 
 void CopyNewer(const Transfer& transfer)
 {
     ShowAction(transfer.ctx, "Sync File.");
-    if (transfer.Copy())
+    if (transfer.Copy()) {
         Raise(transfer.ctx, &CRunContext::m_nSyncCount, RunCounter::Sync);
+    }
 }
 
 void CopyWithBackup(Transfer transfer)
@@ -86,8 +91,9 @@ void CopyWithBackup(Transfer transfer)
                                                    : "Incrementing backup.");
     // An old file that has its number is safe: its read-only attribute does not guard the plain
     // name any more.
-    if (rotation == Rotation::Linked)
+    if (rotation == Rotation::Linked) {
         transfer.options.replaceReadOnly = true;
+    }
     if (transfer.Copy()) {
         Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
     } else if (rotation == Rotation::Linked) {
@@ -105,8 +111,9 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     // The folder first: only an open one can tell whether the file is there. One that merely could
     // not be opened a moment ago must not pass for one without the file.
     EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
-    if (g_bStopRun)
+    if (g_bStopRun) {
         return;
+    }
     const auto existing = ProbeDestination(ctx, dest, item.name);
     if (!existing) {
         ShowAction(ctx, "Copying File.");
@@ -117,8 +124,9 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     Transfer transfer{ctx, source, dest, item, opened, {}};
     transfer.options.replaceReadOnly = (dwFlags & DCF_OVERWRITE_RO) != 0;
     std::optional<std::int64_t> tDest;
-    if (*existing)
+    if (*existing) {
         tDest = (*existing)->modified;
+    }
     switch (DecideTransfer(dwFlags, item.modified, tDest)) {
         case TransferAction::Copy:
             return CopyPlainly(transfer, tDest.has_value());
@@ -137,8 +145,9 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
 bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                  const FindData& item, SourceFile* opened, CopyOptions options)
 {
-    if (item.size >= kLongCopy)
+    if (item.size >= kLongCopy) {
         FlushLog(ctx);
+    }
     std::unique_ptr<SourceFile> own;
     if (!opened) {
         auto result = ctx.m_pFiles->OpenSource(source.handle, item, ReadAhead::No);
@@ -156,16 +165,18 @@ bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& des
     BytesToSurface progress(*ctx.m_pDlg);
     options.progress = &progress;
     const Status copied = ctx.m_pFiles->CopyFile(*opened, *dest.Handle(), item.name, options);
-    if (!copied)
+    if (!copied) {
         ReportFileError(ctx, copied.GetError());
+    }
     return copied.Ok();
 }
 
 std::string NumberedName(const std::string& name, int number)
 {
     std::size_t dot = name.find('.');
-    if (dot == std::string::npos)
+    if (dot == std::string::npos) {
         dot = 0;
+    }
     return name.substr(0, dot) + std::to_string(number) + name.substr(dot);
 }
 
@@ -176,16 +187,20 @@ Rotation RotateBackup(FileSystem& files, const Folder& folder, const std::string
         const auto taken = files.Probe(folder, numbered);
         // A name that cannot be examined may well be taken.
         if (taken || (taken.GetError().Kind() != ErrorKind::Missing &&
-                      taken.GetError().Kind() != ErrorKind::NameTooLong))
+                      taken.GetError().Kind() != ErrorKind::NameTooLong)) {
             continue;
+        }
         // By a second name first: there is no moment at which the version has none.
-        if (files.Link(folder, name, numbered))
+        if (files.Link(folder, name, numbered)) {
             return Rotation::Linked;
+        }
         const Status renamed = files.Rename(folder, name, numbered);
-        if (renamed)
+        if (renamed) {
             return Rotation::Renamed;
-        if (renamed.GetError().Kind() != ErrorKind::AlreadyExists)
+        }
+        if (renamed.GetError().Kind() != ErrorKind::AlreadyExists) {
             return Rotation::Failed;
+        }
     }
     return Rotation::NoneFree;
 }
@@ -194,26 +209,30 @@ void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::stri
 {
     ShowAction(ctx, "Delete File.");
     const Status deleted = ctx.m_pFiles->DeleteFile(source.handle, name);
-    if (deleted)
+    if (deleted) {
         Raise(ctx, &CRunContext::m_nDeleteCount, RunCounter::Delete);
-    else
+    } else {
         ReportFileError(ctx, deleted.GetError());
+    }
 }
 
 void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
                   const std::string& asGiven, const Folder* like)
 {
-    if (dest.Stands() || dest.IsTop())
+    if (dest.Stands() || dest.IsTop()) {
         return;
+    }
     Status created = dest.Create(like);
     if (!created) {
         TargetFolder& parent = dest.Parent();
         std::string parentPath = parent.Path();
-        if (!parent.IsTop())
+        if (!parent.IsTop()) {
             parentPath.pop_back();
+        }
         EnsureFolder(ctx, source, parent, parentPath, nullptr);
-        if (dest.Stands())
+        if (dest.Stands()) {
             return;  // somebody else made it meanwhile
+        }
         created = dest.Create(like);
         if (!created) {
             ShowCurrentFile(ctx, asGiven, false, true);

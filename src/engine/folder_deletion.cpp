@@ -21,22 +21,26 @@ void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
 {
     if (!rules.Has(DCF_NO_ATTRS)) {
         const Status known = ctx.m_pFiles->ReadAttributes(folder, item);
-        if (!known)
+        if (!known) {
             return ReportFileError(ctx, known.GetError());
+        }
     }
     if (!MatchAttributes(item.attributes, rules.dwFlags, rules.nMask) ||
-        !MatchFileType(rules.list, item.name, rules.nKind, rules.dwFlags))
+        !MatchFileType(rules.list, item.name, rules.nKind, rules.dwFlags)) {
         return;
+    }
     const Status deleted = ctx.m_pFiles->DeleteFile(folder, item.name);
-    if (!deleted)
+    if (!deleted) {
         ReportFileError(ctx, deleted.GetError());
+    }
 }
 
 // A read-only folder does not let go of what it holds.
 void ClearReadOnly(FileSystem& files, const Folder& folder, FindData& item)
 {
-    if (files.ReadAttributes(folder, item))
+    if (files.ReadAttributes(folder, item)) {
         (void)files.SetAttributes(folder, item.name, item.attributes & ~kAttributeReadOnly);
+    }
 }
 
 void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::string& path,
@@ -44,8 +48,9 @@ void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::strin
 {
     ClearReadOnly(*ctx.m_pFiles, folder, item);
     const std::string subfolder = path + item.name + SeparatorOf(path);
-    if (const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name))
+    if (const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name)) {
         DeleteFolderTree(ctx, **opened, subfolder, rules);
+    }
     RemoveFolder(ctx, folder, item.name, subfolder);
 }
 
@@ -59,11 +64,13 @@ Result<Place> FindPlace(FileSystem& files, const std::string& path)
 {
     const std::string name = SplitLast(path).second;
     // What cannot be named in its parent cannot be removed from it.
-    if (name.empty() || name == "." || name == "..")
+    if (name.empty() || name == "." || name == "..") {
         return ErrorFromErrno(EINVAL);
+    }
     auto opened = files.OpenFolder(ParentFolder(path));
-    if (!opened)
+    if (!opened) {
         return opened.GetError();
+    }
     return Place{std::move(*opened), name};
 }
 
@@ -89,22 +96,27 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
                       const WalkRules& rules)
 {
     auto listing = ctx.m_pFiles->List(folder);
-    if (!listing)
+    if (!listing) {
         return;
+    }
     FindData item;
     for (;;) {
         const auto more = (*listing)->Next(item);
-        if (!more)
+        if (!more) {
             return ReportFileError(ctx, more.GetError());
-        if (!*more || g_bStopRun)
+        }
+        if (!*more || g_bStopRun) {
             return;
+        }
         FlushLogIfDue(ctx);
-        if (item.kind == ItemKind::Unknown)
+        if (item.kind == ItemKind::Unknown) {
             (void)ctx.m_pFiles->ReadDetails(folder, item);
-        if (item.kind == ItemKind::Folder)
+        }
+        if (item.kind == ItemKind::Folder) {
             DeleteListedFolder(ctx, folder, path, item, rules);
-        else
+        } else {
             DeleteListedFile(ctx, folder, item, rules);
+        }
     }
 }
 
@@ -115,27 +127,31 @@ void RemoveFolder(CRunContext& ctx, const Folder& parent, const std::string& nam
     ShowCurrentFile(ctx, path, true, true);
     ShowDestFile(ctx, path, true, true);
     const Status removed = ctx.m_pFiles->RemoveFolder(parent, name);
-    if (!removed)
+    if (!removed) {
         ReportFileError(ctx, removed.GetError());
+    }
 }
 
 void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRules& rules)
 {
     FileSystem& files = *ctx.m_pFiles;
-    if (IsRoot(path))
+    if (IsRoot(path)) {
         return RefuseDeletion(ctx, path,
                               Error(ErrorKind::Protected, "A whole drive cannot be deleted"));
+    }
     const auto place = FindPlace(files, path);
-    if (!place)
+    if (!place) {
         return RefuseDeletion(ctx, path, place.GetError());
+    }
     FindData top;
     top.name = place->name;
     top.kind = ItemKind::Folder;
     auto folder = files.OpenSubfolder(*place->parent, top.name);
-    if (folder && files.IsProtected(**folder))
+    if (folder && files.IsProtected(**folder)) {
         return RefuseDeletion(
             ctx, path,
             Error(ErrorKind::Protected, "This folder is protected from being deleted as a whole"));
+    }
     if (folder) {
         ClearReadOnly(files, *place->parent, top);
         DeleteFolderTree(ctx, **folder, path, rules);

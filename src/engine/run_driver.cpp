@@ -44,12 +44,14 @@ struct ListedFolder {
 
 ListedFolder ResolveListItem(const CDirCopy& entry, const std::string& item)
 {
-    if (entry.m_strSource == kMyComputer)
+    if (entry.m_strSource == kMyComputer) {
         return {WithSeparator(item), VolumeName(item)};
+    }
     // Without a source the item alone would be a folder of the current one, and without an item the
     // source itself would go.
-    if (entry.m_strSource.empty() || item.empty())
+    if (entry.m_strSource.empty() || item.empty()) {
         return {"", item};
+    }
     return {WithSeparator(WithSeparator(entry.m_strSource) + item), item};
 }
 
@@ -58,8 +60,9 @@ std::unique_ptr<TargetFolder> ListedTarget(FileSystem& files, TargetFolder& dest
                                            const std::string& name)
 {
     const bool plain = !name.empty() && name.find(SeparatorOf(dest.Path())) == std::string::npos;
-    if (plain || dest.Path().empty())
+    if (plain || dest.Path().empty()) {
         return std::make_unique<TargetFolder>(dest, name);
+    }
     return std::make_unique<TargetFolder>(files, dest.Path() + name);
 }
 
@@ -85,10 +88,12 @@ bool CountFolderList(CRunContext& ctx, const CDirCopy& entry)
             continue;
         }
         const auto itemDest = ListedTarget(*ctx.m_pFiles, dest, folder.name);
-        if (HasDestination(entry))
+        if (HasDestination(entry)) {
             rules.avoid = {&dest, itemDest.get()};
-        if (!CountFolder(ctx, folder.source, rules))
+        }
+        if (!CountFolder(ctx, folder.source, rules)) {
             return false;
+        }
     }
     return true;
 }
@@ -97,8 +102,9 @@ bool CountSingleFolder(CRunContext& ctx, const CDirCopy& entry)
 {
     WalkRules rules = RulesFor(entry, entry.m_listItems);
     TargetFolder dest(*ctx.m_pFiles, entry.m_strDest);
-    if (HasDestination(entry))
+    if (HasDestination(entry)) {
         rules.avoid = {&dest};
+    }
     return CountFolder(ctx, WithSeparator(entry.m_strSource), rules);
 }
 
@@ -129,8 +135,9 @@ bool ProcessFolderList(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy&
                          like ? like->get() : nullptr);
             rules.avoid = {&dest, itemDest.get()};
         }
-        if (!ProcessFolder(ctx, folder.source, *itemDest, rules, readAhead))
+        if (!ProcessFolder(ctx, folder.source, *itemDest, rules, readAhead)) {
             return false;
+        }
     }
     return true;
 }
@@ -157,8 +164,9 @@ bool ProcessSingleFolder(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolic
 
 bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
 {
-    if (IsFolderList(entry))
+    if (IsFolderList(entry)) {
         return ProcessFolderList(ctx, entry, readAhead);
+    }
     if (IsScript(entry)) {
         RunExternalFile(ctx, entry.m_strSource, entry.m_dwFlags);
         return true;
@@ -169,20 +177,24 @@ bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& read
 // Both passes. False only if the process pass was cut short.
 bool RunPasses(CRunContext& ctx, std::string& total)
 {
-    if (g_bStopRun)
+    if (g_bStopRun) {
         return true;
+    }
     WriteLogHead(ctx);
     FlushLog(ctx);
-    if (!CountEntries(ctx))
+    if (!CountEntries(ctx)) {
         return true;
+    }
     total = g_bStopCounting ? kUnknownTotal : std::to_string(ctx.m_nFilesLeft);
     ctx.m_pDlg->ShowText(RunText::TotalCount, total);
     ctx.m_pDlg->EnableStopCounting(false);
     ctx.m_pDlg->SetProgressRange(ctx.m_nFilesLeft & 0xFFFF);
-    if (g_bStopRun)
+    if (g_bStopRun) {
         return true;
-    if (ProcessEntries(ctx))
+    }
+    if (ProcessEntries(ctx)) {
         return true;
+    }
     WriteLogLine(ctx, (ctx.m_nRunMode & kRunInvisible) != 0
                           ? "***** Error maximum was reached *****"
                           : "\r\n**** Stopped by user. ****");
@@ -193,11 +205,13 @@ bool RunPasses(CRunContext& ctx, std::string& total)
 void SyncDestinations(CRunContext& ctx)
 {
     FlushLog(ctx);
-    if (!ctx.m_bSyncAtEnd)
+    if (!ctx.m_bSyncAtEnd) {
         return;
+    }
     const Status synced = ctx.m_pFiles->SyncWritten();
-    if (!synced)
+    if (!synced) {
         ReportFileError(ctx, synced.GetError());
+    }
 }
 
 void WriteTotals(CRunContext& ctx, std::string total)
@@ -217,12 +231,15 @@ void WriteTotals(CRunContext& ctx, std::string total)
 bool CountEntries(CRunContext& ctx)
 {
     for (const CDirCopy& entry : ctx.m_pDoc->m_arrEntries) {
-        if (g_bStopRun)
+        if (g_bStopRun) {
             return false;
-        if (!CountEntry(ctx, entry))
+        }
+        if (!CountEntry(ctx, entry)) {
             return true;
-        if (g_bStopRun)
+        }
+        if (g_bStopRun) {
             return false;
+        }
     }
     return true;
 }
@@ -231,8 +248,9 @@ bool ProcessEntries(CRunContext& ctx)
 {
     ReadAheadPolicy readAhead;
     for (const CDirCopy& entry : ctx.m_pDoc->m_arrEntries) {
-        if (g_bStopRun || !ProcessEntry(ctx, entry, readAhead) || g_bStopRun)
+        if (g_bStopRun || !ProcessEntry(ctx, entry, readAhead) || g_bStopRun) {
             return false;
+        }
     }
     return true;
 }
@@ -242,24 +260,27 @@ unsigned RunThreadProc(CRunContext* pCtx)
     CRunContext& ctx = *pCtx;
     std::string total = "0";
     bool stopped = false;
-    if (ctx.m_pDoc->m_arrEntries.empty())
+    if (ctx.m_pDoc->m_arrEntries.empty()) {
         ctx.m_pDlg->ShowMessage("The Batch File is empty.", "");
-    else
+    } else {
         stopped = !RunPasses(ctx, total);
+    }
 
     SyncDestinations(ctx);
     ctx.m_pDlg->EnableViewLog(true);
     WriteTotals(ctx, total);
     g_bStopRun = 1;
     ctx.m_pDlg->ShowRunEnded();
-    if (stopped && (ctx.m_nRunMode & kRunInvisible) == 0)
+    if (stopped && (ctx.m_nRunMode & kRunInvisible) == 0) {
         ctx.m_pDlg->ShowMessage("Process canceled by user.  Hit OK to continue.",
                                 "Process stopped.");
+    }
     ctx.m_pLogFile.reset();
 
     if (ctx.m_nRunMode & (kRunInvisible | kRunAndQuit)) {
-        if (ctx.m_nErrorCount > 0)
+        if (ctx.m_nErrorCount > 0) {
             ctx.m_setExitCode(1);
+        }
         ctx.m_pDlg->CloseAndExit();
     }
     return 0;

@@ -16,8 +16,9 @@ constexpr auto kOldEnough = std::chrono::milliseconds(100);
 
 void TellIfFailed(CRunContext& ctx, bool ok)
 {
-    if (!ok)
+    if (!ok) {
         ctx.m_pDlg->ShowMessage("Error writing to the logfile.", "");
+    }
 }
 
 }  // namespace
@@ -28,23 +29,26 @@ RunLog::RunLog(std::unique_ptr<LogOutput> output, Now now) : m_output(std::move(
 
 bool RunLog::Add(std::string_view text)
 {
-    if (m_gathered.empty())
+    if (m_gathered.empty()) {
         m_oldest = m_now();
+    }
     m_gathered.append(text).append("\r\n");
     return m_gathered.size() < kFull ? FlushIfDue() : Flush();
 }
 
 bool RunLog::FlushIfDue()
 {
-    if (m_gathered.empty() || m_now() - m_oldest < kOldEnough)
+    if (m_gathered.empty() || m_now() - m_oldest < kOldEnough) {
         return true;
+    }
     return Flush();
 }
 
 bool RunLog::Flush()
 {
-    if (m_gathered.empty())
+    if (m_gathered.empty()) {
         return true;
+    }
     const Status written = m_output->Write(m_gathered);
     m_gathered.clear();
     return written.Ok();
@@ -52,20 +56,23 @@ bool RunLog::Flush()
 
 void WriteLogLine(CRunContext& ctx, std::string_view line)
 {
-    if (ctx.m_pLogFile)
+    if (ctx.m_pLogFile) {
         TellIfFailed(ctx, ctx.m_pLogFile->Add(line));
+    }
 }
 
 void FlushLog(CRunContext& ctx)
 {
-    if (ctx.m_pLogFile)
+    if (ctx.m_pLogFile) {
         TellIfFailed(ctx, ctx.m_pLogFile->Flush());
+    }
 }
 
 void FlushLogIfDue(CRunContext& ctx)
 {
-    if (ctx.m_pLogFile)
+    if (ctx.m_pLogFile) {
         TellIfFailed(ctx, ctx.m_pLogFile->FlushIfDue());
+    }
 }
 
 void WriteLogHead(CRunContext& ctx)
@@ -98,8 +105,9 @@ std::string MakeLogPath(std::string_view installPath, std::string_view documentP
     const std::size_t dot = name.rfind('.');
     name.resize(dot == std::string::npos ? 0 : dot);
     // The name comes with its separator; the folder usually ends in one already.
-    if (!name.empty() && name.front() == separator && EndsInSeparator(installPath))
+    if (!name.empty() && name.front() == separator && EndsInSeparator(installPath)) {
         name.erase(0, 1);
+    }
     return std::string(installPath) + name + ".log";
 }
 

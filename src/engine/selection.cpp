@@ -35,13 +35,15 @@ bool EndsWithSuffixOf(std::string_view mask, std::string_view fileName)
 bool MatchFileType(const std::vector<std::string>& list, std::string_view fileName,
                    std::uint32_t nKind, std::uint32_t dwFlags)
 {
-    if (dwFlags & DCF_DELETE_FOLDER)
+    if (dwFlags & DCF_DELETE_FOLDER) {
         return true;
+    }
     const bool hit = (dwFlags & DCF_EXCLUDE) == 0;
     for (const std::string& item : list) {
         if (nKind != DCK_TYPES) {
-            if (EqualNoCase(item, fileName))
+            if (EqualNoCase(item, fileName)) {
                 return hit;
+            }
         } else if (item == "*.*") {
             return true;
         } else if (EndsWithSuffixOf(item, fileName)) {
@@ -53,21 +55,28 @@ bool MatchFileType(const std::vector<std::string>& list, std::string_view fileNa
 
 bool MatchAttributes(std::uint32_t attributes, std::uint32_t dwFlags, std::uint32_t nMask)
 {
-    if (dwFlags & DCF_NO_ATTRS)
+    if (dwFlags & DCF_NO_ATTRS) {
         return true;
+    }
     std::uint32_t bits = 0;
-    if (attributes & kAttributeReadOnly)
+    if (attributes & kAttributeReadOnly) {
         bits |= DCF_ATTR_READONLY;
-    if (attributes & kAttributeSystem)
+    }
+    if (attributes & kAttributeSystem) {
         bits |= DCF_ATTR_SYSTEM;
-    if (attributes & kAttributeHidden)
+    }
+    if (attributes & kAttributeHidden) {
         bits |= DCF_ATTR_HIDDEN;
-    if (attributes & kAttributeArchive)
+    }
+    if (attributes & kAttributeArchive) {
         bits |= DCF_ATTR_ARCHIVE;
-    if (dwFlags & DCF_ATTR_AND)
+    }
+    if (dwFlags & DCF_ATTR_AND) {
         return bits == nMask;
-    if (dwFlags & DCF_ATTR_OR)
+    }
+    if (dwFlags & DCF_ATTR_OR) {
         return (bits & nMask) != 0;
+    }
     return false;
 }
 

@@ -13,10 +13,12 @@ namespace {
 void ShowPath(CRunContext& ctx, RunText which, std::string_view label, std::string_view path,
               bool bLog, bool bShow)
 {
-    if (bShow)
+    if (bShow) {
         ctx.m_pDlg->ShowText(which, path);
-    if (bLog)
+    }
+    if (bLog) {
         WriteLogLine(ctx, std::string(label) + Printable(path));
+    }
 }
 
 }  // namespace
@@ -40,10 +42,12 @@ void ShowDestFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow
 void ShowFileSize(CRunContext& ctx, std::uint64_t bytes, bool bLog, bool bShow)
 {
     const std::string text = FileSizeText(bytes);
-    if (bShow)
+    if (bShow) {
         ctx.m_pDlg->ShowText(RunText::FileSize, text);
-    if (bLog)
+    }
+    if (bLog) {
         WriteLogLine(ctx, "File Size: " + text);
+    }
 }
 
 std::string FileSizeText(std::uint64_t bytes)
@@ -54,8 +58,9 @@ std::string FileSizeText(std::uint64_t bytes)
         kilobytes = size / 1024;
         // Hundreds of bytes against tenths of the kilobytes: rounds up from about 21 KB on.
         const std::int64_t distance = size / 100 - 10 * kilobytes;
-        if (distance >= 5 || distance <= -5)
+        if (distance >= 5 || distance <= -5) {
             ++kilobytes;
+        }
     }
     return std::to_string(kilobytes) + " KB";
 }
@@ -67,8 +72,9 @@ void Raise(CRunContext& ctx, std::int32_t CRunContext::*counter, RunCounter whic
 
 void TakeOffUnit(CRunContext& ctx)
 {
-    if (g_bStopCounting)
+    if (g_bStopCounting) {
         return;
+    }
     ctx.m_pDlg->ShowCounter(RunCounter::FilesLeft, --ctx.m_nFilesLeft);
     ctx.m_pDlg->StepProgress();
 }

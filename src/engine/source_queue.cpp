@@ -24,8 +24,9 @@ std::size_t ReadAheadPolicy::Window() const
 
 ReadAhead ReadAheadPolicy::Next()
 {
-    if (m_bAhead)
+    if (m_bAhead) {
         return ReadAhead::Start;
+    }
     if (m_nUntilSample > 0) {
         --m_nUntilSample;
         return ReadAhead::No;
@@ -53,20 +54,23 @@ SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, Listing& listi
 SourceQueue::~SourceQueue()
 {
     for (const QueuedItem& item : m_items) {
-        if (item.source)
+        if (item.source) {
             m_policy.Taken();
+        }
     }
 }
 
 Result<bool> SourceQueue::Next(QueuedItem& item)
 {
     Fill();
-    if (m_items.empty())
+    if (m_items.empty()) {
         return m_end;
+    }
     item = std::move(m_items.front());
     m_items.pop_front();
-    if (item.source)
+    if (item.source) {
         m_policy.Taken();
+    }
     return true;
 }
 
@@ -79,10 +83,12 @@ void SourceQueue::Fill()
         }
         QueuedItem item;
         m_end = m_listing.Next(item.data);
-        if (!m_end || !*m_end || !Wanted(item.data))
+        if (!m_end || !*m_end || !Wanted(item.data)) {
             continue;
-        if (item.data.kind != ItemKind::Folder)
+        }
+        if (item.data.kind != ItemKind::Folder) {
             Prepare(item);
+        }
         m_items.push_back(std::move(item));
     }
 }
@@ -91,10 +97,12 @@ bool SourceQueue::Wanted(FindData& data) const
 {
     // Only a kind that cannot be told stays unknown; the item is then reported as a file that
     // failed.
-    if (data.kind == ItemKind::Unknown)
+    if (data.kind == ItemKind::Unknown) {
         (void)m_files.ReadDetails(m_folder, data);
-    if (data.kind == ItemKind::Folder)
+    }
+    if (data.kind == ItemKind::Folder) {
         return m_rules.Has(DCF_SUBFOLDERS);
+    }
     return !data.leftover && m_rules.SelectsName(data.name);
 }
 
@@ -114,8 +122,9 @@ void SourceQueue::Prepare(QueuedItem& item)
         return;
     }
     item.source = std::move(*opened);
-    if (ahead == ReadAhead::Start)
+    if (ahead == ReadAhead::Start) {
         m_policy.Learn(item.source->WasCached());
+    }
     const FindData& details = item.source->Details();
     item.data.kind = details.kind;
     item.data.size = details.size;

@@ -30,17 +30,20 @@ bool TargetFolder::IsTop() const
 
 TargetFolder& TargetFolder::Parent()
 {
-    if (m_pParent)
+    if (m_pParent) {
         return *m_pParent;
-    if (!m_parentByPath)
+    }
+    if (!m_parentByPath) {
         m_parentByPath = std::make_unique<TargetFolder>(*m_pFiles, ParentFolder(m_strPath));
+    }
     return *m_parentByPath;
 }
 
 bool TargetFolder::Stands()
 {
-    if (m_handle && m_pFiles->StillThere(*m_handle))
+    if (m_handle && m_pFiles->StillThere(*m_handle)) {
         return true;
+    }
     m_handle.reset();
     Open();
     return m_handle != nullptr;
@@ -49,12 +52,15 @@ bool TargetFolder::Stands()
 void TargetFolder::Open()
 {
     if (m_pParent) {
-        if (!m_pParent->m_handle)
+        if (!m_pParent->m_handle) {
             m_pParent->Open();
-        if (!m_pParent->m_handle)
+        }
+        if (!m_pParent->m_handle) {
             return;
-        if (auto opened = m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName))
+        }
+        if (auto opened = m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName)) {
             m_handle = std::move(*opened);
+        }
     } else if (auto opened = m_pFiles->OpenFolder(m_strPath)) {
         m_handle = std::move(*opened);
     }
@@ -66,16 +72,18 @@ void TargetFolder::Open()
 
 bool TargetFolder::Is(const FolderIdentity& folder)
 {
-    if (!m_handle)
+    if (!m_handle) {
         Open();
+    }
     return m_handle && m_handle->Identity() == folder;
 }
 
 Status TargetFolder::Create(const Folder* like)
 {
     TargetFolder& parent = Parent();
-    if (!parent.Stands())
+    if (!parent.Stands()) {
         return ErrorFromErrno(ENOENT);
+    }
     const Status created = m_pFiles->CreateFolder(*parent.m_handle, m_strName, like);
     if (created) {
         m_bSwept = true;  // nothing can have been left in a new folder

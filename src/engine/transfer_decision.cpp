@@ -10,11 +10,13 @@ namespace quorbit {
 TransferAction DecideTransfer(std::uint32_t dwFlags, std::int64_t tSource,
                               std::optional<std::int64_t> tDest)
 {
-    if (!tDest || (dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) == 0)
+    if (!tDest || (dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) == 0) {
         return TransferAction::Copy;
+    }
     const bool newer = tSource > *tDest;
-    if (dwFlags & DCF_INCREMENTAL)
+    if (dwFlags & DCF_INCREMENTAL) {
         return newer ? TransferAction::Backup : TransferAction::LeaveBackup;
+    }
     return newer ? TransferAction::Sync : TransferAction::LeaveSync;
 }
 

@@ -29,8 +29,9 @@ void CountOne(CRunContext& ctx)
 // True, and the figure is gone, if the count was given up.
 bool CountGivenUp(CRunContext& ctx)
 {
-    if (!g_bStopCounting)
+    if (!g_bStopCounting) {
         return false;
+    }
     ctx.m_nFilesLeft = 0;
     return true;
 }
@@ -41,28 +42,34 @@ bool CountSubfolder(CRunContext& ctx, const Folder& folder, const std::string& n
                     const WalkRules& rules)
 {
     const auto subfolder = ctx.m_pFiles->OpenSubfolder(folder, name);
-    if (!subfolder || rules.Avoids(**subfolder))
+    if (!subfolder || rules.Avoids(**subfolder)) {
         return true;
+    }
     return CountListing(ctx, **subfolder, rules);
 }
 
 bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules)
 {
     auto listing = ctx.m_pFiles->List(folder);
-    if (!listing)
+    if (!listing) {
         return true;
+    }
     FindData item;
     for (;;) {
         const auto more = (*listing)->Next(item);
-        if (!more || !*more || g_bStopRun)
+        if (!more || !*more || g_bStopRun) {
             return true;
-        if (CountGivenUp(ctx))
+        }
+        if (CountGivenUp(ctx)) {
             return false;
-        if (item.kind == ItemKind::Unknown)
+        }
+        if (item.kind == ItemKind::Unknown) {
             (void)ctx.m_pFiles->ReadDetails(folder, item);
+        }
         if (item.kind == ItemKind::Folder) {
-            if (rules.Has(DCF_SUBFOLDERS) && !CountSubfolder(ctx, folder, item.name, rules))
+            if (rules.Has(DCF_SUBFOLDERS) && !CountSubfolder(ctx, folder, item.name, rules)) {
                 return false;
+            }
         } else if (!item.leftover && rules.SelectsName(item.name)) {
             CountOne(ctx);
         }
@@ -96,8 +103,9 @@ private:
 bool ProcessWalk::Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
                           TargetFolder& dest)
 {
-    if (g_bStopRun)
+    if (g_bStopRun) {
         return false;
+    }
     if (!opened) {
         ReportInvalidSource(m_ctx, source);
         return true;
@@ -118,16 +126,18 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
             ReportFileError(m_ctx, more.GetError());
             return true;
         }
-        if (!*more || g_bStopRun || !ProcessItem(folder, dest, item))
+        if (!*more || g_bStopRun || !ProcessItem(folder, dest, item)) {
             return true;
+        }
     }
 }
 
 // False to leave the listing.
 bool ProcessWalk::ProcessItem(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
 {
-    if (item.data.kind == ItemKind::Folder)
+    if (item.data.kind == ItemKind::Folder) {
         return ProcessSubfolder(source, item.data.name, dest);
+    }
     return ProcessFile(source, dest, item);
 }
 
@@ -135,11 +145,13 @@ bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string
                                    TargetFolder& dest)
 {
     const auto opened = m_ctx.m_pFiles->OpenSubfolder(source.handle, name);
-    if (opened && !Deletes() && m_rules.Avoids(**opened))
+    if (opened && !Deletes() && m_rules.Avoids(**opened)) {
         return true;
+    }
     const std::string path = Subfolder(source.path, name);
-    if (Deletes() || !m_rules.Has(DCF_PRESERVE_TREE))
+    if (Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
         return Process(path, opened, dest);
+    }
     TargetFolder subfolder(dest, name);
     EnsureFolder(m_ctx, path, subfolder, dest.Path() + name, opened ? opened->get() : nullptr);
     return Process(path, opened, subfolder);
@@ -151,15 +163,18 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
     const std::string destPath = Deletes() ? std::string() : dest.Path() + item.data.name;
     ShowCurrentFile(m_ctx, path, false, true);
     ShowFileSize(m_ctx, item.data.size, false, true);
-    if (!Deletes())
+    if (!Deletes()) {
         ShowDestFile(m_ctx, destPath, false, true);
+    }
 
-    if (!ActOnFile(source, dest, item) || g_bStopRun)
+    if (!ActOnFile(source, dest, item) || g_bStopRun) {
         return false;
+    }
     TakeOffUnit(m_ctx);
     ShowCurrentFile(m_ctx, path, true, false);
-    if (!Deletes())
+    if (!Deletes()) {
         ShowDestFile(m_ctx, destPath, true, false);
+    }
     ShowFileSize(m_ctx, item.data.size, true, false);
     return true;
 }
@@ -168,8 +183,9 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
 bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
 {
     Status known = item.details;
-    if (known && !m_rules.Has(DCF_NO_ATTRS))
+    if (known && !m_rules.Has(DCF_NO_ATTRS)) {
         known = m_ctx.m_pFiles->ReadAttributes(source.handle, item.data);
+    }
     if (!known) {
         // It vanished after it was listed, or it cannot be examined.
         ShowAction(m_ctx, Deletes() ? "Delete File." : "Copying File.");
@@ -180,12 +196,14 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
         ShowAction(m_ctx, "Didn't process file because file attributes didn't match.");
         return true;
     }
-    if (g_bStopRun)
+    if (g_bStopRun) {
         return false;
-    if (Deletes())
+    }
+    if (Deletes()) {
         DeleteOneFile(m_ctx, source, item.data.name);
-    else
+    } else {
         TransferFile(m_ctx, source, dest, item.data, item.source.get(), m_rules.dwFlags);
+    }
     item.source.reset();
     return true;
 }
@@ -195,8 +213,9 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
 bool CountFolder(CRunContext& ctx, const std::string& folder, const WalkRules& rules)
 {
     if (rules.Has(DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) {
-        if (CountGivenUp(ctx))
+        if (CountGivenUp(ctx)) {
             return false;
+        }
         CountOne(ctx);
         return true;
     }

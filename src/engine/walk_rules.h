@@ -32,8 +32,9 @@ struct WalkRules {
     [[nodiscard]] bool Avoids(const Folder& folder) const
     {
         for (TargetFolder* target : avoid) {
-            if (target->Is(folder.Identity()))
+            if (target->Is(folder.Identity())) {
                 return true;
+            }
         }
         return false;
     }

@@ -15,18 +15,19 @@
 namespace quorbit {
 
 struct ContentJob {
-    int from = -1;                     // open for reading
-    int to = -1;                       // open for writing, empty
-    std::uint64_t size = 0;            // bytes, when the source was opened
-    std::uint64_t allocated = 0;       // bytes on the disk, less than the size for a file with holes
-    TransferFacts& facts;              // about the two file systems; learns
+    int from = -1;                // open for reading
+    int to = -1;                  // open for writing, empty
+    std::uint64_t size = 0;       // bytes, when the source was opened
+    std::uint64_t allocated = 0;  // bytes on the disk, less than the size for a file with holes
+    TransferFacts& facts;         // about the two file systems; learns
     CopyProgress* progress = nullptr;  // may be null
 };
 
 class ContentCopier {
 public:
-    // Copies what is there to its end, also if the source grows or shrinks meanwhile; never longer than a source that
-    // grows for ever. Holes stay holes. Leaves the source's file offset anywhere.
+    // Copies what is there to its end, also if the source grows or shrinks meanwhile; never longer
+    // than a source that grows for ever. Holes stay holes. Leaves the source's file offset
+    // anywhere.
     Status Copy(const ContentJob& job);
 
 private:

@@ -32,6 +32,9 @@ using DriveMap = std::map<char, std::string>;
 // not count.
 // "/a/b/" gives {"/a", "b"}, "/a" gives {"", "a"}, "C:\x\" gives {"C:", "x"}, "a" gives {"", "a"}.
 [[nodiscard]] std::pair<std::string, std::string> SplitLast(std::string_view path);
+// The parent as a path that can be opened: where SplitLast gives none, the root folder or, for a
+// relative path, the current one.
+[[nodiscard]] std::string ParentFolder(std::string_view path);
 // What the folder of a whole volume is called below a destination: the letter of a drive path; for
 // a mount path its components joined by '-', and "root" for "/".
 [[nodiscard]] std::string VolumeName(std::string_view path);

@@ -34,7 +34,8 @@ public:
     [[nodiscard]] int Descriptor() const { return m_descriptor->Get(); }
     [[nodiscard]] PosixVolume& Volume() const { return m_volume; }
 
-    // A descriptor that a listing can read from the beginning: the first time the folder's own, later another one.
+    // A descriptor that a listing can read from the beginning: the first time the folder's own,
+    // later another one.
     Result<std::shared_ptr<const UniqueFd>> OpenForListing() const;
 
     // Whether new items in it inherit an access control list; see acl(5).

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One reading of a folder by getdents64(2), which gives names as bytes and mostly also tells what they are.
+// One reading of a folder by getdents64(2), which gives names as bytes and mostly also tells what
+// they are.
 
 #pragma once
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An item that is about to be copied. A regular file is held open; links and special files are only described.
+// An item that is about to be copied. A regular file is held open; links and special files are only
+// described.
 
 #pragma once
 
@@ -17,7 +18,8 @@ namespace quorbit {
 
 class PosixSourceFile final : public SourceFile {
 public:
-    // The folder must be open for as long as the file. Fails with IsAFolder if the item has become a folder.
+    // The folder must be open for as long as the file. Fails with IsAFolder if the item has become
+    // a folder.
     static Result<std::unique_ptr<SourceFile>> Open(const PosixFolder& folder, const FindData& item,
                                                     ReadAhead readAhead);
 
@@ -33,7 +35,10 @@ public:
     [[nodiscard]] Result<std::string> LinkTarget() const;
 
 private:
-    PosixSourceFile(const PosixFolder& folder, const FindData& item) : m_folder(folder), m_data(item) {}
+    PosixSourceFile(const PosixFolder& folder, const FindData& item)
+        : m_folder(folder), m_data(item)
+    {
+    }
 
     Status OpenRegular();
     Status ReadStat();

@@ -23,11 +23,13 @@ struct TransferFacts {
 
 struct PosixVolume {
     dev_t device = 0;
-    std::uint32_t type = 0;             // f_type of statfs(2), 0 if it could not be told
-    bool ordersRenames = false;         // has the content of a file on the disk before a rename that puts it over another
-    bool closeTells = true;             // write errors may first show when a descriptor is closed
-    bool keepsEvenSeconds = false;      // last-write times in steps of two seconds
-    bool takesAnonymousFiles = true;    // O_TMPFILE; until it turns out otherwise
+    std::uint32_t type = 0;  // f_type of statfs(2), 0 if it could not be told
+    bool ordersRenames =
+        false;  // has the content of a file on the disk before a rename that puts it over another
+    bool closeTells = true;           // write errors may first show when a descriptor is closed
+    bool keepsEvenSeconds = false;    // last-write times in steps of two seconds
+    bool takesAnonymousFiles = true;  // O_TMPFILE; until it turns out otherwise
+    bool linksByDescriptor = true;    // AT_EMPTY_PATH of linkat(2), likewise
     std::unique_ptr<AttributeSource> attributes;
     std::map<dev_t, TransferFacts> transfersFrom;  // by the source's device
 };

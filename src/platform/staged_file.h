@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,9 @@ namespace quorbit {
 // renames it over path and syncs the folder. On failure the old file stands and nothing is left
 // behind. A symbolic link at path is followed: the file that it names is replaced.
 Status ReplaceFile(const std::string& path, std::string_view content);
+
+// Whether ReplaceFile would be allowed to: Ok also for a file that is yet to be made.
+Status CanReplace(const std::string& path);
 
 // Reads a regular file whole. Refuses anything else, and files above maxBytes (DiskFull stands for
 // "too large").

@@ -23,6 +23,9 @@ auto RetryInterrupted(Call call)
 }
 
 // The error of the call that has just failed.
-[[nodiscard]] inline Error LastError() { return ErrorFromErrno(errno); }
+[[nodiscard]] inline Error LastError()
+{
+    return ErrorFromErrno(errno);
+}
 
 }  // namespace quorbit

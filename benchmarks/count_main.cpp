@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The count pass over one folder and nothing else: bench_count FOLDER EXPECTED. Exit code 1 if it
+// counts another number of files.
+
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "batch/dir_copy.h"
+#include "engine/console_surface.h"
+#include "engine/run_context.h"
+#include "engine/tree_walk.h"
+#include "platform/path_text.h"
+#include "platform/posix_file_system.h"
+
+using namespace quorbit;
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::cerr << "Usage: bench_count FOLDER EXPECTED\n";
+        return 2;
+    }
+    PosixFileSystem files;
+    ConsoleSurface surface({[](std::string_view) {}, [](std::string_view) {}, [] { return 0; }},
+                           [] { return std::string(); });
+    CRunContext ctx;
+    ctx.m_pFiles = &files;
+    ctx.m_pDlg = &surface;
+
+    // A mask, so that each name is looked at as in a batch that selects.
+    const std::vector<std::string> masks{"*.dat"};
+    const WalkRules rules{masks, DCF_NO_ATTRS | DCF_SUBFOLDERS, 0, DCK_TYPES, {}};
+    const bool counted = CountFolder(ctx, WithSeparator(argv[1]), rules);
+    if (counted && std::to_string(ctx.m_nFilesLeft) == argv[2])
+        return 0;
+    std::cerr << "bench_count: " << ctx.m_nFilesLeft << " files instead of " << argv[2] << '\n';
+    return 1;
+}

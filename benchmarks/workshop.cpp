@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "benchmarks/workshop.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "batch/batch_file.h"
+
+namespace quorbit::bench {
+namespace {
+
+const char* const kDropCaches = "/proc/sys/vm/drop_caches";  // proc(5)
+
+namespace fs = std::filesystem;
+
+}  // namespace
+
+Workshop::Workshop(const Options& options) : m_options(options)
+{
+    ClaimFolder();
+    for (const Ending ending : {Ending::OnDisk, Ending::LeftToSystem}) {
+        fs::remove_all(SettingsPath(ending));
+        fs::create_directories(SettingsPath(ending));
+        Command setup = Quorbit(ending);
+        setup.arguments.emplace_back("--setup");
+        (void)RunTimed({setup});
+    }
+    const fs::path profile = fs::path(SettingsPath(Ending::LeftToSystem)) / "quorbit/profile.ini";
+    fs::create_directories(profile.parent_path());
+    std::ofstream file(profile);
+    file << "[Options]\nSyncAtEnd=0\n";
+    file.close();
+    if (!file)
+        GiveUp("cannot write " + profile.string());
+}
+
+// Trees are deleted here: a folder of somebody's own must not be taken for ours.
+void Workshop::ClaimFolder() const
+{
+    const fs::path mark = fs::path(m_options.folder) / ".quorbit-bench";
+    fs::create_directories(m_options.folder);
+    if (!fs::is_empty(m_options.folder) && !fs::exists(mark))
+        GiveUp(m_options.folder + " holds something else; --dir needs a new or an empty folder");
+    if (!std::ofstream(mark))
+        GiveUp("cannot write " + mark.string());
+}
+
+std::string Workshop::TreePath(const std::string& name) const
+{
+    return m_options.folder + "/trees/" + name + (m_options.quick ? "-quick" : "");
+}
+
+std::string Workshop::DestinationPath() const
+{
+    return m_options.folder + "/copy";
+}
+
+std::string Workshop::SettingsPath(Ending ending) const
+{
+    return m_options.folder + (ending == Ending::OnDisk ? "/settings" : "/settings-no-sync");
+}
+
+Command Workshop::Quorbit(Ending ending) const
+{
+    const std::string settings = SettingsPath(ending);
+    return {{m_options.program}, {{"XDG_CONFIG_HOME", settings}, {"XDG_STATE_HOME", settings}}};
+}
+
+Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending) const
+{
+    BatchFile batch;
+    batch.entries.push_back(entry);
+    const std::string path = SettingsPath(ending) + "/bench.qrb";
+    if (const BatchFileStatus written = WriteBatchFile(path, batch); !written)
+        GiveUp(written.GetError().Text());
+    Command command = Quorbit(ending);
+    command.arguments.insert(command.arguments.end(), {path, "/I"});
+    return command;
+}
+
+void Workshop::Settle() const
+{
+    sync();
+}
+
+bool Workshop::CanDropCaches() const
+{
+    return access(kDropCaches, W_OK) == 0;
+}
+
+void Workshop::DropCaches() const
+{
+    std::ofstream file(kDropCaches);
+    file << "3\n";
+    file.close();
+    if (!file)
+        GiveUp(std::string("cannot write ") + kDropCaches);
+}
+
+}  // namespace quorbit::bench

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "batch/profile.h"
+
+#include <cstddef>
+
+namespace quorbit {
+
+namespace {
+
+constexpr const char* kDrivesSection = "Drives";
+
+SettingsValue ValueOf(Setting setting, std::string text)
+{
+    const SettingInfo& info = InfoOf(setting);
+    return {info.section, info.name, std::move(text)};
+}
+
+}  // namespace
+
+std::int32_t Profile::GetProfileInt(Setting setting) const
+{
+    const SettingInfo& info = InfoOf(setting);
+    const auto stored = m_store.ReadInt(info.section, info.name);
+    const bool counts = stored && (!info.positiveOnly || *stored > 0);
+    return counts ? *stored : info.defaultInteger;
+}
+
+std::string Profile::GetProfileString(Setting setting) const
+{
+    return GetProfileString(setting, InfoOf(setting).defaultText);
+}
+
+std::string Profile::GetProfileString(Setting setting, const std::string& standard) const
+{
+    const SettingInfo& info = InfoOf(setting);
+    auto stored = m_store.ReadText(info.section, info.name);
+    return stored ? std::move(*stored) : standard;
+}
+
+void Profile::WriteProfileInt(Setting setting, std::int32_t value) const
+{
+    WriteProfileInts({{setting, value}});
+}
+
+void Profile::WriteProfileString(Setting setting, const std::string& value) const
+{
+    (void)m_store.Write({ValueOf(setting, value)});
+}
+
+void Profile::WriteProfileInts(const std::vector<std::pair<Setting, std::int32_t>>& values) const
+{
+    std::vector<SettingsValue> texts;
+    for (const auto& [setting, value] : values) {
+        texts.push_back(ValueOf(setting, std::to_string(value)));
+    }
+    (void)m_store.Write(texts);
+}
+
+PaneSize Profile::ReadPaneSize(Setting width, Setting height, PaneSize unset) const
+{
+    const std::int32_t stored = GetProfileInt(width);
+    return stored == InfoOf(width).defaultInteger ? unset : PaneSize{stored, GetProfileInt(height)};
+}
+
+PaneSize Profile::DriveViewSize() const
+{
+    return ReadPaneSize(Setting::DriveViewSizeX, Setting::DriveViewSizeY, {200, 260});
+}
+
+PaneSize Profile::EditViewSize() const
+{
+    return ReadPaneSize(Setting::EditViewSizeX, Setting::EditViewSizeY, {640, 140});
+}
+
+std::vector<std::string> Profile::RecentFiles() const
+{
+    std::vector<std::string> paths;
+    for (int i = 0; i < kRecentFiles; ++i) {
+        std::string path = GetProfileString(NthSetting(Setting::RecentFile1, i));
+        if (!path.empty()) {
+            paths.push_back(std::move(path));
+        }
+    }
+    return paths;
+}
+
+void Profile::WriteRecentFiles(const std::vector<std::string>& paths) const
+{
+    std::vector<SettingsValue> values;
+    for (int i = 0; i < kRecentFiles; ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        const std::string path = place < paths.size() ? paths[place] : std::string();
+        values.push_back(ValueOf(NthSetting(Setting::RecentFile1, i), path));
+    }
+    (void)m_store.Write(values);
+}
+
+DriveMap Profile::ReadDrives() const
+{
+    DriveMap drives;
+    const auto section = m_store.ReadSection(kDrivesSection);
+    if (!section) {
+        return drives;
+    }
+    for (const auto& [name, folder] : *section) {
+        const std::string drive = name + ':';
+        const bool letter = name.size() == 1 && IsDrivePath(drive);
+        if (letter && folder.starts_with('/')) {
+            const bool lower = name[0] >= 'a';
+            drives.try_emplace(static_cast<char>(lower ? name[0] - 'a' + 'A' : name[0]), folder);
+        }
+    }
+    return drives;
+}
+
+}  // namespace quorbit

@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "batch/qrb_doc.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace quorbit {
+namespace {
+
+constexpr const char* kEveryFile = "*.*";
+
+bool IsScript(const CDirCopy& entry)
+{
+    return (entry.m_dwFlags & (DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) != 0;
+}
+
+// An entry of what a dialog has gathered, with no more than its variety has.
+CDirCopy MakeEntry(EntryValues values, std::uint32_t kind, std::uint32_t id)
+{
+    CDirCopy entry(std::move(values.m_strSource), {}, values.m_dwFlags, kind, id);
+    if (IsScript(entry) && kind == DCK_NAMES) {
+        return entry;
+    }
+    entry.m_strDest = std::move(values.m_strDest);
+    entry.m_listItems = std::move(values.m_listItems);
+    if (kind == DCK_NAMES) {
+        entry.m_listFolderTypes = std::move(values.m_listFolderTypes);
+    }
+    return entry;
+}
+
+std::uint32_t SmallestFreeId(const std::vector<CDirCopy>& entries, const CDirCopy* except)
+{
+    std::set<std::uint32_t> taken;
+    for (const CDirCopy& entry : entries) {
+        if (&entry != except) {
+            taken.insert(entry.m_nId);
+        }
+    }
+    std::uint32_t id = 0;
+    while (taken.contains(id)) {
+        ++id;
+    }
+    return id;
+}
+
+}  // namespace
+
+std::vector<std::string> SplitMasks(const std::string& text)
+{
+    if (text == kEveryFile) {
+        return {kEveryFile};
+    }
+    std::vector<std::string> masks;
+    for (std::size_t at = text.find("*."); at != std::string::npos; at = text.find("*.", at)) {
+        const std::size_t end = std::min(text.find_first_of("*.", at + 2), text.size());
+        masks.push_back(text.substr(at, end - at));
+        at = end;
+    }
+    if (masks.empty()) {
+        masks.emplace_back(kEveryFile);
+    }
+    return masks;
+}
+
+void CQRBDoc::OnNewDocument()
+{
+    DeleteContents();
+    m_bModified = false;
+    RefreshEntries();
+    m_strFilePath.clear();
+}
+
+BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
+{
+    BatchFile file;
+    file.headerWords = m_headerWords;
+    if (BatchFileStatus read = ReadBatchFile(path, file); !read) {
+        return read;
+    }
+    m_headerWords = file.headerWords;
+    m_arrEntries = std::move(file.entries);
+    m_bModified = false;
+    m_strFilePath = path;
+    RefreshEntries();
+    return {};
+}
+
+BatchFileStatus CQRBDoc::OnSaveDocument(const std::string& path)
+{
+    m_strFilePath = path;
+    BatchFileStatus written = WriteBatchFile(path, {m_headerWords, m_arrEntries});
+    if (written) {
+        m_bModified = false;
+    }
+    return written;
+}
+
+void CQRBDoc::DeleteContents()
+{
+    m_arrEntries.clear();
+}
+
+std::uint32_t CQRBDoc::GetNextId() const
+{
+    return SmallestFreeId(m_arrEntries, nullptr);
+}
+
+void CQRBDoc::EditEntry(std::uint32_t id)
+{
+    const auto found = std::find_if(m_arrEntries.begin(), m_arrEntries.end(),
+                                    [id](const CDirCopy& entry) { return entry.m_nId == id; });
+    if (found == m_arrEntries.end()) {
+        return;
+    }
+    EntryValues values;
+    if (!RunDialogFor(*found, values)) {
+        return;
+    }
+    const std::uint32_t newId = SmallestFreeId(m_arrEntries, &*found);
+    *found = MakeEntry(std::move(values), found->m_nKind, newId);
+    SetModifiedFlag();
+    RefreshEntries();
+}
+
+bool CQRBDoc::RunDialogFor(const CDirCopy& entry, EntryValues& values)
+{
+    const bool bDelete = (entry.m_dwFlags & DCF_DELETE) != 0;
+    if (entry.m_nKind == DCK_TYPES) {
+        return m_services.fileTypeDialog &&
+               m_services.fileTypeDialog->DoModal(*this, &entry, bDelete, values);
+    }
+    if (IsScript(entry)) {
+        return m_services.scriptDialog && m_services.scriptDialog->DoModal(*this, &entry, values);
+    }
+    const bool bFiles = (entry.m_dwFlags & DCF_FOLDER_ITEMS) == 0;
+    return m_services.fileDialog &&
+           m_services.fileDialog->DoModal(*this, bFiles, &entry, bDelete, values);
+}
+
+void CQRBDoc::DeleteEntry(std::uint32_t id)
+{
+    const auto found = std::find_if(m_arrEntries.begin(), m_arrEntries.end(),
+                                    [id](const CDirCopy& entry) { return entry.m_nId == id; });
+    if (found == m_arrEntries.end()) {
+        return;
+    }
+    m_arrEntries.erase(found);
+    SetModifiedFlag();
+}
+
+bool CQRBDoc::IsFileSelection() const
+{
+    const auto* files = FindPane<FilePane>(ViewKind::FileList);
+    return files != nullptr && files->FilesSelected();
+}
+
+void CQRBDoc::AddView(CView* view)
+{
+    m_views.push_back(view);
+}
+
+void CQRBDoc::RemoveView(CView* view)
+{
+    std::erase(m_views, view);
+}
+
+CView* CQRBDoc::GetView(ViewKind kind) const
+{
+    const auto found = std::find_if(m_views.begin(), m_views.end(),
+                                    [kind](const CView* view) { return view->Kind() == kind; });
+    return found == m_views.end() ? nullptr : *found;
+}
+
+void CQRBDoc::UpdateAllViews(CView* sender, int nHint, const HintObject* object)
+{
+    // A view may leave while it is told.
+    for (CView* view : std::vector<CView*>(m_views)) {
+        if (view != sender && std::find(m_views.begin(), m_views.end(), view) != m_views.end()) {
+            view->OnUpdate(sender, nHint, object);
+        }
+    }
+}
+
+bool CQRBDoc::RouteCmdToViews(CView* activeView, int nId)
+{
+    return std::any_of(m_views.begin(), m_views.end(),
+                       [&](CView* view) { return view != activeView && view->OnCommand(nId); });
+}
+
+bool CQRBDoc::RouteUpdateToViews(CView* activeView, int nId, CommandState& state)
+{
+    return std::any_of(m_views.begin(), m_views.end(), [&](CView* view) {
+        return view != activeView && view->OnUpdateCommand(nId, state);
+    });
+}
+
+bool CQRBDoc::OnCommand(int nId)
+{
+    switch (nId) {
+        case CMD_START_BATCH:
+            OnStartBatch();
+            return true;
+        case CMD_NEW_FILE_TYPE_ENTRY:
+            OnNewFileTypeEntry();
+            return true;
+        case CMD_NEW_FILE_ENTRY:
+            OnNewFileEntry();
+            return true;
+        case CMD_NEW_SCRIPT_ENTRY:
+            OnNewScriptEntry();
+            return true;
+        case CMD_ADD_DEFAULT:
+            OnAddDefault();
+            return true;
+        case CMD_DELETE:
+            UpdateAllViews(nullptr, HINT_DELETE);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool CQRBDoc::OnUpdateCommand(int nId, CommandState& state)
+{
+    switch (nId) {
+        case CMD_START_BATCH:
+        case CMD_NEW_FILE_TYPE_ENTRY:
+        case CMD_NEW_FILE_ENTRY:
+        case CMD_NEW_SCRIPT_ENTRY:
+        case CMD_ADD_DEFAULT:
+        case CMD_DELETE:
+            state.enabled = true;
+            return true;
+        default:
+            return false;
+    }
+}
+
+void CQRBDoc::OnNewFileTypeEntry()
+{
+    const auto* drives = FindPane<DrivePane>(ViewKind::DriveTree);
+    const bool bDelete = drives != nullptr && drives->DeleteMode();
+    EntryValues values;
+    if (m_services.fileTypeDialog &&
+        m_services.fileTypeDialog->DoModal(*this, nullptr, bDelete, values)) {
+        Append(MakeEntry(std::move(values), DCK_TYPES, GetNextId()));
+    }
+}
+
+void CQRBDoc::OnNewFileEntry()
+{
+    const auto* files = FindPane<FilePane>(ViewKind::FileList);
+    const bool bDelete = files != nullptr && files->DeleteMode();
+    EntryValues values;
+    if (m_services.fileDialog &&
+        m_services.fileDialog->DoModal(*this, IsFileSelection(), nullptr, bDelete, values)) {
+        Append(MakeEntry(std::move(values), DCK_NAMES, GetNextId()));
+    }
+}
+
+void CQRBDoc::OnNewScriptEntry()
+{
+    EntryValues values;
+    if (m_services.scriptDialog && m_services.scriptDialog->DoModal(*this, nullptr, values)) {
+        Append(MakeEntry(std::move(values), DCK_NAMES, GetNextId()));
+    }
+}
+
+void CQRBDoc::Append(CDirCopy entry)
+{
+    m_arrEntries.push_back(std::move(entry));
+    SetModifiedFlag();
+    RefreshEntries();
+}
+
+// Leaves the modified flag alone: what it adds can be had again by the same command.
+void CQRBDoc::OnAddDefault()
+{
+    const DefaultEntry standard =
+        m_services.readDefaultEntry ? m_services.readDefaultEntry() : DefaultEntry();
+    const auto* drives = FindPane<DrivePane>(ViewKind::DriveTree);
+    CDirCopy entry(drives ? drives->GetSourcePath() : "", drives ? drives->GetDestPath() : "",
+                   standard.fileBits, DCK_TYPES, GetNextId());
+    entry.m_listItems = SplitMasks(standard.fileTypes);
+    m_arrEntries.push_back(std::move(entry));
+    RefreshEntries();
+}
+
+void CQRBDoc::OnStartBatch()
+{
+    if (m_services.runDialog) {
+        m_services.runDialog->DoModal(*this);
+    }
+}
+
+void CQRBDoc::RefreshEntries()
+{
+    if (CView* entries = GetView(ViewKind::EntryList)) {
+        entries->OnUpdate(nullptr, HINT_REFRESH_ENTRIES, nullptr);
+    }
+}
+
+}  // namespace quorbit

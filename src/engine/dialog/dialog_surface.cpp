@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/dialog/dialog_surface.h"
+
+#include <string>
+
+namespace quorbit {
+
+void DialogSurface::ShowText(RunText which, std::string_view text)
+{
+    m_snapshot.SetText(which, text);
+}
+
+void DialogSurface::ShowCounter(RunCounter which, std::int32_t value)
+{
+    m_snapshot.Set([=](RunFigures& f) { f.counters[static_cast<std::size_t>(which)] = value; });
+}
+
+void DialogSurface::AddBytes(std::uint64_t bytes)
+{
+    m_snapshot.Set([=](RunFigures& f) { f.bytes += bytes; });
+}
+
+void DialogSurface::EnableStopCounting(bool enable)
+{
+    m_snapshot.Set([=](RunFigures& f) { f.bStopCounting = enable; });
+}
+
+void DialogSurface::EnableViewLog(bool enable)
+{
+    m_snapshot.Set([=](RunFigures& f) { f.bViewLog = enable; });
+}
+
+void DialogSurface::SetProgressRange(std::int32_t range)
+{
+    m_snapshot.Set([=](RunFigures& f) {
+        f.nRange = range;
+        f.bCounted = true;
+    });
+}
+
+void DialogSurface::StepProgress()
+{
+    m_snapshot.Set([](RunFigures& f) { ++f.nSteps; });
+}
+
+void DialogSurface::ShowRunEnded()
+{
+    m_snapshot.Set([](RunFigures& f) { f.bEnded = true; });
+}
+
+// The error counter tells of it, and the log.
+void DialogSurface::ShowError(std::string_view) {}
+
+bool DialogSurface::AskYesNo(std::string_view text, std::string_view caption)
+{
+    return m_prompt.Ask(
+        {std::string(text), std::string(caption), PromptIcon::Exclamation, PromptButtons::YesNo});
+}
+
+void DialogSurface::ShowMessage(std::string_view text, std::string_view caption)
+{
+    // A warning, unless it says in its caption what it is.
+    const PromptIcon icon = caption.empty() ? PromptIcon::Exclamation : PromptIcon::None;
+    (void)m_prompt.Ask({std::string(text), std::string(caption), icon, PromptButtons::Ok});
+}
+
+void DialogSurface::CloseAndExit()
+{
+    m_bCloseAsked = true;
+}
+
+}  // namespace quorbit

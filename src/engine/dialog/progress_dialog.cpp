@@ -1,0 +1,487 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/dialog/progress_dialog.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "batch/settings.h"
+#include "engine/dialog/transfer_text.h"
+#include "engine/run_driver.h"
+#include "engine/run_flags.h"
+#include "engine/run_log.h"
+
+namespace quorbit {
+namespace {
+
+constexpr int kBetweenLooks = 34;  // ms; 30 times a second is as much as an eye can use
+constexpr int kExitNoRun = 2;
+
+// Names hold anything; on the screen they are one line.
+QString OnScreen(const std::string& text)
+{
+    return QString::fromStdString(Printable(text));
+}
+
+QString Name(const char* name)
+{
+    return QString::fromLatin1(name);
+}
+
+template <class Widget>
+Widget* Named(const char* name, const QString& text, QWidget* pParent)
+{
+    auto* pWidget = new Widget(pParent);
+    pWidget->setObjectName(Name(name));
+    pWidget->setText(text);
+    return pWidget;
+}
+
+// Leaves a label alone that shows the text already.
+void Show(QLabel* pLabel, const QString& text)
+{
+    if (pLabel->text() != text)
+        pLabel->setText(text);
+}
+
+// A label that shows a value.
+QLabel* Value(const char* name, const char* text, QWidget* pParent)
+{
+    auto* pLabel = Named<QLabel>(name, Name(text), pParent);
+    pLabel->setTextFormat(Qt::PlainText);
+    return pLabel;
+}
+
+QPushButton* Button(const char* name, const char* text, QWidget* pParent)
+{
+    auto* pButton = Named<QPushButton>(name, Name(text), pParent);
+    pButton->setAutoDefault(false);
+    return pButton;
+}
+
+}  // namespace
+
+CProgressDlg::CProgressDlg(QWidget* pParent, const CQRBDoc* pDoc, ProgressServices services)
+    : QDialog(pParent),
+      m_stcErrorCount(Value("m_stcErrorCount", "0", this)),
+      m_stcBackupCount(Value("m_stcBackupCount", "0", this)),
+      m_stcTotalCount(Value("m_stcTotalCount", "0", this)),
+      m_stcDidntSyncCount(Value("m_stcDidntSyncCount", "0", this)),
+      m_stcFileSize(Value("m_stcFileSize", "0 KB", this)),
+      m_stcSyncCount(Value("m_stcSyncCount", "0", this)),
+      m_stcDeleteCount(Value("m_stcDeleteCount", "0", this)),
+      m_stcCopyCount(Value("m_stcCopyCount", "0", this)),
+      m_btnViewLog(Button("m_btnViewLog", "&View Error/Copy Log", this)),
+      m_btnCancel(Button("m_btnCancel", "&Cancel", this)),
+      m_btnStopCounting(Button("m_btnStopCounting", "S&top Counting", this)),
+      m_stcElapsed(Value("m_stcElapsed", "0:0:0", this)),
+      m_stcFilesLeft(Value("m_stcFilesLeft", "0", this)),
+      m_stcDestFile(Named<PathLabel>("m_stcDestFile", {}, this)),
+      m_btnStart(Button("m_btnStart", "&Start Batch File", this)),
+      m_stcFileStatus(Value("m_stcFileStatus", "No file", this)),
+      m_stcCurrentFile(Named<PathLabel>("m_stcCurrentFile", {}, this)),
+      m_progress(new QProgressBar(this)),
+      m_stcTransfer(Value("m_stcTransfer", "", this)),
+      m_services(std::move(services)),
+      m_pDoc(pDoc)
+{
+    setWindowTitle(QStringLiteral("Process Files"));
+    setModal(true);
+    m_progress->setObjectName(Name("m_progress"));
+    m_progress->setTextVisible(false);
+    m_progress->setValue(0);
+    m_btnViewLog->setEnabled(false);
+    m_btnCancel->setDefault(true);
+    // A window of no size would still leave its frame.
+    setAttribute(Qt::WA_DontShowOnScreen, (m_services.nRunMode & kRunInvisible) != 0);
+    LayOut();
+
+    connect(m_btnStart, &QPushButton::clicked, this, &CProgressDlg::OnStartBatch);
+    connect(m_btnStopCounting, &QPushButton::clicked, this, &CProgressDlg::OnStopCounting);
+    connect(m_btnViewLog, &QPushButton::clicked, this, &CProgressDlg::OnViewLog);
+    connect(m_btnCancel, &QPushButton::clicked, this, &CProgressDlg::reject);
+    connect(&m_timer, &QTimer::timeout, this, &CProgressDlg::OnTimer);
+    m_timer.setTimerType(Qt::PreciseTimer);
+}
+
+CProgressDlg::~CProgressDlg()
+{
+    if (m_thread.joinable()) {
+        g_bStopRun = 1;
+        m_surface.Prompt().Abandon();
+        m_thread.join();
+    }
+    g_bRunStarted = 0;
+    g_bStopCounting = 0;
+    g_bStopRun = 0;
+}
+
+void CProgressDlg::reject()
+{
+    OnCancel();
+}
+
+void CProgressDlg::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!std::exchange(m_bInitialised, true))
+        OnInitDialog();
+}
+
+void CProgressDlg::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::HelpContents))
+        Q_EMIT HelpRequested(focusWidget());
+    else
+        QDialog::keyPressEvent(event);
+}
+
+// --- controls -----------------------------------------------------------------------------------
+
+void CProgressDlg::AddValue(QGridLayout* pGrid, int row, int column, const QString& label,
+                            QLabel* pValue)
+{
+    auto* pLabel = new QLabel(label, this);
+    // The value keeps its text as its name for a screen reader; what it is a value of is said next.
+    pLabel->setBuddy(pValue);
+    pValue->setAccessibleDescription(label.chopped(1));
+    pGrid->addWidget(pLabel, row, column);
+    pGrid->addWidget(pValue, row, column + 1);
+}
+
+QGroupBox* CProgressDlg::MakeFileGroup()
+{
+    auto* pGroup = new QGroupBox(QStringLiteral("Current File To Process"), this);
+    auto* pGrid = new QGridLayout(pGroup);
+    AddValue(pGrid, 0, 0, QStringLiteral("Current file:"), m_stcCurrentFile);
+    AddValue(pGrid, 1, 0, QStringLiteral("Destination file:"), m_stcDestFile);
+    AddValue(pGrid, 2, 0, QStringLiteral("File Status:"), m_stcFileStatus);
+    AddValue(pGrid, 3, 0, QStringLiteral("File size:"), m_stcFileSize);
+    pGrid->setColumnStretch(1, 1);
+    return pGroup;
+}
+
+QGroupBox* CProgressDlg::MakeStatsGroup()
+{
+    auto* pGroup = new QGroupBox(QStringLiteral("Total Stats"), this);
+    auto* pGrid = new QGridLayout(pGroup);
+    AddValue(pGrid, 0, 0, QStringLiteral("Elapsed time:"), m_stcElapsed);
+    AddValue(pGrid, 1, 0, QStringLiteral("Files left to process:"), m_stcFilesLeft);
+    AddValue(pGrid, 2, 0, QStringLiteral("Total count:"), m_stcTotalCount);
+    AddValue(pGrid, 3, 0, QStringLiteral("Delete count:"), m_stcDeleteCount);
+    AddValue(pGrid, 4, 0, QStringLiteral("Error count:"), m_stcErrorCount);
+    AddValue(pGrid, 0, 2, QStringLiteral("Copy count:"), m_stcCopyCount);
+    AddValue(pGrid, 1, 2, QStringLiteral("Sync count:"), m_stcSyncCount);
+    AddValue(pGrid, 2, 2, QStringLiteral("Didn't Sync count:"), m_stcDidntSyncCount);
+    AddValue(pGrid, 3, 2, QStringLiteral("Backup count:"), m_stcBackupCount);
+    pGrid->setColumnStretch(1, 1);
+    pGrid->setColumnStretch(3, 1);
+    return pGroup;
+}
+
+QLayout* CProgressDlg::MakeButtons()
+{
+    auto* pRow = new QHBoxLayout;
+    pRow->addWidget(m_btnStart);
+    pRow->addWidget(m_btnStopCounting);
+    pRow->addWidget(m_btnViewLog);
+    pRow->addStretch();
+    pRow->addWidget(m_btnCancel);
+    return pRow;
+}
+
+void CProgressDlg::LayOut()
+{
+    auto* pColumn = new QVBoxLayout(this);
+    pColumn->addWidget(MakeFileGroup());
+    pColumn->addWidget(MakeStatsGroup());
+    pColumn->addWidget(m_progress);
+    pColumn->addWidget(m_stcTransfer);
+    pColumn->addStretch();
+    pColumn->addLayout(MakeButtons());
+    setMinimumWidth(fontMetrics().averageCharWidth() * 90);
+    m_progress->setAccessibleName(QStringLiteral("Progress"));
+}
+
+// --- the run ------------------------------------------------------------------------------------
+
+void CProgressDlg::OnInitDialog()
+{
+    m_btnStopCounting->setEnabled(false);
+    if ((m_services.nRunMode & kRunInvisible) != 0) {
+        layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        setMinimumSize(0, 0);
+        setGeometry(0, 0, 0, 0);
+    }
+    const auto start = [this] {
+        if (isVisible())  // it may have been closed before it came to that
+            m_btnStart->click();
+    };
+    QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
+}
+
+void CProgressDlg::OnStartBatch()
+{
+    m_btnStart->setEnabled(false);
+    m_btnStopCounting->setEnabled(true);
+    MakeContext();
+
+    if (!OpenLog())
+        return;
+
+    m_timer.start(kBetweenLooks);
+    m_pRun->m_clock.Resume();
+    g_bRunStarted = 1;
+    StartWorker();
+    m_btnCancel->setFocus();
+}
+
+void CProgressDlg::MakeContext()
+{
+    m_pRun = std::make_unique<CRunContext>();
+    m_pRun->m_clock.Pause();
+    m_pRun->m_pDoc = m_pDoc;
+    m_pRun->m_pDlg = &m_surface;
+    m_pRun->m_pFiles = m_services.pFiles;
+    m_pRun->m_pProcesses = m_services.pProcesses;
+    m_pRun->m_drives = m_services.drives;
+    m_pRun->m_nRunMode = m_services.nRunMode;
+    m_pRun->m_readOptFlags = m_services.readOptFlags;
+    m_pRun->m_setExitCode = [this](int code) { m_nExitCode = code; };
+    m_pRun->m_bSyncAtEnd = m_services.bSyncAtEnd;
+}
+
+void CProgressDlg::StartWorker()
+{
+    m_thread = std::jthread([this] {
+        RunThreadProc(m_pRun.get());
+        m_surface.SetWorkerDone();
+    });
+}
+
+// No log, no run: false, and the dialog is closed.
+bool CProgressDlg::OpenLog()
+{
+    const auto folder = m_services.installPath();
+    const std::string path = folder ? MakeLogPath(*folder, m_pDoc->m_strFilePath) : "";
+    if (!folder || !m_services.storeLogPath(path)) {
+        Close();
+        return false;
+    }
+    auto log = m_services.createLog(path);
+    if (log)
+        m_pRun->m_pLogFile = std::make_unique<RunLog>(std::move(*log));
+    else
+        RefuseRun(path, log.GetError());
+    return log.Ok();
+}
+
+void CProgressDlg::RefuseRun(const std::string& logPath, const Error& error)
+{
+    const bool busy = error.Kind() == ErrorKind::Busy;
+    const std::string where = Printable(logPath);
+    const std::string text =
+        busy ? "This batch file is being run already. Its log file is in use by that run: " + where
+             : "The log file cannot be created: " + where + ": " + error.Text();
+    (void)m_services.pPrompts->Ask(text, "", PromptIcon::Stop, PromptButtons::Ok);
+    Close();
+    if (!busy)
+        m_services.endProgram(0);
+    else if (m_services.nRunMode != 0)
+        m_services.endProgram(kExitNoRun);
+}
+
+void CProgressDlg::OnStopCounting()
+{
+    g_bStopCounting = 1;
+    m_btnStopCounting->setEnabled(false);
+}
+
+void CProgressDlg::OnViewLog()
+{
+    if (const auto path = m_services.readLogPath())
+        ViewLog(*m_services.pTextEditor, *m_services.pPrompts, *path);
+}
+
+void CProgressDlg::OnTimer()
+{
+    // Asked first: what it stored before is then sure to be among what is taken.
+    const bool done = m_surface.WorkerDone();
+    ShowNewest();
+    if (done) {
+        EndOfWorker();
+    } else if (auto question = m_surface.Prompt().Take()) {
+        m_bAsking = true;
+        // Not from here: a timer is deaf while its own handler runs, and a box may stay open long.
+        const auto ask = [this, question = std::move(*question)] { AnswerWorker(question); };
+        QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
+    }
+}
+
+void CProgressDlg::AnswerWorker(const WorkerQuestion& question)
+{
+    const QPointer<CProgressDlg> alive(this);  // a box serves events, and they may do anything
+    const PromptAnswer answer =
+        m_services.pPrompts->Ask(question.text, question.caption, question.icon, question.buttons);
+    if (!alive)
+        return;
+    m_bAsking = false;
+    m_surface.Prompt().Answer(answer == PromptAnswer::Yes);
+}
+
+void CProgressDlg::EndOfWorker()
+{
+    m_timer.stop();
+    m_thread.join();
+    if (m_nExitCode != 0)
+        m_services.setExitCode(m_nExitCode);
+    const bool exit = m_surface.CloseAsked();
+    if (exit || m_bCloseWanted)
+        OnCancel();
+    if (exit)
+        m_services.postExit();
+}
+
+void CProgressDlg::OnCancel()
+{
+    const bool over = g_bStopRun && m_btnCancel->text() == u"OK";
+    if (!over && g_bRunStarted)
+        g_bStopRun = 1;
+    else if (m_thread.joinable())
+        m_bCloseWanted = true;
+    else
+        Close();
+}
+
+// The worker, if there was one, has ended and has closed the log.
+void CProgressDlg::Close()
+{
+    m_timer.stop();
+    constexpr auto kRefresh = static_cast<std::uint32_t>(kOptRefreshViews);
+    if (m_services.nRunMode == 0 && g_bRunStarted && (m_services.readOptFlags() & kRefresh) != 0)
+        m_services.postRefresh();
+    g_bRunStarted = 0;
+    if ((m_services.nRunMode & kRunAndStayOpen) != 0) {
+        if (m_pRun && m_pRun->m_nErrorCount > 0)
+            m_services.setExitCode(1);
+        m_services.postExit();
+    }
+    m_pRun.reset();
+    QDialog::reject();
+}
+
+// --- what is shown ------------------------------------------------------------------------------
+
+void CProgressDlg::ShowNewest()
+{
+    const bool changed = m_surface.Snapshot().Take(m_values);
+    if (changed) {
+        ShowTexts();
+        ShowProgress();
+        ShowStates();
+    }
+    ShowElapsed();
+    // Once more with the closing values, and then no longer.
+    if (m_values.figures.bCounted && (changed || !m_values.figures.bEnded))
+        MeasureRate();
+    ShowTransfer();
+}
+
+void CProgressDlg::ShowTexts()
+{
+    const auto showText = [this](QLabel* pLabel, RunText which) {
+        // What was never told keeps its first text.
+        if (!m_values.Text(which).empty())
+            Show(pLabel, OnScreen(m_values.Text(which)));
+    };
+    showText(m_stcCurrentFile, RunText::CurrentFile);
+    showText(m_stcDestFile, RunText::DestFile);
+    showText(m_stcFileStatus, RunText::Action);
+    showText(m_stcFileSize, RunText::FileSize);
+    showText(m_stcTotalCount, RunText::TotalCount);
+
+    const auto showCounter = [this](QLabel* pLabel, RunCounter which) {
+        Show(pLabel, QString::number(m_values.figures.Counter(which)));
+    };
+    showCounter(m_stcFilesLeft, RunCounter::FilesLeft);
+    showCounter(m_stcCopyCount, RunCounter::Copy);
+    showCounter(m_stcSyncCount, RunCounter::Sync);
+    showCounter(m_stcDeleteCount, RunCounter::Delete);
+    showCounter(m_stcDidntSyncCount, RunCounter::DidntSync);
+    showCounter(m_stcBackupCount, RunCounter::Backup);
+    showCounter(m_stcErrorCount, RunCounter::Error);
+}
+
+// The range holds the low 16 bits of the count only. The bar tells the truth beyond as well: it
+// fills in proportion, which is one step a file for all counts that fit.
+void CProgressDlg::ShowProgress()
+{
+    const RunFigures& figures = m_values.figures;
+    if (!figures.bCounted)
+        return;
+    // A range of nothing would make it a busy indicator.
+    m_progress->setRange(0, std::max(figures.nRange, 1));
+    const std::int64_t done = figures.nSteps;
+    const std::int64_t all = done + figures.Counter(RunCounter::FilesLeft);
+    if (done > 0 && all > 0)
+        m_progress->setValue(static_cast<int>(m_progress->maximum() * done / all));
+}
+
+void CProgressDlg::ShowStates()
+{
+    const RunFigures& figures = m_values.figures;
+    if (!figures.bStopCounting || figures.bEnded)
+        m_btnStopCounting->setEnabled(false);
+    if (figures.bViewLog)
+        m_btnViewLog->setEnabled(true);
+    if (figures.bEnded)
+        m_btnCancel->setText(QStringLiteral("OK"));
+}
+
+// The clock stands still as soon as a stop is asked for.
+void CProgressDlg::ShowElapsed()
+{
+    if (g_bStopRun)
+        m_pRun->m_clock.Stop();
+    Show(m_stcElapsed, QString::fromStdString(m_pRun->m_clock.Text()));
+}
+
+void CProgressDlg::ShowTransfer()
+{
+    const RunFigures& figures = m_values.figures;
+    const bool over = g_bStopRun || figures.bEnded;
+    // Nothing is left, and still it is not over: the disk is waited for, or a last script.
+    const bool finishing = figures.nSteps > 0 && figures.Counter(RunCounter::FilesLeft) == 0;
+    Transfer transfer;
+    transfer.bytes = figures.bytes;
+    transfer.bytesPerSecond = over ? m_rate.MeanBytesPerSecond() : m_rate.BytesPerSecond();
+    if (g_bStopRun && !figures.bEnded)
+        transfer.note = "stopping after this file";
+    else if (finishing && !over)
+        transfer.note = "finishing";
+    else if (!over)
+        transfer.left = m_rate.TimeLeft();
+    Show(m_stcTransfer, QString::fromStdString(TransferText(transfer)));
+}
+
+void CProgressDlg::MeasureRate()
+{
+    const RunFigures& figures = m_values.figures;
+    RunProgress progress{figures.nSteps, std::nullopt, figures.bytes};
+    if (!g_bStopCounting)
+        progress.filesLeft = figures.Counter(RunCounter::FilesLeft);
+    const auto now = std::chrono::steady_clock::now();
+    if (m_bAsking)
+        m_rate.Skip(now, progress);
+    else
+        m_rate.Update(now, progress);
+}
+
+}  // namespace quorbit

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/leftover_sweeper.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <ctime>
+
+#include "platform/posix_details.h"
+#include "platform/posix_listing.h"
+#include "platform/system_call.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr time_t kOldEnough = 24 * 60 * 60;
+
+enum class Owner { Dead, Alive, Unknown };
+
+Owner FindOwner(int file)
+{
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
+        return Owner::Dead;
+    }
+    return errno == EWOULDBLOCK ? Owner::Alive : Owner::Unknown;
+}
+
+// The status change, since the last-write time is already that of the source.
+bool IsOld(const struct stat& details)
+{
+    return details.st_ctim.tv_sec + kOldEnough < ::time(nullptr);
+}
+
+void SweepOne(int folder, const std::string& name)
+{
+    const Result<struct stat> details = StatAt(folder, name);
+    if (!details || S_ISDIR(details->st_mode)) {
+        return;
+    }
+    Owner owner = Owner::Unknown;
+    UniqueFd file;
+    if (S_ISREG(details->st_mode)) {
+        file = UniqueFd(RetryInterrupted([&] {
+            return ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        }));
+        owner = file.IsOpen() ? FindOwner(file.Get()) : Owner::Unknown;
+    }
+    if (owner == Owner::Dead || (owner == Owner::Unknown && IsOld(*details))) {
+        (void)::unlinkat(folder, name.c_str(), 0);
+    }
+}
+
+}  // namespace
+
+void SweepLeftovers(const PosixFolder& folder)
+{
+    Result<std::shared_ptr<const UniqueFd>> descriptor = folder.OpenForListing();
+    if (!descriptor) {
+        return;
+    }
+    PosixListing listing(std::move(*descriptor));
+    FindData item;
+    for (;;) {
+        const Result<bool> more = listing.Next(item);
+        if (!more || !*more) {
+            return;
+        }
+        if (item.leftover) {
+            SweepOne(folder.Descriptor(), item.name);
+        }
+    }
+}
+
+}  // namespace quorbit

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The root of the shell namespace: "My Computer", "Network Neighborhood", then what the user has on
+// the desktop.
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/shell/system_folder.h"
+
+namespace quorbit {
+
+class DesktopFolder final : public SystemFolder {
+public:
+    explicit DesktopFolder(std::shared_ptr<const ShellContext> context);
+
+    // My Computer comes first, Network Neighborhood second, whatever becomes of the rest.
+    [[nodiscard]] std::unique_ptr<ShellEnumerator> EnumObjects(std::uint32_t flags,
+                                                               std::stop_token stop) const override;
+    Result<ItemIdList> ParseDisplayName(std::string_view name) const override;
+
+private:
+    [[nodiscard]] std::string ParsingNameOf(const ItemIdContent& item) const override;
+    [[nodiscard]] std::shared_ptr<const ShellFolder> Bind(const ItemIdContent& item) const override;
+};
+
+// A namespace by these sources.
+[[nodiscard]] ShellFolderPtr MakeDesktopFolder(ShellSources sources);
+
+}  // namespace quorbit

@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The commands of the document, with dialogs and panes that answer by themselves.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "batch/command_table.h"
+#include "batch/qrb_doc.h"
+
+namespace quorbit {
+namespace {
+
+// All three entry dialogs and the run: keeps what it was asked, answers as told.
+class FakeDialogs : public FileTypeDialog,
+                    public FileDialog,
+                    public ScriptDialog,
+                    public RunDialog {
+public:
+    bool ok = true;
+    EntryValues answer;
+    std::vector<std::string> asked;
+    int runs = 0;
+
+    bool DoModal(CQRBDoc&, const CDirCopy* entry, bool bDelete, EntryValues& values) override
+    {
+        return Answer(
+            std::string("types") + (entry ? " edit" : " new") + (bDelete ? " delete" : ""), values);
+    }
+    bool DoModal(CQRBDoc&, bool bFiles, const CDirCopy* entry, bool bDelete,
+                 EntryValues& values) override
+    {
+        return Answer(std::string(bFiles ? "files" : "folders") + (entry ? " edit" : " new") +
+                          (bDelete ? " delete" : ""),
+                      values);
+    }
+    bool DoModal(CQRBDoc&, const CDirCopy* entry, EntryValues& values) override
+    {
+        return Answer(std::string("script") + (entry ? " edit" : " new"), values);
+    }
+    void DoModal(CQRBDoc&) override { ++runs; }
+
+private:
+    bool Answer(const std::string& question, EntryValues& values)
+    {
+        asked.push_back(question);
+        values = answer;
+        return ok;
+    }
+};
+
+class FakeView : public CView {
+public:
+    explicit FakeView(ViewKind kind, int command = 0) : m_kind(kind), m_nCommand(command) {}
+    std::vector<int> hints;
+    int commands = 0;
+
+    [[nodiscard]] ViewKind Kind() const override { return m_kind; }
+    void OnUpdate(CView*, int nHint, const HintObject*) override { hints.push_back(nHint); }
+    bool OnCommand(int nId) override
+    {
+        if (nId != m_nCommand) {
+            return false;
+        }
+        ++commands;
+        return true;
+    }
+    bool OnUpdateCommand(int nId, CommandState& state) override
+    {
+        state.checked = state.checked || nId == m_nCommand;
+        return nId == m_nCommand;
+    }
+
+private:
+    ViewKind m_kind;
+    int m_nCommand;
+};
+
+class FakeTree : public FakeView, public DrivePane {
+public:
+    FakeTree() : FakeView(ViewKind::DriveTree, CMD_REFRESH) {}
+    bool deleteMode = false;
+    [[nodiscard]] std::string GetSourcePath() const override { return "/from"; }
+    [[nodiscard]] std::string GetDestPath() const override { return "/to"; }
+    [[nodiscard]] std::string GetDeletePath() const override { return "/gone"; }
+    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
+};
+
+class FakeList : public FakeView, public FilePane {
+public:
+    FakeList() : FakeView(ViewKind::FileList) {}
+    bool deleteMode = false;
+    bool files = true;
+    [[nodiscard]] bool FilesSelected() const override { return files; }
+    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
+    [[nodiscard]] std::vector<std::string> GetSelectedNames() const override { return {}; }
+};
+
+class QrbDocCommandsTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        dialogs.answer.m_strSource = "/s";
+        dialogs.answer.m_strDest = "/d";
+        dialogs.answer.m_dwFlags = DCF_NO_ATTRS;
+        dialogs.answer.m_listItems = {"*.txt", "*.doc"};
+        dialogs.answer.m_listFolderTypes = {"*.x"};
+        for (FakeView* view :
+             {static_cast<FakeView*>(&list), static_cast<FakeView*>(&tree), &entries}) {
+            doc.AddView(view);
+        }
+    }
+    void AddEntry(std::uint32_t kind, std::uint32_t flags, std::uint32_t id)
+    {
+        doc.m_arrEntries.emplace_back("/old", "/older", flags, kind, id);
+    }
+    [[nodiscard]] std::vector<std::uint32_t> Ids() const
+    {
+        std::vector<std::uint32_t> ids;
+        for (const CDirCopy& entry : doc.m_arrEntries) {
+            ids.push_back(entry.m_nId);
+        }
+        return ids;
+    }
+
+    FakeDialogs dialogs;
+    DefaultEntry standard;
+    CQRBDoc doc{{&dialogs, &dialogs, &dialogs, &dialogs, [this] { return standard; }}};
+    FakeTree tree;
+    FakeList list;
+    FakeView entries{ViewKind::EntryList};
+};
+
+using Ids = std::vector<std::uint32_t>;
+using Strings = std::vector<std::string>;
+
+TEST_F(QrbDocCommandsTest, EachNewEntryTakesTheListsOfItsVariety)
+{
+    struct Case {
+        int command;
+        const char* question;
+        std::uint32_t flags;
+        std::uint32_t kind;
+        const char* dest;
+        std::size_t items;
+        std::size_t types;
+    };
+    for (const Case& c :
+         {Case{CMD_NEW_FILE_TYPE_ENTRY, "types new", DCF_NO_ATTRS, DCK_TYPES, "/d", 2, 0},
+          Case{CMD_NEW_FILE_ENTRY, "files new", DCF_NO_ATTRS, DCK_NAMES, "/d", 2, 1},
+          Case{CMD_NEW_SCRIPT_ENTRY, "script new", DCF_SCRIPT_DOS, DCK_NAMES, "", 0, 0}}) {
+        doc.OnNewDocument();
+        entries.hints.clear();
+        dialogs.asked.clear();
+        dialogs.answer.m_dwFlags = c.flags;
+        ASSERT_TRUE(doc.OnCommand(c.command));
+        EXPECT_EQ(dialogs.asked, Strings{c.question});
+        ASSERT_EQ(doc.m_arrEntries.size(), 1U) << c.question;
+        const CDirCopy& entry = doc.GetEntry(0);
+        EXPECT_EQ(entry.m_strSource, "/s");
+        EXPECT_EQ(entry.m_strDest, c.dest) << c.question;
+        EXPECT_EQ(entry.m_nKind, c.kind) << c.question;
+        EXPECT_EQ(entry.m_listItems.size(), c.items) << c.question;
+        EXPECT_EQ(entry.m_listFolderTypes.size(), c.types) << c.question;
+        EXPECT_TRUE(doc.IsModified());
+        EXPECT_EQ(entries.hints, std::vector<int>{HINT_REFRESH_ENTRIES});
+    }
+}
+
+TEST_F(QrbDocCommandsTest, PanesTellDialogsWhetherTheyDeleteAndWhatIsSelected)
+{
+    tree.deleteMode = true;
+    list.deleteMode = true;
+    list.files = false;
+    dialogs.ok = false;
+    doc.OnCommand(CMD_NEW_FILE_TYPE_ENTRY);
+    doc.OnCommand(CMD_NEW_FILE_ENTRY);
+    EXPECT_EQ(dialogs.asked, (Strings{"types new delete", "folders new delete"}));
+    EXPECT_TRUE(doc.m_arrEntries.empty());
+    EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(QrbDocCommandsTest, EditingRunsTheDialogOfTheVarietyAndKeepsThePlace)
+{
+    AddEntry(DCK_TYPES, DCF_DELETE, 4);
+    AddEntry(DCK_NAMES, DCF_SCRIPT_WSH, 7);
+    AddEntry(DCK_NAMES, 0, 1);
+    AddEntry(DCK_NAMES, DCF_FOLDER_ITEMS | DCF_DELETE, 9);
+    for (const std::uint32_t id : {4U, 7U, 1U, 9U, 50U}) {
+        doc.EditEntry(id);
+    }
+    EXPECT_EQ(dialogs.asked,
+              (Strings{"types edit delete", "script edit", "files edit", "folders edit delete"}));
+    // Each got the smallest number free when it was replaced; 1 was its own.
+    EXPECT_EQ(Ids(), (quorbit::Ids{0, 2, 1, 3}));
+    EXPECT_EQ(doc.GetEntry(3).m_nKind, static_cast<std::uint32_t>(DCK_NAMES));
+    EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(QrbDocCommandsTest, ACancelledEditChangesNothing)
+{
+    AddEntry(DCK_TYPES, 0, 3);
+    const std::vector<CDirCopy> before = doc.m_arrEntries;
+    dialogs.ok = false;
+    doc.EditEntry(3);
+    EXPECT_TRUE(doc.m_arrEntries == before);
+    EXPECT_FALSE(doc.IsModified());
+    EXPECT_TRUE(entries.hints.empty());
+}
+
+TEST_F(QrbDocCommandsTest, IdsAreReusedAndTheFirstOfTwoIsMeant)
+{
+    AddEntry(DCK_TYPES, 0, 0);
+    AddEntry(DCK_TYPES, 1, 1);
+    AddEntry(DCK_TYPES, 2, 1);
+    doc.DeleteEntry(0);
+    doc.DeleteEntry(1);
+    EXPECT_EQ(Ids(), quorbit::Ids{1});
+    EXPECT_EQ(doc.GetEntry(0).m_dwFlags, 2U);
+    doc.OnCommand(CMD_NEW_FILE_TYPE_ENTRY);
+    EXPECT_EQ(Ids(), (quorbit::Ids{1, 0}));
+    doc.SetModifiedFlag(false);
+    doc.DeleteEntry(77);
+    EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(QrbDocCommandsTest, AddDefaultMakesAnEntryOfTheStoredDefaults)
+{
+    standard = {DCF_SYNC, "*.txt*.doc*.htm"};
+    doc.OnCommand(CMD_ADD_DEFAULT);
+    ASSERT_EQ(doc.m_arrEntries.size(), 1U);
+    const CDirCopy& entry = doc.GetEntry(0);
+    EXPECT_EQ(entry.m_strSource, "/from");
+    EXPECT_EQ(entry.m_strDest, "/to");
+    EXPECT_EQ(entry.m_dwFlags, static_cast<std::uint32_t>(DCF_SYNC));
+    EXPECT_EQ(entry.m_listItems, (Strings{"*.txt", "*.doc", "*.htm"}));
+    EXPECT_FALSE(doc.IsModified());
+    EXPECT_EQ(entries.hints, std::vector<int>{HINT_REFRESH_ENTRIES});
+}
+
+TEST(SplitMasksTest, CutsARunOfMasks)
+{
+    EXPECT_EQ(SplitMasks("*.*"), Strings{"*.*"});
+    EXPECT_EQ(SplitMasks("Default"), Strings{"*.*"});
+    EXPECT_EQ(SplitMasks(""), Strings{"*.*"});
+    EXPECT_EQ(SplitMasks("*.tar.gz*.c"), (Strings{"*.tar", "*.c"}));
+    EXPECT_EQ(SplitMasks("x*.a*.b"), (Strings{"*.a", "*.b"}));
+    EXPECT_EQ(SplitMasks("*."), Strings{"*."});
+}
+
+TEST_F(QrbDocCommandsTest, CommandsGoToTheFirstViewThatTakesThem)
+{
+    EXPECT_TRUE(doc.RouteCmdToViews(nullptr, CMD_REFRESH));
+    EXPECT_EQ(tree.commands, 1);
+    EXPECT_FALSE(doc.RouteCmdToViews(&tree, CMD_REFRESH));
+    CommandState state;
+    EXPECT_TRUE(doc.RouteUpdateToViews(&list, CMD_REFRESH, state));
+    EXPECT_TRUE(state.checked);
+    EXPECT_FALSE(doc.OnCommand(CMD_REFRESH));
+}
+
+TEST_F(QrbDocCommandsTest, HintsReachAllButTheirSender)
+{
+    doc.OnCommand(CMD_DELETE);
+    doc.UpdateAllViews(&tree, HINT_FOLDER_SELECTED);
+    doc.RemoveView(&entries);
+    doc.UpdateAllViews(nullptr, HINT_FOLDER_OPENED);
+    EXPECT_EQ(tree.hints, (std::vector<int>{HINT_DELETE, HINT_FOLDER_OPENED}));
+    EXPECT_EQ(list.hints,
+              (std::vector<int>{HINT_DELETE, HINT_FOLDER_SELECTED, HINT_FOLDER_OPENED}));
+    EXPECT_EQ(entries.hints, (std::vector<int>{HINT_DELETE, HINT_FOLDER_SELECTED}));
+    EXPECT_EQ(doc.GetView(ViewKind::EntryList), nullptr);
+}
+
+TEST_F(QrbDocCommandsTest, StartRunsWhateverStandsInMemory)
+{
+    doc.SetModifiedFlag();
+    EXPECT_TRUE(doc.OnCommand(CMD_START_BATCH));
+    EXPECT_EQ(dialogs.runs, 1);
+    EXPECT_TRUE(doc.IsModified());
+}
+
+TEST(CommandTableTest, HoldsEachCommandAndEachKeyOnce)
+{
+    std::vector<int> ids;
+    Strings keys;
+    for (const Command& command : CommandTable()) {
+        ids.push_back(command.nId);
+        if (!command.key.empty()) {
+            keys.emplace_back(command.key);
+        }
+        EXPECT_FALSE(command.help.empty()) << command.nId;
+        EXPECT_EQ(FindCommand(command.nId), &command);
+    }
+    std::sort(ids.begin(), ids.end());
+    std::sort(keys.begin(), keys.end());
+    EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end());
+    EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end());
+    EXPECT_EQ(FindCommand(CMD_ADD_DEFAULT), nullptr);
+}
+
+}  // namespace
+}  // namespace quorbit

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Who is asked when something fails, and what ends a run.
+
+#include <gmock/gmock.h>
+
+#include "engine/failure_policy.h"
+#include "engine/run_context.h"
+#include "engine/run_fixture.h"
+
+namespace quorbit {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using Box = RecordingSurface::Box;
+
+constexpr std::uint32_t kDelete = kAll | DCF_DELETE;
+constexpr const char* kStoppedByUser = "\r\n\r\n**** Stopped by user. ****\r\n\r\n\r\nElapsed time";
+constexpr const char* kErrorMaximum =
+    "\r\n***** Error maximum was reached *****\r\n\r\n\r\nElapsed time";
+
+class FailurePolicyTest : public RunFixture {
+protected:
+    FailurePolicyTest() { Write({"source/"}); }
+
+    // Files that cannot be deleted.
+    RunResult FailingRun(int files)
+    {
+        for (int i = 0; i < files; ++i)
+            Write({"source/" + std::to_string(i) + "=x"});
+        return Run({Entry(kDelete)}, [](FailingFileSystem& disk) {
+            disk.FailAlways(Call::DeleteFile, ErrorFromErrno(EBUSY));
+        });
+    }
+    const Box m_prompt{"Device or resource busy\r\n  Do you want to CANCEL file processing?",
+                       "Error"};
+};
+
+TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
+{
+    const struct {
+        std::uint32_t mode;
+        std::uint32_t options;
+        std::size_t prompts;
+        int exitCode;
+        bool closes;
+    } cases[] = {
+        {0, 0, 2, 0, false},
+        {0, 1, 0, 0, false},
+        {0, 2, 2, 0, false},  // the other bit has nothing to do with it
+        {kRunAndQuit, 0, 2, 1, true},
+        {kRunAndQuit, 1, 0, 1, true},
+        {kRunAndStayOpen, 0, 2, 0, false},  // the dialog gives the code when it is closed
+        {kRunInvisible, 0, 0, 1, true},
+        {kRunInvisible | kRunAndQuit, 0, 0, 1, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "mode " << c.mode << ", options " << c.options);
+        m_nRunMode = c.mode;
+        m_nOptFlags = c.options;
+        const RunResult run = FailingRun(2);
+        EXPECT_EQ(run.surface.prompts, std::vector<Box>(c.prompts, m_prompt));
+        EXPECT_TRUE(run.surface.messages.empty());
+        EXPECT_EQ(run.counters, "error 2");
+        EXPECT_THAT(run.surface.errors,
+                    ElementsAre("Device or resource busy", "Device or resource busy"));
+        EXPECT_EQ(run.exitCode, c.exitCode);
+        EXPECT_EQ(run.surface.events.back(), c.closes ? "close" : "ended");
+    }
+}
+
+TEST_F(FailurePolicyTest, ARunWithoutErrorsGivesNoExitCode)
+{
+    for (const std::uint32_t mode : {kRunInvisible, kRunAndQuit}) {
+        m_nRunMode = mode;
+        EXPECT_EQ(Run({Entry(kTree)}).exitCode, 0);
+    }
+}
+
+TEST_F(FailurePolicyTest, YesStopsTheRun)
+{
+    m_nRunMode = kRunAndQuit;
+    m_answers = {false, true};
+    const RunResult run = FailingRun(4);
+    EXPECT_EQ(run.surface.prompts, (std::vector<Box>{m_prompt, m_prompt}));
+    EXPECT_EQ(run.counters, "left 3 error 2");
+    EXPECT_THAT(run.log, HasSubstr(kStoppedByUser));
+    const std::vector<Box> end{
+        {"Process canceled by user.  Hit OK to continue.", "Process stopped."}};
+    EXPECT_EQ(run.surface.messages, end);
+    EXPECT_EQ(run.exitCode, 1);
+    // The error has its line, the file under work has none any more.
+    EXPECT_THAT(run.log,
+                HasSubstr("ERROR: Device or resource busy\r\n" + std::string(kStoppedByUser)));
+}
+
+TEST_F(FailurePolicyTest, TheClockStandsStillWhileAnErrorIsShown)
+{
+    m_onPrompt = [this] { m_now += 1h; };
+    EXPECT_THAT(FailingRun(2).log, HasSubstr("Elapsed time: 0:0:0\r\n"));
+    // The box for an invalid source does not stop it.
+    const RunResult run = Run({Entry(kAll, "@/none")});
+    EXPECT_THAT(run.log, HasSubstr("Elapsed time: 1:0:0\r\n"));
+}
+
+TEST_F(FailurePolicyTest, TheLinesBeforeAPromptAreInTheFile)
+{
+    std::string log;
+    m_onPrompt = [&] { log = LogSoFar(); };
+    (void)FailingRun(1);
+    EXPECT_THAT(log, EndsWith("\r\nAction: Delete File.\r\n"));
+    (void)Run({Entry(kAll), Entry(kAll, "@/none")});
+    EXPECT_THAT(log, EndsWith("Destination File: " + Path("@/dest/0") + "\r\nFile Size: 1 KB\r\n"));
+}
+
+TEST_F(FailurePolicyTest, AnInvalidSourceAsksUnlessSuppressedOrInvisible)
+{
+    const std::vector<Box> prompt{{Path("Source path is invalid. @/none/  Do you want to CANCEL "
+                                        "file processing?"),
+                                   ""}};
+    const std::vector<CDirCopy> entries{Entry(kAll, "@/none"), Entry(kAll)};
+    const struct {
+        std::uint32_t mode;
+        std::uint32_t options;
+        bool asked;
+        bool yes;
+    } cases[] = {{0, 0, true, false},
+                 {0, 0, true, true},
+                 {0, 1, false, true},
+                 {kRunInvisible, 0, false, true}};
+    for (const auto& c : cases) {
+        m_nRunMode = c.mode;
+        m_nOptFlags = c.options;
+        m_answers = {c.yes};
+        const RunResult run = Run(entries);
+        EXPECT_EQ(run.surface.prompts, c.asked ? prompt : std::vector<Box>{});
+        EXPECT_EQ(run.counters, "error 1");
+        EXPECT_THAT(run.log, HasSubstr("ERROR: Source path is invalid. \r\n"));
+        const bool stopped = c.asked && c.yes;
+        EXPECT_EQ(run.log.find("Stopped by user.") != std::string::npos, stopped);
+        EXPECT_EQ(run.surface.messages.size(), stopped ? 1U : 0U);
+    }
+}
+
+TEST_F(FailurePolicyTest, AnInvisibleRunStopsAtItsSixthError)
+{
+    m_nRunMode = kRunInvisible;
+    const RunResult five = FailingRun(5);
+    EXPECT_EQ(five.counters, "error 5");
+    EXPECT_THAT(five.log, Not(HasSubstr("Error maximum")));
+    const RunResult run = FailingRun(8);
+    EXPECT_EQ(run.counters, "left 3 error 6");
+    EXPECT_THAT(run.log, HasSubstr(kErrorMaximum));
+    EXPECT_THAT(run.log, EndsWith("Error Count: 6\r\n"));
+    EXPECT_TRUE(run.surface.messages.empty());
+    EXPECT_EQ(run.exitCode, 1);
+    m_nRunMode = kRunAndQuit;
+    EXPECT_EQ(FailingRun(8).counters, "error 8");
+}
+
+TEST_F(FailurePolicyTest, InvalidSourcesAloneDoNotReachTheMaximum)
+{
+    m_nRunMode = kRunInvisible;
+    std::vector<CDirCopy> entries(7, Entry(kAll, "@/none"));
+    const RunResult run = Run(entries);
+    EXPECT_EQ(run.counters, "error 7");
+    EXPECT_THAT(run.log, Not(HasSubstr("Error maximum")));
+
+    Write({"source/a=x"});
+    entries.push_back(Entry(kDelete));
+    entries.push_back(Entry(kAll, "@/none"));
+    const RunResult stopped = Run(entries, [](FailingFileSystem& disk) {
+        disk.FailAlways(Call::DeleteFile, ErrorFromErrno(EBUSY));
+    });
+    EXPECT_EQ(stopped.counters, "left 1 error 8");
+    EXPECT_THAT(stopped.log, HasSubstr(kErrorMaximum));
+}
+
+TEST_F(FailurePolicyTest, ADiskThatCannotBeSyncedIsAnErrorBeforeTheFooter)
+{
+    const auto failing = [](FailingFileSystem& disk) {
+        disk.FailAlways(Call::SyncWritten, ErrorFromErrno(EIO));
+    };
+    m_bSyncAtEnd = true;
+    Write({"source/a=x", "dest/"});
+    const RunResult run = Run({Entry(kAll)}, failing);
+    EXPECT_THAT(run.log, EndsWith("File Size: 1 KB\r\nERROR: Input/output error\r\n\r\n" +
+                                  Footer({.total = "1", .copy = 1, .error = 1})));
+    m_bSyncAtEnd = false;
+    EXPECT_EQ(Run({Entry(kAll)}, failing).counters, "copy 1");
+}
+
+}  // namespace
+}  // namespace quorbit

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Runs documents over real temporary folders and gives what came of it.
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "engine/run_driver.h"
+#include "engine/run_flags.h"
+#include "platform/posix_file_system.h"
+#include "platform/posix_process_runner.h"
+#include "support/failing_file_system.h"
+#include "support/recording_surface.h"
+#include "support/temp_folder.h"
+#include "support/tree.h"
+
+namespace quorbit {
+
+using Call = FileSystemCall;
+
+inline constexpr std::uint32_t kAll = DCF_ALL_TYPES | DCF_NO_ATTRS;
+inline constexpr std::uint32_t kTree = kAll | DCF_SUBFOLDERS | DCF_PRESERVE_TREE;
+
+// The numbers of a log's footer.
+struct Totals {
+    std::string total = "0";
+    int deleted = 0;
+    int sync = 0;
+    int didntSync = 0;
+    int copy = 0;
+    int backup = 0;
+    int error = 0;
+};
+
+struct RunResult {
+    RecordingSurface surface;
+    std::string log;       // all bytes of the file
+    std::string counters;  // those that are not 0: "left 1 copy 2 error 1"
+    int exitCode = 0;
+};
+
+// In paths and in expected texts "@" stands for the temporary folder.
+class RunFixture : public testing::Test {
+protected:
+    RunFixture() { ClearFlags(); }
+    ~RunFixture() override { ClearFlags(); }
+
+    [[nodiscard]] std::string Root() const { return m_folder.Path(); }
+    [[nodiscard]] std::string Path(std::string text) const
+    {
+        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;)
+            text.replace(at, 1, Root());
+        return text;
+    }
+    void Write(const TreeLines& items) const { WriteTree(Root(), items); }
+    [[nodiscard]] TreeLines Tree(const std::string& path) const { return ReadTree(Path(path)); }
+
+    // An entry of masks.
+    [[nodiscard]] CDirCopy Entry(std::uint32_t flags, const std::string& source = "@/source",
+                                 const std::string& dest = "@/dest",
+                                 std::vector<std::string> masks = {"*.*"}) const
+    {
+        CDirCopy entry(Path(source), Path(dest), flags, DCK_TYPES, 0);
+        entry.m_listItems = std::move(masks);
+        return entry;
+    }
+    [[nodiscard]] CDirCopy Names(std::uint32_t flags, std::vector<std::string> names) const
+    {
+        CDirCopy entry = Entry(flags, "@/source", "@/dest", std::move(names));
+        entry.m_nKind = DCK_NAMES;
+        return entry;
+    }
+    [[nodiscard]] CDirCopy FolderList(std::uint32_t flags, std::vector<std::string> folders,
+                                      const std::string& source = "@/source",
+                                      const std::string& dest = "@/dest",
+                                      std::vector<std::string> masks = {"*.*"}) const
+    {
+        CDirCopy entry = Entry(flags | DCF_FOLDER_ITEMS, source, dest, std::move(folders));
+        entry.m_nKind = DCK_NAMES;
+        entry.m_listFolderTypes = std::move(masks);
+        return entry;
+    }
+
+    using Prepare = std::function<void(FailingFileSystem& files)>;
+    // One run, with the flags cleared before it.
+    RunResult Run(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
+    {
+        ClearFlags();
+        return RunWithFlags(std::move(entries), prepare);
+    }
+    RunResult RunWithFlags(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
+    {
+        CQRBDoc doc;
+        doc.m_arrEntries = std::move(entries);
+        doc.m_strFilePath = Path("@/batch.qrb");
+        PosixFileSystem disk(m_drives);
+        FailingFileSystem files(disk);
+        if (prepare)
+            prepare(files);
+        RunResult result;
+        result.surface.answers = m_answers;
+        result.surface.onPrompt = m_onPrompt;
+        auto output = CreateLogOutput(LogPath());
+        EXPECT_TRUE(output.Ok());
+        PosixProcessRunner processes(0);
+        CRunContext ctx{.m_pDoc = &doc,
+                        .m_pDlg = &result.surface,
+                        .m_pFiles = &files,
+                        .m_pProcesses = &processes,
+                        .m_drives = m_drives,
+                        .m_nRunMode = m_nRunMode,
+                        .m_readOptFlags = [this] { return m_nOptFlags; },
+                        .m_setExitCode = [&](int code) { result.exitCode = code; },
+                        .m_bSyncAtEnd = m_bSyncAtEnd,
+                        .m_clock = ElapsedClock([this] { return m_now; }),
+                        .m_pLogFile = std::make_unique<RunLog>(std::move(*output))};
+        EXPECT_EQ(RunThreadProc(&ctx), 0U);
+        EXPECT_FALSE(ctx.m_pLogFile);
+        result.log = ContentOf(LogPath());
+        result.counters = CountersOf(ctx);
+        return result;
+    }
+
+    // What of the log is in the file now.
+    [[nodiscard]] std::string LogSoFar() const { return ContentOf(LogPath()); }
+
+    // A whole log. Lines of the body end in "\n" and become CR LF.
+    [[nodiscard]] std::string Log(const std::string& body, const Totals& totals) const
+    {
+        return Lines(
+                   "Quorbit   File name: @/batch.qrb\n"
+                   "\nTo find file operations, search on these texts:\n"
+                   "Copying File.\nCreate Folder.\nDidn't Sync File.\nSync File.\n"
+                   "Delete File.\nDelete Folder.\nERROR.\n\n" +
+                   body) +
+               Footer(totals);
+    }
+    [[nodiscard]] std::string Footer(const Totals& totals) const
+    {
+        return Lines("\n\nElapsed time: 0:0:0\nTotal Count: " + totals.total +
+                     "\nDelete Count: " + std::to_string(totals.deleted) +
+                     "\nSync Count: " + std::to_string(totals.sync) +
+                     "\nDidn't Sync Count: " + std::to_string(totals.didntSync) +
+                     "\nCopy Count: " + std::to_string(totals.copy) +
+                     "\nBackup Count: " + std::to_string(totals.backup) +
+                     "\nError Count: " + std::to_string(totals.error) + "\n");
+    }
+
+    std::uint32_t m_nRunMode = 0;
+    std::uint32_t m_nOptFlags = 0;
+    bool m_bSyncAtEnd = false;  // a sync takes its time on a busy machine
+    DriveMap m_drives;
+    std::vector<bool> m_answers;
+    std::function<void()> m_onPrompt;
+    std::chrono::steady_clock::time_point m_now{};  // stands still unless a test moves it
+
+private:
+    static void ClearFlags() { g_bStopRun = g_bStopCounting = 0; }
+    [[nodiscard]] std::string Lines(const std::string& text) const
+    {
+        std::string lines;
+        for (const char c : Path(text))
+            lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        return lines;
+    }
+    static std::string CountersOf(const CRunContext& ctx)
+    {
+        const std::pair<const char*, int> counters[] = {
+            {"left", ctx.m_nFilesLeft},     {"copy", ctx.m_nCopyCount},
+            {"sync", ctx.m_nSyncCount},     {"didn't sync", ctx.m_nDidntSyncCount},
+            {"backup", ctx.m_nBackupCount}, {"delete", ctx.m_nDeleteCount},
+            {"error", ctx.m_nErrorCount},
+        };
+        std::string text;
+        for (const auto& [name, value] : counters) {
+            if (value != 0)
+                text += std::string(text.empty() ? "" : " ") + name + " " + std::to_string(value);
+        }
+        return text;
+    }
+
+    [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/run.log"; }
+
+    TempFolder m_folder;
+    TempFolder m_logFolder;
+};
+
+}  // namespace quorbit

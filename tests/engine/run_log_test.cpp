@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/run_log.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "engine/run_context.h"
+#include "engine/show.h"
+#include "support/recording_surface.h"
+
+namespace quorbit {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+// Keeps every write apart; the writes that are listed fail.
+class WritesApart : public LogOutput {
+public:
+    WritesApart(std::vector<std::string>& writes, std::vector<std::size_t> failing)
+        : m_writes(writes), m_failing(std::move(failing))
+    {
+    }
+    Status Write(std::string_view bytes) override
+    {
+        m_writes.emplace_back(bytes);
+        const bool fails = std::ranges::find(m_failing, m_writes.size()) != m_failing.end();
+        return fails ? Status(ErrorFromErrno(ENOSPC)) : Status();
+    }
+
+private:
+    std::vector<std::string>& m_writes;
+    std::vector<std::size_t> m_failing;
+};
+
+class RunLogTest : public testing::Test {
+protected:
+    // failing: the writes that fail, from 1.
+    std::unique_ptr<RunLog> MakeLog(std::vector<std::size_t> failing = {})
+    {
+        return std::make_unique<RunLog>(std::make_unique<WritesApart>(m_writes, std::move(failing)),
+                                        [] { return s_now; });
+    }
+
+    static inline steady_clock::time_point s_now{};
+    std::vector<std::string> m_writes;
+};
+
+using Writes = std::vector<std::string>;
+
+TEST_F(RunLogTest, GathersLinesForATenthOfASecondFromTheFirstOfThem)
+{
+    const auto log = MakeLog();
+    EXPECT_TRUE(log->Add("a"));
+    s_now += 60ms;
+    EXPECT_TRUE(log->Add("b"));
+    s_now += 39ms;
+    EXPECT_TRUE(log->FlushIfDue());
+    EXPECT_TRUE(log->Add(""));
+    EXPECT_EQ(m_writes, Writes{});
+    s_now += 1ms;
+    EXPECT_TRUE(log->Add("c"));
+    EXPECT_EQ(m_writes, (Writes{"a\r\nb\r\n\r\nc\r\n"}));
+
+    EXPECT_TRUE(log->Add("d"));  // a new tenth begins
+    s_now += 100ms;
+    EXPECT_EQ(m_writes.size(), 1U);
+    EXPECT_TRUE(log->FlushIfDue());
+    EXPECT_EQ(m_writes.back(), "d\r\n");
+    s_now += 1h;
+    EXPECT_TRUE(log->FlushIfDue());  // nothing to write is no write
+    EXPECT_TRUE(log->Flush());
+    EXPECT_EQ(m_writes.size(), 2U);
+}
+
+TEST_F(RunLogTest, WritesWhenToldToAndWhenItIsFull)
+{
+    const auto log = MakeLog();
+    EXPECT_TRUE(log->Add("a"));
+    EXPECT_TRUE(log->Flush());
+    EXPECT_EQ(m_writes, Writes{"a\r\n"});
+    const std::string half(32 * 1024 - 2, 'x');
+    EXPECT_TRUE(log->Add(half));
+    EXPECT_EQ(m_writes.size(), 1U);
+    EXPECT_TRUE(log->Add(half));
+    EXPECT_EQ(m_writes.back(), half + "\r\n" + half + "\r\n");
+}
+
+TEST_F(RunLogTest, TellsAFailureOnceAWriteAndGoesOnWithWhatFollows)
+{
+    RecordingSurface surface;
+    CRunContext ctx;
+    ctx.m_pDlg = &surface;
+    ctx.m_pLogFile = MakeLog({1, 2});
+    WriteLogLine(ctx, "lost");
+    WriteLogLine(ctx, "lost too");
+    EXPECT_TRUE(surface.messages.empty());
+    FlushLog(ctx);
+    ASSERT_EQ(surface.messages.size(), 1U);
+    EXPECT_EQ(surface.messages[0].text, "Error writing to the logfile.");
+    WriteLogLine(ctx, "lost again");
+    FlushLog(ctx);
+    EXPECT_EQ(surface.messages.size(), 2U);
+    WriteLogLine(ctx, "kept");
+    FlushLog(ctx);
+    EXPECT_EQ(surface.messages.size(), 2U);
+    EXPECT_EQ(m_writes, (Writes{"lost\r\nlost too\r\n", "lost again\r\n", "kept\r\n"}));
+    ctx.m_pLogFile.reset();
+    WriteLogLine(ctx, "after the end");
+    FlushLog(ctx);
+    EXPECT_EQ(surface.messages.size(), 2U);
+}
+
+TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)
+{
+    const struct {
+        const char* install;
+        const char* document;
+        const char* expected;
+    } cases[] = {
+        {"/state/", "/home/me/Nightly.qrb", "/state/Nightly.log"},
+        {"/state", "/home/me/Nightly.qrb", "/state/Nightly.log"},
+        {"/state/", "/x.y/Nightly.old.qrb", "/state/Nightly.old.log"},
+        {"/state/", "/a\\b/c\\d.qrb", "/state/c\\d.log"},
+        {"C:\\Quorbit\\", "D:\\a.b\\Nightly.qrb", "C:\\Quorbit\\Nightly.log"},
+        // No dot, or no name at all.
+        {"/state/", "/x.y/Nightly", "/state/.log"},
+        {"/state", "/x.y/Nightly", "/state.log"},
+        {"/state/", "", "/state/.log"},
+        {"/state", "", "/state.log"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(MakeLogPath(c.install, c.document), c.expected)
+            << c.install << ", " << c.document;
+}
+
+TEST(FileSizeText, RoundsAsTheLogDoes)
+{
+    const std::pair<std::uint64_t, const char*> cases[] = {
+        {0, "1 KB"},
+        {1023, "1 KB"},
+        {1024, "1 KB"},
+        {1499, "1 KB"},
+        {1500, "2 KB"},
+        {2047, "2 KB"},
+        {2048, "2 KB"},
+        {20480, "20 KB"},
+        {21504, "22 KB"},
+        {1048576, "1025 KB"},
+        {0x7FFFFFFF, "2097152 KB"},
+        {0xFFFFFFFF, "4194304 KB"},
+        {0x1'0000'0000, "1 KB"},  // the low 32 bits alone
+        {0x1'0000'1000, "4 KB"},
+    };
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(FileSizeText(bytes), text) << bytes;
+}
+
+}  // namespace
+}  // namespace quorbit

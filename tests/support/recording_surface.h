@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A run surface for tests: keeps what it is told and answers the prompts by a script.
+
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "engine/run_surface.h"
+
+namespace quorbit {
+
+class RecordingSurface : public RunSurface {
+public:
+    struct Box {
+        std::string text;
+        std::string caption;
+        bool operator==(const Box&) const = default;
+    };
+
+    std::vector<bool> answers;       // to the prompts in their order; No when there are no more
+    std::function<void()> onPrompt;  // called while a prompt or a box stands open; may be null
+
+    std::vector<Box> prompts;
+    std::vector<Box> messages;
+    std::vector<std::string> errors;
+    std::vector<std::pair<RunText, std::string>> texts;
+    std::map<RunCounter, std::vector<std::int32_t>> counters;  // every value shown
+    std::vector<std::string> events;  // what else happened: "range 3", "step", "ended", ...
+    std::uint64_t bytes = 0;
+
+    void ShowText(RunText which, std::string_view text) override
+    {
+        texts.emplace_back(which, text);
+    }
+    void ShowCounter(RunCounter which, std::int32_t value) override
+    {
+        counters[which].push_back(value);
+    }
+    void AddBytes(std::uint64_t count) override { bytes += count; }
+    void EnableStopCounting(bool enable) override
+    {
+        events.emplace_back(enable ? "stop counting on" : "stop counting off");
+    }
+    void EnableViewLog(bool enable) override
+    {
+        events.emplace_back(enable ? "view log on" : "view log off");
+    }
+    void SetProgressRange(std::int32_t range) override
+    {
+        events.push_back("range " + std::to_string(range));
+    }
+    void StepProgress() override { events.emplace_back("step"); }
+    void ShowRunEnded() override { events.emplace_back("ended"); }
+    void ShowError(std::string_view text) override { errors.emplace_back(text); }
+    bool AskYesNo(std::string_view text, std::string_view caption) override
+    {
+        prompts.push_back({std::string(text), std::string(caption)});
+        if (onPrompt)
+            onPrompt();
+        return prompts.size() <= answers.size() && answers[prompts.size() - 1];
+    }
+    void ShowMessage(std::string_view text, std::string_view caption) override
+    {
+        messages.push_back({std::string(text), std::string(caption)});
+        if (onPrompt)
+            onPrompt();
+    }
+    void CloseAndExit() override { events.emplace_back("close"); }
+};
+
+}  // namespace quorbit

@@ -1,0 +1,72 @@
+# SPDX-FileCopyrightText: The Quorbit authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# The layer rule: which folder of src/ may include from which.
+#
+#   awk -v widget_headers="QWidget QIcon ..." -f tools/layers.awk src/engine/run_log.h ...
+#
+# Paths are relative to the repository. Prints one line for each include that breaks the rule; exit 1 if there is one.
+
+BEGIN {
+    may["platform"] = "platform"
+    may["platform/shell"] = "platform platform/shell"
+    may["batch"] = "platform batch"
+    may["engine"] = "platform batch engine"
+    below = "platform platform/shell batch engine"
+    may["engine/dialog"] = below " engine/dialog"
+    may["panes"] = below " panes"
+    may["dialogs"] = below " dialogs"
+    may["look"] = below " look"
+    may["app"] = below " engine/dialog panes dialogs look app"
+
+    windowless["platform"]
+    windowless["platform/shell"]
+    windowless["batch"]
+    windowless["engine"]
+
+    count = split(widget_headers, names, " ")
+    for (i = 1; i <= count; ++i) is_widget[names[i]]
+}
+
+FNR == 1 {
+    folder = FILENAME
+    sub(/^src\//, "", folder)
+    sub(/\/[^\/]*$/, "", folder)
+    if (!(folder in may)) fault(folder " is not a layer", "put the file into one of the folders of src/")
+}
+
+/^[ \t]*#[ \t]*include[ \t]*"/ {
+    split($0, parts, "\"")
+    header = parts[2]
+    if (header ~ /\.moc$/ || !(folder in may)) next
+    target = header
+    if (!sub(/\/[^\/]*$/, "", target) || target ~ /\.\./)
+        fault("\"" header "\" is not a path from src/", "write the folder, as in \"platform/error.h\"")
+    else if (!(target in may))
+        fault("\"" header "\" is in no layer", "write the path from src/")
+    else if (!allowed(folder, target))
+        fault(folder " must not include from " target,
+              "let " folder " own an abstract class that " target " implements, or move the code")
+}
+
+(folder in windowless) && /^[ \t]*#[ \t]*include[ \t]*</ {
+    header = $0
+    gsub(/^[^<]*<|>.*$/, "", header)
+    if (header ~ /^Qt(Widgets|Gui)\// || header in is_widget)
+        fault(folder " must not see a window, and <" header "> is of one", "use Qt Core or none of Qt here")
+}
+
+END { exit broken }
+
+function allowed(from, to,    list, i, n)
+{
+    n = split(may[from], list, " ")
+    for (i = 1; i <= n; ++i) if (list[i] == to) return 1
+    return 0
+}
+
+function fault(what, remedy)
+{
+    printf "%s:%d: %s; %s\n", FILENAME, FNR, what, remedy
+    broken = 1
+}
