@@ -14,12 +14,13 @@ namespace {
 constexpr std::uint32_t kWholeTree =
     DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES;
 
-// Who is measured. What comes before and after the commands is not timed.
-struct Contestant {
-    std::vector<Command> commands;
-    std::function<void()> prepare;
-    std::function<std::string()> check;  // empty if the work was done, else what is wrong
-};
+// From here on the copies of a row stay until the row is over. ext4 gives a deleted file's inode to
+// nobody else for a minute or more: who creates many files where many were just deleted pays for
+// the search, and more than for the copy.
+constexpr std::uint64_t kManyFiles = 1000;
+
+// Who is measured: what is done to the tree, given the place of the copy that belongs to the run.
+using Contestant = std::function<std::vector<Command>(const std::string& copy)>;
 
 // Which two are compared.
 struct Duel {
@@ -36,23 +37,36 @@ double Median(std::vector<double> values)
     return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
+Command PeerCopy(const std::string& peer, const std::string& tree, const std::string& copy)
+{
+    if (peer == "rsync -a") {
+        return {{"rsync", "-a", tree + "/", copy + "/"}, {}};
+    }
+    return {{"cp", "-a", tree, copy}, {}};
+}
+
 class Contest {
 public:
     Contest(const Row& row, const Workshop& workshop)
         : m_row(row),
           m_workshop(workshop),
           m_shape(workshop.GetOptions().quick ? row.quickShape : row.shape),
-          m_tree(workshop.TreePath(row.tree)),
-          m_copy(workshop.DestinationPath())
+          m_tree(workshop.TreePath(row.tree))
     {
     }
 
     [[nodiscard]] std::vector<Finding> Run()
     {
         EnsureTree(m_tree, m_shape);
-        RemoveTree(m_copy);
-        if (!m_row.cold && m_row.work != Work::Memory)
-            WarmUp(m_tree);
+        m_workshop.ClearCopies();
+        std::vector<Finding> findings = m_row.work == Work::Memory ? MeasureMemory() : Measure();
+        m_workshop.ClearCopies();
+        return findings;
+    }
+
+private:
+    [[nodiscard]] std::vector<Finding> Measure()
+    {
         switch (m_row.work) {
             case Work::FreshCopy:
                 EnterFreshCopy();
@@ -63,56 +77,44 @@ public:
             case Work::Count:
                 EnterCount();
                 break;
-            case Work::DeleteFiles:
-            case Work::DeleteFolder:
+            default:
                 EnterDelete();
                 break;
-            case Work::Memory:
-                return MeasureMemory();
         }
         PlayRounds();
-        RemoveTree(m_copy);
         return Compare();
     }
 
-private:
-    using Prepare = std::function<void()>;
-    using Check = std::function<std::string()>;
-
-    [[nodiscard]] Command QuorbitOn(const std::string& source, const std::string& dest,
-                                    std::uint32_t flags, Ending ending = Ending::OnDisk) const
+    [[nodiscard]] Command Quorbit(const std::string& source, const std::string& dest,
+                                  std::uint32_t flags, Ending ending = Ending::OnDisk) const
     {
         CDirCopy entry(source, dest, flags, DCK_TYPES, 0);
         entry.m_listItems = {"*.*"};
         return m_workshop.QuorbitCommand(entry, ending);
     }
-    [[nodiscard]] Command PeerCopy(const std::string& peer) const
+    std::size_t Enter(Contestant contestant)
     {
-        if (peer == "rsync -a")
-            return {{"rsync", "-a", m_tree + "/", m_copy + "/"}, {}};
-        return {{"cp", "-a", m_tree, m_copy}, {}};
-    }
-    std::size_t Enter(std::vector<Command> commands, Prepare prepare, Check check)
-    {
-        m_contestants.push_back({std::move(commands), std::move(prepare), std::move(check)});
-        m_timings.emplace_back();
+        m_contestants.push_back(std::move(contestant));
+        m_seconds.emplace_back();
         return m_contestants.size() - 1;
     }
 
     // Twice: the work alone, and the work until it is on the disk.
     void EnterFreshCopy()
     {
-        const Prepare clear = [this] { RemoveTree(m_copy); };
-        const Check compare = [this] { return CompareTree(m_copy, m_shape); };
         for (const bool onDisk : {false, true}) {
             const Ending ending = onDisk ? Ending::OnDisk : Ending::LeftToSystem;
-            const std::size_t ours =
-                Enter({QuorbitOn(m_tree, m_copy, kWholeTree, ending)}, clear, compare);
+            const std::size_t ours = Enter([this, ending](const std::string& copy) {
+                return std::vector{Quorbit(m_tree, copy, kWholeTree, ending)};
+            });
             for (const Bar& bar : m_row.bars) {
-                std::vector<Command> commands{PeerCopy(bar.peer)};
-                if (onDisk)
-                    commands.push_back({{"sync", "-f", m_copy}, {}});
-                const std::size_t theirs = Enter(std::move(commands), clear, compare);
+                const std::size_t theirs = Enter([this, bar, onDisk](const std::string& copy) {
+                    std::vector commands{PeerCopy(bar.peer, m_tree, copy)};
+                    if (onDisk) {
+                        commands.push_back({{"sync", "-f", copy}, {}});
+                    }
+                    return commands;
+                });
                 m_duels.push_back(
                     {ours, theirs, bar.peer + (onDisk ? ", on disk" : ", work"), bar.ratio});
             }
@@ -121,110 +123,135 @@ private:
 
     void EnterUnchangedSync()
     {
-        (void)RunTimed({PeerCopy("cp -a")});
-        const Check compare = [this] { return CompareTree(m_copy, m_shape); };
-        const std::size_t ours = Enter(
-            {QuorbitOn(m_tree, m_copy, kWholeTree | DCF_SYNC)}, [] {}, compare);
-        EnterPeers(
-            ours, [this](const Bar& bar) { return PeerCopy(bar.peer); }, [] {}, compare);
+        const std::size_t ours = Enter([this](const std::string& copy) {
+            return std::vector{Quorbit(m_tree, copy, kWholeTree | DCF_SYNC)};
+        });
+        for (const Bar& bar : m_row.bars) {
+            EnterPeer(ours, bar, [this, bar](const std::string& copy) {
+                return std::vector{PeerCopy(bar.peer, m_tree, copy)};
+            });
+        }
     }
 
     void EnterCount()
     {
-        const Check none = [] { return std::string(); };
-        const std::string expected = std::to_string(m_shape.Files());
-        const std::size_t ours = Enter(
-            {{{m_workshop.GetOptions().counter, m_tree, expected}, {}}}, [] {}, none);
-        EnterPeers(
-            ours,
-            [this](const Bar&) {
-                return Command{{"find", m_tree, "-type", "f"}, {}};
-            },
-            [] {}, none);
+        const std::size_t ours = Enter([this](const std::string&) {
+            const std::string expected = std::to_string(m_shape.Files());
+            return std::vector{Command{{m_workshop.GetOptions().counter, m_tree, expected}, {}}};
+        });
+        EnterPeer(ours, m_row.bars.at(0), [this](const std::string&) {
+            return std::vector{Command{{"find", m_tree, "-type", "f"}, {}}};
+        });
     }
 
     void EnterDelete()
     {
-        const Prepare lay = [this] {
-            RemoveTree(m_copy);
-            (void)RunTimed({PeerCopy("cp -a")});
-        };
         const std::uint32_t flags =
             m_row.work == Work::DeleteFolder
                 ? DCF_NO_ATTRS | DCF_DELETE | DCF_DELETE_FOLDER
                 : DCF_NO_ATTRS | DCF_DELETE | DCF_SUBFOLDERS | DCF_ALL_TYPES;
-        const Check gone = [this] { return CompareTree(m_copy, {}); };
-        const std::size_t ours = Enter({QuorbitOn(m_copy, "", flags)}, lay, gone);
-        EnterPeers(
-            ours,
-            [this](const Bar&) {
-                return Command{{"rm", "-rf", m_copy}, {}};
-            },
-            lay, gone);
+        const std::size_t ours = Enter([this, flags](const std::string& copy) {
+            return std::vector{Quorbit(copy, "", flags)};
+        });
+        EnterPeer(ours, m_row.bars.at(0), [](const std::string& copy) {
+            return std::vector{Command{{"rm", "-rf", copy}, {}}};
+        });
     }
 
-    void EnterPeers(std::size_t ours, const std::function<Command(const Bar&)>& command,
-                    const Prepare& prepare, const Check& check)
+    void EnterPeer(std::size_t ours, const Bar& bar, Contestant contestant)
     {
-        for (const Bar& bar : m_row.bars) {
-            const std::size_t theirs = Enter({command(bar)}, prepare, check);
-            m_duels.push_back({ours, theirs, bar.peer, bar.ratio});
-        }
+        m_duels.push_back({ours, Enter(std::move(contestant)), bar.peer, bar.ratio});
     }
 
     // A fresh copy of the whole tree and of one with a tenth of its folders.
-    [[nodiscard]] std::vector<Finding> MeasureMemory()
+    [[nodiscard]] std::vector<Finding> MeasureMemory() const
     {
         TreeShape tenth = m_shape;
         tenth.folders /= 10;
         EnsureTree(m_tree + "-tenth", tenth);
-        const double whole = PeakOfCopy(m_tree);
-        const double part = PeakOfCopy(m_tree + "-tenth");
+        const double part = PeakOfCopy(m_tree + "-tenth", m_workshop.CopyPath("tenth"));
+        const double whole = PeakOfCopy(m_tree, m_workshop.CopyPath("whole"));
         const double limit = 32;
         const Bar& underLimit = m_row.bars.at(0);
         const Bar& noGrowth = m_row.bars.at(1);
         return {{underLimit.peer, whole, limit, whole / limit, underLimit.ratio},
                 {noGrowth.peer, whole, part, whole / part, noGrowth.ratio}};
     }
-    [[nodiscard]] double PeakOfCopy(const std::string& tree) const
+    [[nodiscard]] double PeakOfCopy(const std::string& tree, const std::string& copy) const
     {
-        RemoveTree(m_copy);
         std::cerr << m_row.name << ": " << tree << '\n';
-        const Timing timing = RunTimed({QuorbitOn(tree, m_copy, kWholeTree)});
-        RemoveTree(m_copy);
-        return timing.peakMiB;
+        return RunTimed({Quorbit(tree, copy, kWholeTree)}).peakMiB;
+    }
+
+    [[nodiscard]] bool Deletes() const
+    {
+        return m_row.work == Work::DeleteFiles || m_row.work == Work::DeleteFolder;
+    }
+    // Every run that makes or deletes a copy has one of its own.
+    [[nodiscard]] std::string CopyPath(std::size_t who, unsigned round) const
+    {
+        return m_workshop.CopyPath(m_row.work == Work::UnchangedSync
+                                       ? std::string("same")
+                                       : std::to_string(who) + "-" + std::to_string(round));
+    }
+    void LayCopy(const std::string& copy) const
+    {
+        (void)RunTimed({PeerCopy("cp -a", m_tree, copy)});
+    }
+    void LayCopies() const
+    {
+        if (m_row.work == Work::UnchangedSync) {
+            LayCopy(CopyPath(0, 0));
+        }
+        for (std::size_t who = 0; Deletes() && who < m_contestants.size(); ++who) {
+            for (unsigned round = 0; round < m_workshop.GetOptions().rounds; ++round) {
+                LayCopy(CopyPath(who, round));
+            }
+        }
     }
 
     // Every round turns the order round, so that nobody always comes first.
     void PlayRounds()
     {
+        LayCopies();
         const unsigned rounds = m_workshop.GetOptions().rounds;
         for (unsigned round = 0; round < rounds; ++round) {
             std::cerr << m_row.name << ": round " << round + 1 << " of " << rounds << '\n';
+            if (!m_row.cold && !Deletes()) {
+                WarmUp(m_tree);
+            }
             for (std::size_t turn = 0; turn < m_contestants.size(); ++turn) {
                 const std::size_t who = round % 2 == 0 ? turn : m_contestants.size() - 1 - turn;
-                m_timings[who].push_back(Play(m_contestants[who]).seconds);
+                m_seconds[who].push_back(Play(m_contestants[who], CopyPath(who, round)));
             }
         }
     }
-    [[nodiscard]] Timing Play(const Contestant& contestant) const
+    [[nodiscard]] double Play(const Contestant& contestant, const std::string& copy) const
     {
-        contestant.prepare();
+        const std::vector<Command> commands = contestant(copy);
         m_workshop.Settle();
-        if (m_row.cold)
+        if (m_row.cold) {
             m_workshop.DropCaches();
-        const Timing timing = RunTimed(contestant.commands);
-        if (const std::string fault = contestant.check(); !fault.empty())
-            GiveUp(contestant.commands[0].arguments[0] + " did not do its work: " + fault);
-        return timing;
+        }
+        const double seconds = RunTimed(commands).seconds;
+        if (m_row.work != Work::Count) {
+            const std::string fault = CompareTree(copy, Deletes() ? TreeShape{} : m_shape);
+            if (!fault.empty()) {
+                GiveUp(commands[0].arguments[0] + " did not do its work: " + fault);
+            }
+        }
+        if (m_row.work == Work::FreshCopy && m_shape.Files() < kManyFiles) {
+            RemoveTree(copy);
+        }
+        return seconds;
     }
 
     [[nodiscard]] std::vector<Finding> Compare() const
     {
         std::vector<Finding> findings;
         for (const Duel& duel : m_duels) {
-            const std::vector<double>& ours = m_timings[duel.ours];
-            const std::vector<double>& theirs = m_timings[duel.theirs];
+            const std::vector<double>& ours = m_seconds[duel.ours];
+            const std::vector<double>& theirs = m_seconds[duel.theirs];
             std::vector<double> ratios;
             std::ranges::transform(ours, theirs, std::back_inserter(ratios), std::divides<>());
             findings.push_back(
@@ -237,9 +264,8 @@ private:
     const Workshop& m_workshop;
     TreeShape m_shape;
     std::string m_tree;
-    std::string m_copy;
     std::vector<Contestant> m_contestants;
-    std::vector<std::vector<double>> m_timings;  // seconds by contestant and round
+    std::vector<std::vector<double>> m_seconds;  // by contestant and round
     std::vector<Duel> m_duels;
 };
 
@@ -247,8 +273,9 @@ private:
 
 RowResult MeasureRow(const Row& row, const Workshop& workshop)
 {
-    if (row.cold && !workshop.CanDropCaches())
+    if (row.cold && !workshop.CanDropCaches()) {
         return {{}, "dropping the caches needs root; not measured"};
+    }
     return {Contest(row, workshop).Run(), {}};
 }
 

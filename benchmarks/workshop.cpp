@@ -54,9 +54,21 @@ std::string Workshop::TreePath(const std::string& name) const
     return m_options.folder + "/trees/" + name + (m_options.quick ? "-quick" : "");
 }
 
-std::string Workshop::DestinationPath() const
+std::string Workshop::CopyPath(const std::string& name) const
 {
-    return m_options.folder + "/copy";
+    return m_options.folder + "/copies/" + name;
+}
+
+void Workshop::ClearCopies() const
+{
+    const fs::path copies = m_options.folder + "/copies";
+    const bool any = fs::exists(copies) && !fs::is_empty(copies);
+    fs::remove_all(copies);
+    fs::create_directory(copies);
+    Settle();
+    if (any && CanDropCaches()) {
+        DropCaches();
+    }
 }
 
 std::string Workshop::SettingsPath(Ending ending) const

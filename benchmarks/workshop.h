@@ -28,8 +28,10 @@ public:
 
     [[nodiscard]] const Options& GetOptions() const { return m_options; }
     [[nodiscard]] std::string TreePath(const std::string& name) const;
-    // Where everything is copied to; gone between two runs.
-    [[nodiscard]] std::string DestinationPath() const;
+    // Where a copy goes. Names are free again after ClearCopies.
+    [[nodiscard]] std::string CopyPath(const std::string& name) const;
+    // Deletes all copies and lets the system forget that they were there, as far as it can be told.
+    void ClearCopies() const;
     // The command that runs a batch of this entry.
     [[nodiscard]] Command QuorbitCommand(const CDirCopy& entry, Ending ending) const;
 

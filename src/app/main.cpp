@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "app/command_line.h"
+#include "app/display.h"
 #include "app/exit_code.h"
 #include "app/show_batch.h"
 #include "app/unattended_run.h"
+#include "app/window_program.h"
 #include "batch/batch_file.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
@@ -59,7 +61,15 @@ int SetUp()
     return done ? kExitOk : kExitNoRun;
 }
 
-int Start(CommandLine line)
+// Before the first start is over, switches do not count.
+bool IsFirstRunAhead(const SettingsStore& machine)
+{
+    const auto folder = machine.FirstSection();
+    const auto marker = folder ? machine.ReadText(*folder, NameOf(MachineValue::Run1)) : folder;
+    return marker ? *marker == "1" : machine.State() == StoreState::Missing;
+}
+
+int StartUnattended(const CommandLine& line)
 {
     const SettingsStores stores = OpenSettingsStores();
     FatalOnConsole fatal;
@@ -69,25 +79,34 @@ int Start(CommandLine line)
     if (!machine.GetRegValue(MachineValue::Run1)) {
         return kExitOk;
     }
-    if (machine.IsFirstRun() && line.nRunMode != 0) {
+    if (machine.IsFirstRun()) {
         std::fputs(
             "quorbit: Command line options don't work if you are running for the first time.  Just "
             "run "
             "again and they will work.\n",
             stderr);
-        line.nRunMode = 0;
+        return kExitNoRun;
     }
-    if (line.nRunMode & kRunInvisible) {
-        return RunUnattended(line, machine, Profile(stores.profile));
+    return RunUnattended(line, machine, Profile(stores.profile));
+}
+
+int Start(const CommandLine& line, const char* programName)
+{
+    const bool unattended = (line.nRunMode & kRunInvisible) != 0;
+    if (HasDisplay() && !(unattended && !IsFirstRunAhead(OpenSettingsStores().machine))) {
+        return RunInWindow(line, programName);
+    }
+    if (unattended) {
+        return StartUnattended(line);
     }
     std::fputs("quorbit: this needs a window, and there is no display. Run a batch file with /I.\n",
                stderr);
     return kExitNoRun;
 }
 
-int Main(const std::vector<std::string>& arguments)
+int Main(const std::vector<std::string>& arguments, const char* programName)
 {
-    CommandLine line = ParseCommandLine(arguments, FileExists);
+    const CommandLine line = ParseCommandLine(arguments, FileExists);
     switch (line.action) {
         case CommandAction::Help:
             std::fputs(UsageText().c_str(), stdout);
@@ -105,7 +124,7 @@ int Main(const std::vector<std::string>& arguments)
         case CommandAction::Start:
             break;
     }
-    return Start(std::move(line));
+    return Start(line, programName);
 }
 
 }  // namespace
@@ -113,5 +132,6 @@ int Main(const std::vector<std::string>& arguments)
 
 int main(int argc, char** argv)
 {
-    return quorbit::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return quorbit::Main(arguments, argc > 0 ? argv[0] : "quorbit");
 }

@@ -48,7 +48,9 @@ void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::strin
 {
     ClearReadOnly(*ctx.m_pFiles, folder, item);
     const std::string subfolder = path + item.name + SeparatorOf(path);
-    if (const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name)) {
+    const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);
+    // The home folder may be mounted a second time inside the tree.
+    if (opened && !ctx.m_pFiles->IsProtected(**opened)) {
         DeleteFolderTree(ctx, **opened, subfolder, rules);
     }
     RemoveFolder(ctx, folder, item.name, subfolder);

@@ -6,7 +6,8 @@
 // Work is done relative to open folders and by the byte names that a listing gave, so that a walk
 // cannot be led out of its tree by a folder that is swapped for a link while it runs, and so that
 // neither the length nor the spelling of a path matters. Paths in text form appear only where a
-// walk begins.
+// walk begins. A name is one component; an empty one, ".", ".." and one with a separator or a NUL
+// byte are refused with EINVAL.
 //
 // Symbolic links inside a tree are items of their own: copied, deleted and probed as links, never
 // followed. Special files are recreated, never opened.

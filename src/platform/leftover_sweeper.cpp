@@ -4,14 +4,13 @@
 #include "platform/leftover_sweeper.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <ctime>
 
 #include "platform/posix_details.h"
+#include "platform/posix_io.h"
 #include "platform/posix_listing.h"
 #include "platform/system_call.h"
 
@@ -20,16 +19,6 @@ namespace quorbit {
 namespace {
 
 constexpr time_t kOldEnough = 24 * 60 * 60;
-
-enum class Owner { Dead, Alive, Unknown };
-
-Owner FindOwner(int file)
-{
-    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
-        return Owner::Dead;
-    }
-    return errno == EWOULDBLOCK ? Owner::Alive : Owner::Unknown;
-}
 
 // The status change, since the last-write time is already that of the source.
 bool IsOld(const struct stat& details)
@@ -43,15 +32,15 @@ void SweepOne(int folder, const std::string& name)
     if (!details || S_ISDIR(details->st_mode)) {
         return;
     }
-    Owner owner = Owner::Unknown;
+    FileLock lock = FileLock::Unable;
     UniqueFd file;
     if (S_ISREG(details->st_mode)) {
         file = UniqueFd(RetryInterrupted([&] {
             return ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         }));
-        owner = file.IsOpen() ? FindOwner(file.Get()) : Owner::Unknown;
+        lock = file.IsOpen() ? LockNow(file.Get()) : FileLock::Unable;
     }
-    if (owner == Owner::Dead || (owner == Owner::Unknown && IsOld(*details))) {
+    if (lock == FileLock::Held || (lock == FileLock::Unable && IsOld(*details))) {
         (void)::unlinkat(folder, name.c_str(), 0);
     }
 }

@@ -127,11 +127,11 @@ Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
         return owned.GetError();
     }
     const bool inheritedAcl = m_destination.HasDefaultAcl();
-    if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, {inheritedAcl, !*owned});
-        !copied) {
+    mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
+    const AttributeCopy how{inheritedAcl, !*owned, &mode};
+    if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, how); !copied) {
         return copied;
     }
-    const mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
     if (mode != now.mode || inheritedAcl) {
         if (Status set = SetMode(to, mode); !set) {
             return set;

@@ -4,13 +4,13 @@
 #include "platform/staged_copy.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
 
 #include "platform/leftover_name.h"
+#include "platform/posix_io.h"
 #include "platform/system_call.h"
 
 namespace quorbit {
@@ -91,7 +91,7 @@ Status StagedCopy::OpenNamed()
         m_strName = std::move(name);
         // Another run that sweeps the folder may have come between creation and lock: then the name
         // is gone.
-        (void)::flock(m_descriptor.Get(), LOCK_EX);
+        (void)LockWaiting(m_descriptor.Get());
         struct stat details = {};
         if (::fstat(m_descriptor.Get(), &details) != 0) {
             return LastError();
@@ -183,7 +183,7 @@ Status StagedCopy::PublishOver(const std::string& name, bool sync)
         return flushed;
     }
     if (m_strName.empty()) {
-        (void)::flock(m_descriptor.Get(), LOCK_EX);
+        (void)LockWaiting(m_descriptor.Get());
         std::string own = MakeLeftoverName();
         if (Status linked = LinkTo(own); !linked) {
             return linked;

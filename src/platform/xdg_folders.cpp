@@ -55,29 +55,43 @@ std::string HomeFolder()
     return IsAbsolute(home) ? home : HomeFromPasswd();
 }
 
-std::string ProgramFolderIn(std::string_view base)
-{
-    return WithSeparator(std::string(base)).append(kProgramFolder);
-}
-
 // The specification: "If an implementation encounters a relative path in any of these variables it
 // should consider the path invalid and ignore it."
 std::string UserFolder(const char* variable, std::string_view belowHome)
 {
-    const std::string base = Environment(variable);
+    std::string base = Environment(variable);
     if (IsAbsolute(base)) {
-        return ProgramFolderIn(base);
+        return base;
     }
     const std::string home = HomeFolder();
-    return home.empty() ? home : ProgramFolderIn(WithSeparator(home).append(belowHome));
+    return home.empty() ? home : WithSeparator(home).append(belowHome);
 }
 
-std::vector<std::string> DataFolders()
+std::string ProgramFolderIn(std::string_view base)
+{
+    return base.empty() ? std::string() : WithSeparator(std::string(base)).append(kProgramFolder);
+}
+
+}  // namespace
+
+std::string ConfigFolder()
+{
+    return ProgramFolderIn(UserFolder("XDG_CONFIG_HOME", ".config"));
+}
+
+std::string StateFolder()
+{
+    return ProgramFolderIn(UserFolder("XDG_STATE_HOME", ".local/state"));
+}
+
+std::string SharedDataFolder()
+{
+    return UserFolder("XDG_DATA_HOME", ".local/share");
+}
+
+std::vector<std::string> SystemDataFolders()
 {
     std::vector<std::string> folders;
-    if (std::string own = UserFolder("XDG_DATA_HOME", ".local/share"); !own.empty()) {
-        folders.push_back(std::move(own));
-    }
     std::string list = Environment("XDG_DATA_DIRS");
     if (list.empty()) {
         list = "/usr/local/share:/usr/share";
@@ -87,28 +101,20 @@ std::vector<std::string> DataFolders()
         const std::string_view base = rest.substr(0, rest.find(':'));
         rest.remove_prefix(base.size() < rest.size() ? base.size() + 1 : rest.size());
         if (IsAbsolute(base)) {
-            folders.push_back(ProgramFolderIn(base));
+            folders.emplace_back(base);
         }
     }
     return folders;
 }
 
-}  // namespace
-
-std::string ConfigFolder()
-{
-    return UserFolder("XDG_CONFIG_HOME", ".config");
-}
-
-std::string StateFolder()
-{
-    return UserFolder("XDG_STATE_HOME", ".local/state");
-}
-
 std::string FindDataFile(const std::string& name)
 {
-    for (const std::string& folder : DataFolders()) {
-        std::string path = WithSeparator(folder) + name;
+    std::vector<std::string> folders = SystemDataFolders();
+    if (std::string own = SharedDataFolder(); !own.empty()) {
+        folders.insert(folders.begin(), std::move(own));
+    }
+    for (const std::string& folder : folders) {
+        std::string path = WithSeparator(ProgramFolderIn(folder)) + name;
         if (OpenRegularFile(path)) {
             return path;
         }

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 
@@ -22,6 +23,14 @@ namespace quorbit {
 // is nowhere. Looked for in $XDG_DATA_HOME/quorbit (else ~/.local/share/quorbit), then in quorbit
 // in each of $XDG_DATA_DIRS (else /usr/local/share and /usr/share).
 [[nodiscard]] std::string FindDataFile(const std::string& name);
+
+// What all programs of the user share, desktop entries and file types among it: $XDG_DATA_HOME,
+// else
+// ~/.local/share. Empty if the user has no home folder at all.
+[[nodiscard]] std::string SharedDataFolder();
+// The same of the system, the more important one first: $XDG_DATA_DIRS, else /usr/local/share and
+// /usr/share.
+[[nodiscard]] std::vector<std::string> SystemDataFolders();
 
 // Creates a folder and those above it that are missing, for the user alone (0700) as the
 // specification asks. One that is there stays as it is.

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <functional>
 #include <string>
@@ -54,8 +54,9 @@ protected:
     [[nodiscard]] std::string Root() const { return m_folder.Path(); }
     [[nodiscard]] std::string Path(std::string text) const
     {
-        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;)
+        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;) {
             text.replace(at, 1, Root());
+        }
         return text;
     }
     void Write(const TreeLines& items) const { WriteTree(Root(), items); }
@@ -88,40 +89,38 @@ protected:
     }
 
     using Prepare = std::function<void(FailingFileSystem& files)>;
-    // One run, with the flags cleared before it.
+    // One run; the flags are clear after it.
     RunResult Run(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
-    {
-        ClearFlags();
-        return RunWithFlags(std::move(entries), prepare);
-    }
-    RunResult RunWithFlags(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
     {
         CQRBDoc doc;
         doc.m_arrEntries = std::move(entries);
         doc.m_strFilePath = Path("@/batch.qrb");
         PosixFileSystem disk(m_drives);
         FailingFileSystem files(disk);
-        if (prepare)
+        if (prepare) {
             prepare(files);
+        }
         RunResult result;
         result.surface.answers = m_answers;
         result.surface.onPrompt = m_onPrompt;
         auto output = CreateLogOutput(LogPath());
         EXPECT_TRUE(output.Ok());
         PosixProcessRunner processes(0);
-        CRunContext ctx{.m_pDoc = &doc,
-                        .m_pDlg = &result.surface,
-                        .m_pFiles = &files,
-                        .m_pProcesses = &processes,
-                        .m_drives = m_drives,
-                        .m_nRunMode = m_nRunMode,
-                        .m_readOptFlags = [this] { return m_nOptFlags; },
-                        .m_setExitCode = [&](int code) { result.exitCode = code; },
-                        .m_bSyncAtEnd = m_bSyncAtEnd,
-                        .m_clock = ElapsedClock([this] { return m_now; }),
-                        .m_pLogFile = std::make_unique<RunLog>(std::move(*output))};
+        CRunContext ctx{
+            .m_pDoc = &doc,
+            .m_pDlg = &result.surface,
+            .m_pFiles = &files,
+            .m_pProcesses = &processes,
+            .m_drives = m_drives,
+            .m_nRunMode = m_nRunMode,
+            .m_readOptFlags = [this] { return m_nOptFlags; },
+            .m_setExitCode = [&](int code) { result.exitCode = code; },
+            .m_bSyncAtEnd = m_bSyncAtEnd,
+            .m_clock = ElapsedClock([] { return s_now; }),
+            .m_pLogFile = std::make_unique<RunLog>(std::move(*output), [] { return s_now; })};
         EXPECT_EQ(RunThreadProc(&ctx), 0U);
         EXPECT_FALSE(ctx.m_pLogFile);
+        ClearFlags();
         result.log = ContentOf(LogPath());
         result.counters = CountersOf(ctx);
         return result;
@@ -130,7 +129,7 @@ protected:
     // What of the log is in the file now.
     [[nodiscard]] std::string LogSoFar() const { return ContentOf(LogPath()); }
 
-    // A whole log. Lines of the body end in "\n" and become CR LF.
+    // A whole log. "\n" stands for CR LF.
     [[nodiscard]] std::string Log(const std::string& body, const Totals& totals) const
     {
         return Lines(
@@ -143,13 +142,16 @@ protected:
     }
     [[nodiscard]] std::string Footer(const Totals& totals) const
     {
-        return Lines("\n\nElapsed time: 0:0:0\nTotal Count: " + totals.total +
-                     "\nDelete Count: " + std::to_string(totals.deleted) +
-                     "\nSync Count: " + std::to_string(totals.sync) +
-                     "\nDidn't Sync Count: " + std::to_string(totals.didntSync) +
-                     "\nCopy Count: " + std::to_string(totals.copy) +
-                     "\nBackup Count: " + std::to_string(totals.backup) +
-                     "\nError Count: " + std::to_string(totals.error) + "\n");
+        std::string text = "\n\nElapsed time: 0:0:0\nTotal Count: " + totals.total + "\n";
+        const std::pair<const char*, int> counts[] = {
+            {"Delete", totals.deleted},        {"Sync", totals.sync},
+            {"Didn't Sync", totals.didntSync}, {"Copy", totals.copy},
+            {"Backup", totals.backup},         {"Error", totals.error},
+        };
+        for (const auto& [name, value] : counts) {
+            text += std::string(name) + " Count: " + std::to_string(value) + "\n";
+        }
+        return Lines(text);
     }
 
     std::uint32_t m_nRunMode = 0;
@@ -158,15 +160,18 @@ protected:
     DriveMap m_drives;
     std::vector<bool> m_answers;
     std::function<void()> m_onPrompt;
-    std::chrono::steady_clock::time_point m_now{};  // stands still unless a test moves it
+    static inline std::chrono::steady_clock::time_point s_now{};  // moved by tests only
+
+    [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/run.log"; }
 
 private:
     static void ClearFlags() { g_bStopRun = g_bStopCounting = 0; }
     [[nodiscard]] std::string Lines(const std::string& text) const
     {
         std::string lines;
-        for (const char c : Path(text))
+        for (const char c : Path(text)) {
             lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        }
         return lines;
     }
     static std::string CountersOf(const CRunContext& ctx)
@@ -179,13 +184,12 @@ private:
         };
         std::string text;
         for (const auto& [name, value] : counters) {
-            if (value != 0)
+            if (value != 0) {
                 text += std::string(text.empty() ? "" : " ") + name + " " + std::to_string(value);
+            }
         }
         return text;
     }
-
-    [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/run.log"; }
 
     TempFolder m_folder;
     TempFolder m_logFolder;

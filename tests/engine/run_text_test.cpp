@@ -8,6 +8,8 @@
 namespace quorbit {
 namespace {
 
+using testing::ElementsAre;
+
 class RunTextTest : public RunFixture {};
 
 TEST_F(RunTextTest, CopyWithItsFolders)
@@ -41,7 +43,9 @@ File Size: 4 KB
 TEST_F(RunTextTest, AnEntryOfNamesGetsItsFolderWithItsFirstFile)
 {
     Write({"source/a.txt=a", "source/b.txt=b"});
-    const RunResult run = Run({Names(DCF_NO_ATTRS, {"A.TXT"}), Names(DCF_NO_ATTRS, {"none"})});
+    (void)Run({Names(DCF_NO_ATTRS, {"none"})});
+    EXPECT_FALSE(std::filesystem::exists(Path("@/dest")));
+    const RunResult run = Run({Names(DCF_NO_ATTRS, {"A.TXT"})});
     EXPECT_EQ(run.log, Log(R"(
 Action: Create Folder.
 Current File: @/source/
@@ -57,44 +61,34 @@ File Size: 1 KB
     EXPECT_EQ(Tree("@/empty"), TreeLines{});  // that of masks gets it in any case
 }
 
-TEST_F(RunTextTest, EveryDecisionForAnExistingFile)
+// The block of "a.txt".
+std::string Block(const std::string& action)
+{
+    return "\nAction: " + action +
+           "\nCurrent File: @/source/a.txt\nDestination File: @/dest/a.txt\nFile Size: 1 KB\n";
+}
+
+TEST_F(RunTextTest, CopyAndSyncOverAnExistingFile)
 {
     constexpr std::int64_t kTime = 1'600'000'000;
     const struct {
         std::uint32_t flags;
         std::int64_t destTime;
         const char* action;
-        TreeLines dest;
+        const char* dest;
         Totals totals;
     } cases[] = {
-        {0, kTime + 9, "Copying File.", {"a.txt=new"}, {.total = "1", .copy = 1}},
-        {DCF_SYNC, kTime - 1, "Sync File.", {"a.txt=new"}, {.total = "1", .sync = 1}},
-        {DCF_SYNC, kTime, "Didn't Sync File.", {"a.txt=old"}, {.total = "1", .didntSync = 1}},
-        {DCF_SYNC, kTime + 1, "Didn't Sync File.", {"a.txt=old"}, {.total = "1", .didntSync = 1}},
-        {DCF_INCREMENTAL | DCF_SYNC,
-         kTime - 1,
-         "Incrementing backup.",
-         {"a.txt=new", "a1.txt=old"},
-         {.total = "1", .backup = 1}},
-        {DCF_INCREMENTAL | DCF_SYNC,
-         kTime,
-         "Didn't backup file. No change detected.",
-         {"a.txt=old"},
-         {.total = "1"}},
+        {0, kTime + 9, "Copying File.", "new", {.total = "1", .copy = 1}},
+        {DCF_SYNC, kTime - 1, "Sync File.", "new", {.total = "1", .sync = 1}},
+        {DCF_SYNC, kTime, "Didn't Sync File.", "old", {.total = "1", .didntSync = 1}},
+        {DCF_SYNC, kTime + 1, "Didn't Sync File.", "old", {.total = "1", .didntSync = 1}},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.action);
-        std::filesystem::remove_all(Path("@/dest"));
         Write({"source/a.txt=new", "dest/a.txt=old"});
         SetModified(Path("@/source/a.txt"), kTime, 999'999'999);  // whole seconds are compared
-        SetModified(Path("@/dest/a.txt"), c.destTime, 0);
-        EXPECT_EQ(Run({Entry(kAll | c.flags)}).log, Log("\nAction: " + std::string(c.action) + R"(
-Current File: @/source/a.txt
-Destination File: @/dest/a.txt
-File Size: 1 KB
-)",
-                                                        c.totals));
-        EXPECT_EQ(Tree("@/dest"), c.dest);
+        SetModified(Path("@/dest/a.txt"), c.destTime);
+        EXPECT_EQ(Run({Entry(kAll | c.flags)}).log, Log(Block(c.action), c.totals));
+        EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), c.dest);
     }
 }
 
@@ -102,21 +96,16 @@ TEST_F(RunTextTest, IncrementalBackupInThreeRounds)
 {
     Write({"source/a.txt=1", "dest/"});
     SetModified(Path("@/source/a.txt"), 1000);
-    const std::vector<CDirCopy> entries{Entry(kAll | DCF_INCREMENTAL)};
-    const auto block = [](const std::string& action) {
-        return "\nAction: " + action +
-               "\nCurrent File: @/source/a.txt\nDestination File: @/dest/a.txt\nFile Size: 1 KB\n";
-    };
-    EXPECT_EQ(Run(entries).log, Log(block("Copying File."), {.total = "1", .copy = 1}));
-    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=1"}));
+    const std::vector<CDirCopy> entries{Entry(kAll | DCF_INCREMENTAL | DCF_SYNC)};
+    EXPECT_EQ(Run(entries).log, Log(Block("Copying File."), {.total = "1", .copy = 1}));
 
     Write({"source/a.txt=2"});
     SetModified(Path("@/source/a.txt"), 1001);
-    EXPECT_EQ(Run(entries).log, Log(block("Incrementing backup."), {.total = "1", .backup = 1}));
+    EXPECT_EQ(Run(entries).log, Log(Block("Incrementing backup."), {.total = "1", .backup = 1}));
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=2", "a1.txt=1"}));
 
     EXPECT_EQ(Run(entries).log,
-              Log(block("Didn't backup file. No change detected."), {.total = "1"}));
+              Log(Block("Didn't backup file. No change detected."), {.total = "1"}));
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=2", "a1.txt=1"}));
 }
 
@@ -139,9 +128,10 @@ TEST_F(RunTextTest, ADeletedFolderNamesItsFoldersChildrenFirst)
     Write({"source/sub/deep/a.txt=a", "source/sub/deep/link->/"});
     const RunResult run = Run({Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER)});
     std::string body;
-    for (const char* folder : {"sub/deep/", "sub/", ""})
-        body += std::string("\nAction: Delete Folder.\nCurrent File: @/source/") + folder +
-                "\nDestination File: @/source/" + folder + "\n";
+    for (const std::string folder : {"@/source/sub/deep/", "@/source/sub/", "@/source/"}) {
+        body += "\nAction: Delete Folder.\nCurrent File: " + folder +
+                "\nDestination File: " + folder + "\n";
+    }
     EXPECT_EQ(run.log, Log(body, {.total = "1", .deleted = 1}));
     EXPECT_FALSE(std::filesystem::exists(Path("@/source")));
 }
@@ -172,16 +162,8 @@ TEST_F(RunTextTest, AnErrorStandsBetweenItsActionAndItsFileWithAnEmptyLineAfterI
 {
     Write({"source/a.txt=a", "dest/a.txt=mine"});
     std::filesystem::permissions(Path("@/dest/a.txt"), std::filesystem::perms(0444));
-    const RunResult run = Run({Entry(kAll)});
-    EXPECT_EQ(run.log, Log(R"(
-Action: Copying File.
-ERROR: Permission denied
-
-Current File: @/source/a.txt
-Destination File: @/dest/a.txt
-File Size: 1 KB
-)",
-                           {.total = "1", .error = 1}));
+    EXPECT_EQ(Run({Entry(kAll)}).log,
+              Log(Block("Copying File.\nERROR: Permission denied\n"), {.total = "1", .error = 1}));
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=mine"}));
     EXPECT_EQ(Run({Entry(kAll | DCF_OVERWRITE_RO)}).counters, "copy 1");
     EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), "a");
@@ -198,6 +180,33 @@ File Size: 1 KB
 )",
                                           {.total = "1", .copy = 1}));
     EXPECT_EQ(Tree("@/dest"), Tree("@/source"));
+}
+
+TEST_F(RunTextTest, LinesReachTheFileWhileWorkGoesOnWithoutALine)
+{
+    Write({"source/a=1", "source/b=2", "dest/"});
+    const auto later = [] { s_now += std::chrono::seconds(1); };
+    std::vector<std::string> seen;
+    const auto look = [&] {
+        const std::string log = LogSoFar();
+        seen.push_back(log.substr(log.rfind("\r\n", log.size() - 3) + 2));
+    };
+    (void)Run({Entry(kAll), Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER)},
+              [&](FailingFileSystem& disk) {
+                  disk.RunBefore(Call::Next, 1, look);          // in the count: the head
+                  disk.RunBefore(Call::IsProtected, 1, later);  // after the copies
+                  disk.RunBefore(Call::DeleteFile, 1, look);    // in the deletion
+              });
+    (void)Run({Entry(kAll, "@/dest", "@/x"), Entry(kAll | DCF_SYNC, "@/dest", "@/x")},
+              [&](FailingFileSystem& disk) {
+                  disk.RunBefore(Call::List, 4, later);  // of the second walk
+                  disk.RunBefore(Call::ReadDetails, 1, look);
+              });
+    Write({"big/c=" + std::string(1024 * 1024, 'x')});
+    (void)Run({Entry(kAll, "@/big", "@/x")},
+              [&](FailingFileSystem& disk) { disk.RunBefore(Call::CopyFile, 1, look); });
+    EXPECT_THAT(seen, ElementsAre("\r\n", "File Size: 1 KB\r\n", "File Size: 1 KB\r\n",
+                                  "Action: Copying File.\r\n"));
 }
 
 TEST_F(RunTextTest, AnEmptyDocumentHasOnlyAFooter)

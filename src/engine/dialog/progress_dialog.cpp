@@ -143,8 +143,6 @@ void CProgressDlg::keyPressEvent(QKeyEvent* event)
         QDialog::keyPressEvent(event);
 }
 
-// --- controls -----------------------------------------------------------------------------------
-
 void CProgressDlg::AddValue(QGridLayout* pGrid, int row, int column, const QString& label,
                             QLabel* pValue)
 {
@@ -160,6 +158,7 @@ QGroupBox* CProgressDlg::MakeFileGroup()
 {
     auto* pGroup = new QGroupBox(QStringLiteral("Current File To Process"), this);
     auto* pGrid = new QGridLayout(pGroup);
+    pGrid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
     AddValue(pGrid, 0, 0, QStringLiteral("Current file:"), m_stcCurrentFile);
     AddValue(pGrid, 1, 0, QStringLiteral("Destination file:"), m_stcDestFile);
     AddValue(pGrid, 2, 0, QStringLiteral("File Status:"), m_stcFileStatus);
@@ -172,6 +171,7 @@ QGroupBox* CProgressDlg::MakeStatsGroup()
 {
     auto* pGroup = new QGroupBox(QStringLiteral("Total Stats"), this);
     auto* pGrid = new QGridLayout(pGroup);
+    pGrid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
     AddValue(pGrid, 0, 0, QStringLiteral("Elapsed time:"), m_stcElapsed);
     AddValue(pGrid, 1, 0, QStringLiteral("Files left to process:"), m_stcFilesLeft);
     AddValue(pGrid, 2, 0, QStringLiteral("Total count:"), m_stcTotalCount);
@@ -209,8 +209,6 @@ void CProgressDlg::LayOut()
     setMinimumWidth(fontMetrics().averageCharWidth() * 90);
     m_progress->setAccessibleName(QStringLiteral("Progress"));
 }
-
-// --- the run ------------------------------------------------------------------------------------
 
 void CProgressDlg::OnInitDialog()
 {
@@ -363,6 +361,8 @@ void CProgressDlg::OnCancel()
 // The worker, if there was one, has ended and has closed the log.
 void CProgressDlg::Close()
 {
+    if (std::exchange(m_bClosed, true))
+        return;
     m_timer.stop();
     constexpr auto kRefresh = static_cast<std::uint32_t>(kOptRefreshViews);
     if (m_services.nRunMode == 0 && g_bRunStarted && (m_services.readOptFlags() & kRefresh) != 0)
@@ -376,8 +376,6 @@ void CProgressDlg::Close()
     m_pRun.reset();
     QDialog::reject();
 }
-
-// --- what is shown ------------------------------------------------------------------------------
 
 void CProgressDlg::ShowNewest()
 {

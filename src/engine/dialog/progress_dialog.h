@@ -117,7 +117,8 @@ private:
     bool m_bInitialised = false;
     bool m_bAsking = false;       // the worker waits for an answer
     bool m_bCloseWanted = false;  // as soon as the worker has ended
-    int m_nExitCode = 0;          // written by the worker, read when it has ended
+    bool m_bClosed = false;
+    int m_nExitCode = 0;  // written by the worker, read when it has ended
 };
 
 }  // namespace quorbit

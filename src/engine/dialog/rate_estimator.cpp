@@ -83,7 +83,8 @@ void RateEstimator::Follow(std::optional<double> forecast, double inSeconds)
         m_steadySeconds += inSeconds;
     else if (m_steadySeconds < kSteadyAfter)
         m_steadySeconds = 0;
-    const double taken = 1 - std::exp(-inSeconds / kDamping);
+    // The first forecasts are made of little, so later ones soon outweigh them.
+    const double taken = 1 - std::exp(-inSeconds / std::min(kDamping, m_workedSeconds));
     m_secondsLeft = std::max(0.0, expected + (*forecast - expected) * taken);
 }
 

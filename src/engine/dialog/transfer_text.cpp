@@ -47,16 +47,20 @@ std::string AmountText(double bytes)
 std::string TimeLeftText(std::chrono::seconds left)
 {
     const std::int64_t seconds = left.count();
-    if (seconds <= 55)
-        return "about " + Counted(UpTo(std::max<std::int64_t>(seconds, 1), 5), "second") + " left";
     const std::int64_t minutes = (seconds + 30) / 60;
-    if (minutes < 60)
-        return "about " + Counted(minutes, "minute") + " left";
     const std::int64_t coarse = (minutes + 5) / 10 * 10;
-    std::string text = "about " + Counted(coarse / 60, "hour");
-    if (coarse % 60 != 0)
-        text += " " + Counted(coarse % 60, "minute");
-    return text + " left";
+    std::string text = "about ";
+    if (seconds <= 55) {
+        text += Counted(UpTo(std::max<std::int64_t>(seconds, 1), 5), "second");
+    } else if (minutes < 60) {
+        text += Counted(minutes, "minute");
+    } else {
+        text += Counted(coarse / 60, "hour");
+        if (coarse % 60 != 0)
+            text += " " + Counted(coarse % 60, "minute");
+    }
+    text += " left";
+    return text;
 }
 
 std::string TransferText(const Transfer& transfer)

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/command_actions.h"
+
+#include <QKeySequence>
+#include <string_view>
+#include <utility>
+
+#include "batch/command_table.h"
+
+namespace quorbit {
+namespace {
+
+QString ToText(std::string_view text)
+{
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+QString WithoutMarks(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+CommandActions::CommandActions(QWidget& owner, std::function<CommandState(int)> stateOf,
+                               std::function<void(int)> run)
+    : m_owner(owner), m_stateOf(std::move(stateOf)), m_run(std::move(run))
+{
+    for (const Command& command : CommandTable()) {
+        if (!command.key.empty()) {
+            AddKey(command.nId, ToText(command.key));
+        }
+    }
+}
+
+// The key is no shortcut of the menu's action: that would be dead for as long as the action shows a
+// state of earlier, and its name in the menu is not always that of the key.
+void CommandActions::AddKey(int nId, const QString& key)
+{
+    auto* action = new QAction(&m_owner);
+    action->setShortcut(QKeySequence(key, QKeySequence::PortableText));
+    QObject::connect(action, &QAction::triggered, &m_owner, [this, nId] {
+        if (m_stateOf(nId).enabled) {
+            m_run(nId);
+        }
+    });
+    m_owner.addAction(action);
+}
+
+QAction* CommandActions::Get(int nId)
+{
+    QAction*& action = m_actions[nId];
+    if (action == nullptr) {
+        action = new QAction(&m_owner);
+        if (const Command* command = FindCommand(nId)) {
+            const QString key = ToText(command->keyName);
+            action->setText(ToText(command->text) +
+                            (key.isEmpty() ? key : QLatin1Char('\t') + key));
+            action->setStatusTip(ToText(command->help));
+        }
+        QObject::connect(action, &QAction::triggered, &m_owner, [this, nId] { m_run(nId); });
+    }
+    return action;
+}
+
+void CommandActions::UpdateStates()
+{
+    for (const auto& [nId, action] : m_actions) {
+        const CommandState state = m_stateOf(nId);
+        action->setEnabled(state.enabled);
+        action->setCheckable(state.checked || action->isCheckable());
+        action->setChecked(state.checked);
+    }
+}
+
+}  // namespace quorbit

@@ -1,0 +1,366 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/qrb_app.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QThread>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "app/about_dialog.h"
+#include "app/exit_code.h"
+#include "app/identity.h"
+#include "batch/reg_key.h"
+#include "engine/run_context.h"
+#include "platform/path_text.h"
+#include "platform/posix_file_system.h"
+#include "platform/posix_process_runner.h"
+#include "platform/staged_file.h"
+
+namespace quorbit {
+namespace {
+
+constexpr const char* kNoSwitchesOnFirstRun =
+    "Command line options don't work if you are running for the first time.  Just run again and "
+    "they will work.";
+constexpr const char* kStandardFolder = "c:\\";
+constexpr std::uint32_t kAnyRunMode = kRunAndQuit | kRunAndStayOpen | kRunInvisible;
+
+bool IsMissing(const std::string& path)
+{
+    const auto content = ReadWholeFile(path, 0);
+    return !content && content.GetError().Kind() == ErrorKind::Missing;
+}
+
+}  // namespace
+
+CQRBApp::CQRBApp(CommandLine line, AppServices services)
+    : m_nRunMode(line.nRunMode & kAnyRunMode),
+      m_line(std::move(line)),
+      m_services(std::move(services)),
+      m_machine(m_services.stores.machine, *this),
+      m_profile(m_services.stores.profile),
+      m_recent(m_profile),
+      m_run(
+          *m_services.pPrompts, [this] { return MakeProgressServices(); },
+          // A minimised window would take the dialog along.
+          [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; },
+          [this] { OpenHelp(); }),
+      m_doc(MakeDocumentServices()),
+      m_files(m_doc, *m_services.pPrompts, MakeFilesServices())
+{
+}
+
+CQRBApp::~CQRBApp() = default;
+
+// --- start and end ------------------------------------------------------------------------------
+
+bool CQRBApp::InitInstance()
+{
+    if (!ReadFirstRun()) {
+        return false;
+    }
+    const auto helpFile = m_machine.GetRegValue(MachineValue::HelpFile);
+    if (!helpFile) {
+        return false;
+    }
+    m_strHelpFile = *helpFile;
+    RegisterFileTypes();
+    if (!ProcessShellCommand()) {
+        return false;
+    }
+    m_pMainWnd->ShowFrame();
+    if (m_bFirstRun) {
+        (void)ShowHelpFile();
+    }
+    if (m_nRunMode != 0) {
+        m_pMainWnd->PostCommand(CMD_START_BATCH);
+    }
+    return !m_endCode;
+}
+
+// The first thing that touches the settings. Switches do not count on the first start.
+bool CQRBApp::ReadFirstRun()
+{
+    // A store that could not be laid down is told by the reading of it.
+    (void)EnsureMachineStore(m_services.stores.machine);
+    if (!m_machine.GetRegValue(MachineValue::Run1)) {
+        return false;
+    }
+    m_bFirstRun = m_machine.IsFirstRun();
+    if (m_bFirstRun) {
+        if (m_nRunMode != 0) {
+            (void)m_services.pPrompts->Ask(kNoSwitchesOnFirstRun, {}, PromptIcon::Exclamation,
+                                           PromptButtons::Ok);
+        }
+        m_nRunMode = 0;
+    }
+    return true;
+}
+
+void CQRBApp::RegisterFileTypes()
+{
+    if (m_services.registration.program.empty()) {
+        return;
+    }
+    RegisterShellFileTypes(m_services.stores, m_services.registration.program);
+    RegisterWithDesktop(m_services.registration);
+}
+
+bool CQRBApp::ProcessShellCommand()
+{
+    const bool done =
+        m_line.named ? m_files.OpenDocumentFile(m_line.batchFile) : m_files.NewDocument();
+    if (!done) {
+        m_endCode = kExitNoRun;
+        return false;
+    }
+    m_pMainWnd = std::make_unique<CMainFrame>(*this);
+    m_files.SetOnRenamed([this] { m_pMainWnd->OnUpdateFrameTitle(); });
+    return true;
+}
+
+int CQRBApp::ExitInstance(int result) const
+{
+    if (m_endCode) {
+        return *m_endCode;
+    }
+    return m_nExitCode > 0 ? m_nExitCode : result;
+}
+
+void CQRBApp::FatalMessage(const std::string& text)
+{
+    const auto tell = [this, text] {
+        (void)m_services.pPrompts->Ask(text, {}, PromptIcon::Stop, PromptButtons::Ok);
+        EndProgram(kExitOk);
+    };
+    if (QThread::currentThread() == qApp->thread()) {
+        tell();
+    } else {
+        QMetaObject::invokeMethod(qApp, tell, Qt::QueuedConnection);
+    }
+}
+
+// Changes to the document are not lost with it.
+void CQRBApp::EndProgram(int code)
+{
+    if (m_endCode) {
+        return;
+    }
+    m_endCode = code;
+    m_files.SaveOrGiveUp();
+    m_services.endLoop(code);
+}
+
+bool CQRBApp::CanCloseFrame()
+{
+    return !m_run.IsOpen() && m_files.SaveModified();
+}
+
+void CQRBApp::OnFrameClosed()
+{
+    m_services.endLoop(kExitOk);
+}
+
+void CQRBApp::OnStopSignal()
+{
+    if (m_run.IsOpen()) {
+        m_run.Stop();
+    } else if (!m_files.IsAsking()) {
+        CloseAsExit();
+    }
+}
+
+// Boxes and dialogs go first, one at a time: each has to come back to whoever opened it.
+void CQRBApp::CloseAsExit()
+{
+    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        dialog->reject();
+        QTimer::singleShot(0, qApp, [this] { OnStopSignal(); });
+    } else if (m_pMainWnd) {
+        m_pMainWnd->PostCommand(CMD_EXIT);
+    }
+}
+
+// --- commands -----------------------------------------------------------------------------------
+
+bool CQRBApp::OnCommand(int nId)
+{
+    if (nId >= CMD_RECENT_FILE_FIRST && nId <= CMD_RECENT_FILE_LAST) {
+        OnOpenRecent(static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST));
+        return true;
+    }
+    switch (nId) {
+        case CMD_FILE_NEW:
+            (void)m_files.NewDocument();
+            return true;
+        case CMD_FILE_OPEN:
+            OnFileOpen();
+            return true;
+        case CMD_ABOUT:
+            OnAbout();
+            return true;
+        case CMD_HELP_INDEX:
+        case CMD_HELP_TOPICS:
+        case CMD_HELP:
+            OpenHelp();
+            return true;
+        case CMD_TIP_OF_THE_DAY:
+            if (m_services.showTips) {
+                m_services.showTips();
+            }
+            return m_services.showTips != nullptr;
+        default:
+            return false;
+    }
+}
+
+bool CQRBApp::OnUpdateCommand(int nId, CommandState& state)
+{
+    if (nId >= CMD_RECENT_FILE_FIRST && nId <= CMD_RECENT_FILE_LAST) {
+        state.enabled =
+            static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST) < m_recent.List().size();
+        return true;
+    }
+    switch (nId) {
+        case CMD_FILE_NEW:
+        case CMD_FILE_OPEN:
+        case CMD_ABOUT:
+        case CMD_HELP_INDEX:
+        case CMD_HELP_TOPICS:
+        case CMD_HELP:
+            state.enabled = true;
+            return true;
+        case CMD_TIP_OF_THE_DAY:
+            return m_services.showTips != nullptr;
+        default:
+            return false;
+    }
+}
+
+// The folder in which File Open starts.
+std::string CQRBApp::QrbFilePath() const
+{
+    CRegKey machine(m_services.stores);
+    std::string installPath;
+    if (!machine.Open(RegParent::LocalMachine, MachineKeyPath()) ||
+        !machine.Read(NameOf(MachineValue::InstallPath), installPath)) {
+        installPath = kStandardFolder;
+    }
+    return m_profile.GetProfileString(Setting::QrbFilePath, installPath);
+}
+
+void CQRBApp::OnFileOpen()
+{
+    FileQuestion question;
+    question.folder = QrbFilePath();
+    question.filters = {kDocumentFilter, kAllFilesFilter};
+    if (const auto path = m_services.pPrompts->AskOpenFile(question)) {
+        (void)m_files.OpenDocumentFile(*path);
+    }
+}
+
+void CQRBApp::OnOpenRecent(std::size_t index)
+{
+    const std::vector<std::string> paths = m_recent.List();
+    if (index >= paths.size()) {
+        return;
+    }
+    const std::string& path = paths[index];
+    if (!IsMissing(path)) {
+        (void)m_files.OpenDocumentFile(path);
+        return;
+    }
+    const std::string question =
+        Printable(path) + "\nThere is no such file. Take it off the list of recent files?";
+    if (m_services.pPrompts->Ask(question, {}, PromptIcon::Exclamation, PromptButtons::YesNo) ==
+        PromptAnswer::Yes) {
+        m_recent.Remove(path);
+    }
+}
+
+void CQRBApp::OnAbout()
+{
+    CAboutDlg(m_pMainWnd.get(), ReadAboutFacts()).exec();
+}
+
+bool CQRBApp::ShowHelpFile()
+{
+    return !m_strHelpFile.empty() && !IsMissing(m_strHelpFile) &&
+           m_services.openHelp(m_strHelpFile);
+}
+
+void CQRBApp::OpenHelp()
+{
+    if (!ShowHelpFile()) {
+        const std::string text = m_strHelpFile.empty()
+                                     ? std::string("The help is not installed.")
+                                     : "The help cannot be shown: " + Printable(m_strHelpFile);
+        (void)m_services.pPrompts->Ask(text, {}, PromptIcon::Exclamation, PromptButtons::Ok);
+    }
+}
+
+void CQRBApp::ViewLogFile()
+{
+    if (const auto path = m_machine.GetRegValue(MachineValue::LogFile)) {
+        ViewLog(*m_services.pTextEditor, *m_services.pPrompts, *path);
+    }
+}
+
+// --- what the parts below ask for
+// -----------------------------------------------------------------
+
+DocumentServices CQRBApp::MakeDocumentServices()
+{
+    DocumentServices services;
+    services.runDialog = &m_run;
+    services.readDefaultEntry = [this] {
+        return DefaultEntry{static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::FileBits)),
+                            m_profile.GetProfileString(Setting::FileTypes)};
+    };
+    return services;
+}
+
+DocumentFilesServices CQRBApp::MakeFilesServices()
+{
+    DocumentFilesServices services;
+    // What runs by itself every night is not what a person had open last.
+    services.addRecent = [this](const std::string& path) {
+        if (m_nRunMode == 0) {
+            m_recent.Add(path);
+        }
+    };
+    services.standardFolder = [this] { return QrbFilePath(); };
+    return services;
+}
+
+ProgressServices CQRBApp::MakeProgressServices()
+{
+    ProgressServices services;
+    services.drives = m_profile.ReadDrives();
+    m_pRunFiles = std::make_unique<PosixFileSystem>(services.drives);
+    m_pRunProcesses = std::make_unique<PosixProcessRunner>(m_services.nOpenFileLimit);
+    services.pFiles = m_pRunFiles.get();
+    services.pProcesses = m_pRunProcesses.get();
+    services.pTextEditor = m_services.pTextEditor;
+    services.nRunMode = m_nRunMode;
+    services.bSyncAtEnd = m_profile.GetProfileInt(Setting::SyncAtEnd) != 0;
+    services.readOptFlags = [this] {
+        return static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::OptFlags));
+    };
+    services.installPath = [this] { return m_machine.GetRegValue(MachineValue::InstallPath); };
+    services.storeLogPath = [this](const std::string& path) {
+        return m_machine.SetRegValue(NameOf(MachineValue::LogFile), path);
+    };
+    services.readLogPath = [this] { return m_machine.GetRegValue(MachineValue::LogFile); };
+    services.setExitCode = [this](int code) { m_nExitCode = std::max(m_nExitCode, code); };
+    services.postRefresh = [this] { m_pMainWnd->PostCommand(CMD_REFRESH); };
+    services.postExit = [this] { m_pMainWnd->PostCommand(CMD_EXIT); };
+    services.endProgram = [this](int code) { EndProgram(code); };
+    return services;
+}
+
+}  // namespace quorbit

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/dialog/dialog_test.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+#include <cerrno>
+#include <chrono>
+
+namespace quorbit {
+
+PromptAnswer ScriptedPrompts::Ask(const std::string& text, const std::string& caption,
+                                  PromptIcon icon, PromptButtons buttons)
+{
+    boxes.push_back({text, caption, icon, buttons});
+    if (whileOpen)
+        whileOpen();
+    return buttons == PromptButtons::Ok ? PromptAnswer::Ok : answer;
+}
+
+void Gate::Pass()
+{
+    std::unique_lock lock(m_mutex);
+    m_bReached = true;
+    m_opened.wait(lock, [this] { return m_bOpen; });
+}
+
+bool Gate::Reached()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_bReached;
+}
+
+void Gate::Open()
+{
+    const std::lock_guard lock(m_mutex);
+    m_bOpen = true;
+    m_opened.notify_all();
+}
+
+DialogTest::DialogTest()
+{
+    Write({"logs/"});
+    m_doc.m_strFilePath = In("nightly.qrb");
+    m_strLog = In("logs/nightly.log");
+    m_services.pFiles = &m_files;
+    m_services.pProcesses = &m_processes;
+    m_services.pPrompts = &m_prompts;
+    m_services.pTextEditor = &m_editor;
+    m_services.bSyncAtEnd = false;
+    m_services.readOptFlags = [] { return 0U; };
+    m_services.installPath = [this] { return In("logs/"); };
+    m_services.storeLogPath = [this](const std::string& path) {
+        m_storedLogPath = path;
+        return true;
+    };
+    m_services.readLogPath = [this] { return m_storedLogPath; };
+    const auto tell = [this](const std::string& what) {
+        return [=, this] { m_told.push_back(what); };
+    };
+    m_services.setExitCode = [this](int code) {
+        m_told.push_back("exit code " + std::to_string(code));
+    };
+    m_services.postRefresh = tell("refresh");
+    m_services.postExit = tell("exit");
+    m_services.endProgram = [this](int code) { m_told.push_back("end " + std::to_string(code)); };
+}
+
+DialogTest::~DialogTest()
+{
+    for (const auto& gate : m_gates)
+        gate->Open();
+    m_pDialog.reset();
+}
+
+CDirCopy& DialogTest::AddCopy(std::uint32_t flags)
+{
+    CDirCopy entry(In("from"), In("to"), DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_NO_ATTRS | flags,
+                   DCK_TYPES, 1);
+    entry.m_listItems = {"*.*"};
+    return m_doc.m_arrEntries.emplace_back(std::move(entry));
+}
+
+Gate& DialogTest::HoldAt(FileSystemCall call, int number)
+{
+    Gate& gate = *m_gates.emplace_back(std::make_unique<Gate>());
+    m_files.RunBefore(call, number, [&gate] { gate.Pass(); });
+    return gate;
+}
+
+void DialogTest::FailCopy(int number)
+{
+    m_files.FailAt(FileSystemCall::CopyFile, number, ErrorFromErrno(EACCES));
+}
+
+void DialogTest::Open()
+{
+    m_pDialog = std::make_unique<CProgressDlg>(nullptr, &m_doc, m_services);
+    m_pDialog->show();
+}
+
+void DialogTest::Until(const std::function<bool()>& done)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < 30'000) {
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
+    ASSERT_TRUE(done());
+}
+
+void DialogTest::UntilReached(Gate& gate)
+{
+    Until([&] { return gate.Reached(); });
+    // Twice the time between two looks of the dialog.
+    const auto shown = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+    Until([&] { return std::chrono::steady_clock::now() > shown; });
+}
+
+void DialogTest::UntilEnded()
+{
+    Until([this] { return Text("m_btnCancel") == "OK"; });
+}
+
+void DialogTest::UntilClosed()
+{
+    Until([this] { return !m_pDialog->isVisible(); });
+}
+
+void DialogTest::RunAndClose()
+{
+    Open();
+    UntilEnded();
+    Click("m_btnCancel");
+    UntilClosed();
+}
+
+void DialogTest::Click(const char* button)
+{
+    m_pDialog->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+}
+
+std::string DialogTest::Text(const char* control) const
+{
+    const auto* pWidget = m_pDialog->findChild<QWidget*>(QString::fromLatin1(control));
+    return pWidget->property("text").toString().toStdString();
+}
+
+bool DialogTest::Enabled(const char* button) const
+{
+    return m_pDialog->findChild<QPushButton*>(QString::fromLatin1(button))->isEnabled();
+}
+
+}  // namespace quorbit

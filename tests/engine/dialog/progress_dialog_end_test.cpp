@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// How a run in a window begins and ends, and what the program is told then.
+
+#include <QCoreApplication>
+#include <atomic>
+
+#include "engine/dialog/dialog_test.h"
+#include "engine/run_context.h"
+#include "engine/run_flags.h"
+
+namespace quorbit {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// A log that counts how often it is closed, and that can be full.
+class CountedLog : public LogOutput {
+public:
+    CountedLog(std::atomic<int>& closed, bool full) : m_closed(closed), m_bFull(full) {}
+    ~CountedLog() override { ++m_closed; }
+    Status Write(std::string_view) override
+    {
+        return m_bFull ? Status(Error(ErrorKind::DiskFull, "full")) : Status();
+    }
+
+private:
+    std::atomic<int>& m_closed;
+    bool m_bFull;
+};
+
+class ProgressDialogEndTest : public DialogTest {
+protected:
+    void UseCountedLog(bool full = false)
+    {
+        m_services.createLog = [this, full](const std::string&) {
+            return Result<std::unique_ptr<LogOutput>>(std::make_unique<CountedLog>(m_closed, full));
+        };
+    }
+    void RefuseLog(const Error& error)
+    {
+        m_services.createLog = [error](const std::string&) {
+            return Result<std::unique_ptr<LogOutput>>(error);
+        };
+    }
+
+    std::atomic<int> m_closed = 0;
+};
+
+TEST_F(ProgressDialogEndTest, EveryModeEndsInItsOwnWay)
+{
+    struct Case {
+        std::uint32_t mode;
+        std::uint32_t optFlags;
+        bool fails;
+        bool closesItself;
+        Lines told;
+    };
+    const std::vector<Case> cases{
+        {0, 1, true, false, {}},
+        {0, 3, false, false, {"refresh"}},
+        {kRunAndQuit, 3, false, true, {"exit"}},
+        {kRunAndQuit, 3, true, true, {"exit code 1", "exit"}},
+        {kRunAndStayOpen, 3, false, false, {"exit"}},
+        {kRunAndStayOpen, 3, true, false, {"exit code 1", "exit"}},
+        {kRunInvisible, 2, true, true, {"exit code 1", "exit"}},
+    };
+    Write({"from/a.txt=a"});
+    AddCopy();
+    for (const Case& c : cases) {
+        SCOPED_TRACE("mode " + std::to_string(c.mode) + (c.fails ? " with an error" : ""));
+        m_told.clear();
+        m_services.nRunMode = c.mode;
+        m_services.readOptFlags = [&c] { return c.optFlags; };
+        if (c.fails)
+            FailCopy(m_files.Count(FileSystemCall::CopyFile) + 1);
+        Open();
+        EXPECT_EQ(m_pDialog->size().isEmpty(), c.mode == kRunInvisible);
+        UntilEnded();
+        if (!c.closesItself) {
+            EXPECT_EQ(m_told, Lines{});
+            Click("m_btnCancel");
+        }
+        UntilClosed();
+        EXPECT_EQ(m_told, c.told);
+        m_pDialog.reset();
+        EXPECT_EQ(g_bStopRun + g_bStopCounting + g_bRunStarted, 0);
+    }
+    EXPECT_TRUE(m_prompts.boxes.empty());
+}
+
+TEST_F(ProgressDialogEndTest, AnEmptyDocumentIsToldAndEndsAsAnyRun)
+{
+    m_services.nRunMode = kRunAndQuit;
+    Open();
+    UntilClosed();
+    EXPECT_EQ(m_prompts.boxes,
+              (std::vector{ScriptedPrompts::Box{"The Batch File is empty.", "",
+                                                PromptIcon::Exclamation, PromptButtons::Ok}}));
+    EXPECT_TRUE(Log().starts_with("\r\n\r\nElapsed time: 0:0:0\r\nTotal Count: 0\r\n"));
+    EXPECT_EQ(m_told, Lines{"exit"});
+}
+
+TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
+{
+    const Error missing = ErrorFromErrno(ENOENT);
+    const Error busy(ErrorKind::Busy, "in use");
+    struct Case {
+        Error error;
+        std::uint32_t mode;
+        std::string text;
+        Lines told;
+    };
+    const std::string cannot =
+        "The log file cannot be created: " + m_strLog + ": " + missing.Text();
+    const std::string inUse =
+        "This batch file is being run already. Its log file is in use by that run: " + m_strLog;
+    const std::vector<Case> cases{{missing, 0, cannot, {"end 0"}},
+                                  {missing, kRunAndQuit, cannot, {"end 0"}},
+                                  {busy, 0, inUse, {}},
+                                  {busy, kRunAndQuit, inUse, {"end 2"}}};
+    Write({"from/a.txt=a"});
+    AddCopy();
+    for (const Case& c : cases) {
+        m_told.clear();
+        m_prompts.boxes.clear();
+        m_services.nRunMode = c.mode;
+        RefuseLog(c.error);
+        Open();
+        UntilClosed();
+        EXPECT_EQ(
+            m_prompts.boxes,
+            (std::vector{ScriptedPrompts::Box{c.text, "", PromptIcon::Stop, PromptButtons::Ok}}));
+        EXPECT_EQ(m_told, c.told);
+        EXPECT_EQ(m_files.Count(FileSystemCall::OpenFolder), 0);
+        m_pDialog.reset();
+        EXPECT_EQ(g_bRunStarted, 0);
+    }
+}
+
+TEST_F(ProgressDialogEndTest, ALogThatCannotBeWrittenIsToldAndTheRunGoesOn)
+{
+    Write({"from/a.txt=a", "from/b.txt=b"});
+    AddCopy();
+    UseCountedLog(true);
+    RunAndClose();
+    ASSERT_FALSE(m_prompts.boxes.empty());
+    EXPECT_EQ(m_prompts.boxes.front().text, "Error writing to the logfile.");
+    EXPECT_EQ(Text("m_stcCopyCount"), "2");
+    EXPECT_EQ(m_closed, 1);
+}
+
+// The last steps of a stopped run: its box, the closing of the log, the exit code.
+TEST_F(ProgressDialogEndTest, ClosingInTheLastStepsOfTheWorkerIsSafe)
+{
+    Write({"from/a.txt=a", "from/b.txt=b"});
+    AddCopy();
+    UseCountedLog();
+    m_services.nRunMode = kRunAndStayOpen;
+    constexpr int kRounds = 100;
+    for (int round = 0; round < kRounds; ++round) {
+        const bool stopped = round % 2 == 1;
+        m_prompts.answer = PromptAnswer::Yes;
+        if (stopped)
+            FailCopy(m_files.Count(FileSystemCall::CopyFile) + 1);
+        m_prompts.boxes.clear();
+        m_told.clear();
+        Open();
+        Until([this] { return g_bStopRun != 0; });
+        Until([this] {
+            m_pDialog->reject();  // again and again, as early as it takes
+            return !m_pDialog->isVisible();
+        });
+        EXPECT_EQ(m_prompts.boxes.size(), stopped ? 2U : 0U);
+        EXPECT_EQ(m_told, stopped ? (Lines{"exit code 1", "exit"}) : Lines{"exit"});
+        EXPECT_EQ(m_closed, round + 1);
+        m_pDialog.reset();
+    }
+}
+
+TEST_F(ProgressDialogEndTest, AWindowThatIsDestroyedTakesItsRunAlong)
+{
+    Write({"from/a.txt=a", "from/b.txt=b"});
+    AddCopy();
+    UseCountedLog();
+    FailCopy(1);
+    m_prompts.whileOpen = [this] { m_pDialog.reset(); };
+    Open();
+    Until([this] { return !m_pDialog; });
+    EXPECT_EQ(m_prompts.boxes.size(), 1U);
+    EXPECT_EQ(m_closed, 1);
+    EXPECT_EQ(g_bStopRun + g_bRunStarted, 0);
+    EXPECT_EQ(m_files.Count(FileSystemCall::CopyFile), 1);
+}
+
+TEST_F(ProgressDialogEndTest, AWindowClosedBeforeItsRunBeganRunsNothing)
+{
+    AddCopy();
+    UseCountedLog();
+    Open();
+    m_pDialog->reject();
+    EXPECT_FALSE(m_pDialog->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(g_bRunStarted, 0);
+    EXPECT_EQ(m_files.Count(FileSystemCall::OpenFolder), 0);
+}
+
+}  // namespace
+}  // namespace quorbit

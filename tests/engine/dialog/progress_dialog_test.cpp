@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <chrono>
+#include <set>
+
+#include "engine/dialog/dialog_test.h"
+#include "engine/run_flags.h"
+
+namespace quorbit {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ProgressDialogTest : public DialogTest {
+protected:
+    // Which buttons may be pressed, and what Cancel reads.
+    [[nodiscard]] std::string State() const
+    {
+        std::string state;
+        for (const char* button : {"m_btnStart", "m_btnStopCounting", "m_btnViewLog"})
+            state += Enabled(button) ? "on " : "off ";
+        return state + Text("m_btnCancel");
+    }
+
+    [[nodiscard]] Lines Values() const
+    {
+        Lines values;
+        for (const char* label :
+             {"m_stcFilesLeft", "m_stcTotalCount", "m_stcCopyCount", "m_stcSyncCount",
+              "m_stcDidntSyncCount", "m_stcBackupCount", "m_stcDeleteCount", "m_stcErrorCount"})
+            values.push_back(Text(label));
+        return values;
+    }
+
+    // Serves events for some time.
+    void Wait(std::chrono::milliseconds time)
+    {
+        const auto end = std::chrono::steady_clock::now() + time;
+        Until([&] { return std::chrono::steady_clock::now() > end; });
+    }
+
+    void Press(int key)
+    {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_pDialog.get(), &press);
+    }
+};
+
+TEST_F(ProgressDialogTest, HasTheGivenLabelsAndFirstTexts)
+{
+    m_pDialog = std::make_unique<CProgressDlg>(nullptr, &m_doc, m_services);
+    EXPECT_EQ(m_pDialog->windowTitle().toStdString(), "Process Files");
+
+    std::set<std::string> labels;
+    for (const QLabel* pLabel : m_pDialog->findChildren<QLabel*>())
+        labels.insert(pLabel->text().toStdString());
+    for (const QGroupBox* pGroup : m_pDialog->findChildren<QGroupBox*>())
+        labels.insert(pGroup->title().toStdString());
+    EXPECT_EQ(labels, (std::set<std::string>{"Current File To Process",
+                                             "Total Stats",
+                                             "Current file:",
+                                             "Destination file:",
+                                             "File Status:",
+                                             "File size:",
+                                             "Elapsed time:",
+                                             "Files left to process:",
+                                             "Total count:",
+                                             "Copy count:",
+                                             "Sync count:",
+                                             "Didn't Sync count:",
+                                             "Delete count:",
+                                             "Backup count:",
+                                             "Error count:",
+                                             "",
+                                             "0",
+                                             "0 KB",
+                                             "0:0:0",
+                                             "No file"}));
+    EXPECT_EQ(Values(), Lines(8, "0"));
+    EXPECT_EQ(Text("m_stcFileSize"), "0 KB");
+    EXPECT_EQ(Text("m_stcElapsed"), "0:0:0");
+    EXPECT_EQ(Text("m_stcFileStatus"), "No file");
+    EXPECT_EQ(Text("m_btnStart"), "&Start Batch File");
+    EXPECT_EQ(Text("m_btnStopCounting"), "S&top Counting");
+    EXPECT_EQ(Text("m_btnViewLog"), "&View Error/Copy Log");
+}
+
+TEST_F(ProgressDialogTest, WalksThroughItsStates)
+{
+    Write({"from/a.txt=a", "from/b.txt=b"});
+    AddCopy();
+    Gate& counting = HoldAt(FileSystemCall::Next, 3);
+    Gate& processing = HoldAt(FileSystemCall::CopyFile, 2);
+    Open();
+    EXPECT_EQ(State(), "on off off &Cancel");
+    UntilReached(counting);
+    EXPECT_EQ(State(), "off on off &Cancel");
+    EXPECT_EQ(Text("m_stcFilesLeft"), "2");
+    counting.Open();
+    UntilReached(processing);
+    EXPECT_EQ(State(), "off off off &Cancel");
+    EXPECT_EQ(Values(), (Lines{"1", "2", "1", "0", "0", "0", "0", "0"}));
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->maximum(), 2);
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->value(), 1);
+    processing.Open();
+    UntilEnded();
+    EXPECT_EQ(State(), "off off on OK");
+    EXPECT_TRUE(m_pDialog->isVisible());
+    Click("m_btnCancel");
+    UntilClosed();
+    EXPECT_EQ(g_bRunStarted, 0);
+    EXPECT_EQ(g_bStopRun, 1);
+}
+
+TEST_F(ProgressDialogTest, ShowsTheClosingValuesExactly)
+{
+    Write({"from/a.txt=1", "from/b.txt=22", "from/c.txt=333", "other/", "to/b.txt=old",
+           "to/c.txt=new", "numbered/b.txt=old", "rubbish/x=", "rubbish/y="});
+    SetModified(In("to/b.txt"), 1'000'000'000);
+    SetModified(In("to/c.txt"), 4'000'000'000);
+    SetModified(In("numbered/b.txt"), 1'000'000'000);
+    AddCopy(DCF_SYNC);                                    // copies a, syncs b, leaves c
+    AddCopy(DCF_INCREMENTAL).m_strDest = In("numbered");  // copies a and c, backs up b
+    AddCopy(DCF_DELETE).m_strSource = In("rubbish");
+    CDirCopy& failing = AddCopy();
+    failing.m_strDest = In("other");
+    failing.m_nKind = DCK_NAMES;
+    failing.m_listItems = {"a.txt"};
+    FailCopy(6);
+    RunAndClose();
+    EXPECT_EQ(Values(), (Lines{"0", "9", "3", "1", "1", "1", "2", "1"}));
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->value(), 9);
+    EXPECT_EQ(Text("m_stcCurrentFile"), In("from/a.txt"));
+    EXPECT_EQ(Text("m_stcDestFile"), In("other/a.txt"));
+    EXPECT_EQ(Text("m_stcFileSize"), "1 KB");
+    EXPECT_EQ(Text("m_stcFileStatus"), "Copying File.");
+    EXPECT_TRUE(Text("m_stcTransfer").starts_with("9 bytes copied")) << Text("m_stcTransfer");
+    EXPECT_NE(Log().find("Elapsed time: " + Text("m_stcElapsed") + "\r\nTotal Count: 9\r\n"),
+              std::string::npos);
+}
+
+TEST_F(ProgressDialogTest, CancelInTheCountEndsTheRunWithoutABox)
+{
+    Write({"from/a.txt=a", "from/b.txt=b"});
+    AddCopy();
+    Gate& counting = HoldAt(FileSystemCall::Next, 2);
+    Open();
+    UntilReached(counting);
+    Click("m_btnCancel");
+    Click("m_btnCancel");  // only asks once more
+    Wait(std::chrono::milliseconds(80));
+    EXPECT_EQ(State(), "off on off &Cancel");
+    EXPECT_TRUE(m_pDialog->isVisible());
+    counting.Open();
+    UntilEnded();
+    EXPECT_EQ(State(), "off off on OK");
+    EXPECT_EQ(Text("m_stcTotalCount"), "0");
+    EXPECT_EQ(m_files.Count(FileSystemCall::CopyFile), 0);
+    EXPECT_TRUE(m_prompts.boxes.empty());
+    EXPECT_EQ(Log().find("Stopped"), std::string::npos);
+}
+
+TEST_F(ProgressDialogTest, EveryWayToCancelFinishesTheFileAndStops)
+{
+    using Way = std::function<void()>;
+    const std::vector<Way> ways{[this] { Click("m_btnCancel"); }, [this] { Press(Qt::Key_Escape); },
+                                [this] { m_pDialog->close(); }};
+    Write({"from/a.txt=a", "from/b.txt=b", "from/c.txt=c"});
+    AddCopy();
+    int copies = 0;
+    for (const Way& cancel : ways) {
+        m_prompts.boxes.clear();
+        Gate& processing = HoldAt(FileSystemCall::CopyFile, copies + 2);
+        Open();
+        UntilReached(processing);
+        cancel();
+        Wait(std::chrono::milliseconds(80));
+        EXPECT_EQ(State(), "off off off &Cancel");
+        EXPECT_TRUE(Text("m_stcTransfer").ends_with("stopping after this file"));
+        processing.Open();
+        UntilEnded();
+        Until([this] { return !m_prompts.boxes.empty(); });
+        EXPECT_EQ(m_prompts.boxes.front(),
+                  (ScriptedPrompts::Box{"Process canceled by user.  Hit OK to continue.",
+                                        "Process stopped.", PromptIcon::None, PromptButtons::Ok}));
+        EXPECT_EQ(Text("m_stcCopyCount"), "2");
+        EXPECT_EQ(Text("m_stcTotalCount"), "3");
+        EXPECT_NE(Log().find("\r\n**** Stopped by user. ****\r\n"), std::string::npos);
+        cancel();
+        UntilClosed();
+        m_pDialog.reset();
+        copies = m_files.Count(FileSystemCall::CopyFile);
+    }
+}
+
+TEST_F(ProgressDialogTest, StopCountingGivesUnknownAndThenTheSum)
+{
+    Write({"from/a.txt=a", "from/b.txt=b", "from/c.txt=c"});
+    AddCopy();
+    Gate& counting = HoldAt(FileSystemCall::Next, 3);
+    Gate& processing = HoldAt(FileSystemCall::CopyFile, 2);
+    Open();
+    UntilReached(counting);
+    Click("m_btnStopCounting");
+    EXPECT_EQ(State(), "off off off &Cancel");
+    counting.Open();
+    UntilReached(processing);
+    EXPECT_EQ(Text("m_stcTotalCount"), "Unknown");
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->value(), 0);
+    processing.Open();
+    UntilEnded();
+    EXPECT_EQ(Text("m_stcTotalCount"), "3");
+    EXPECT_EQ(Text("m_stcCopyCount"), "3");
+}
+
+TEST_F(ProgressDialogTest, AnErrorPromptStopsTheRunOnYesOnly)
+{
+    struct Case {
+        PromptAnswer answer;
+        std::string copied, errors;
+    };
+    for (const Case& c : {Case{PromptAnswer::No, "2", "1"}, Case{PromptAnswer::Yes, "0", "1"}}) {
+        Write({"from/a.txt=a", "from/b.txt=b", "from/c.txt=c"});
+        m_doc.DeleteContents();
+        AddCopy();
+        FailCopy(m_files.Count(FileSystemCall::CopyFile) + 1);
+        m_prompts.boxes.clear();
+        m_prompts.answer = c.answer;
+        RunAndClose();
+        EXPECT_EQ(
+            m_prompts.boxes.front(),
+            (ScriptedPrompts::Box{"Permission denied\r\n  Do you want to CANCEL file processing?",
+                                  "Error", PromptIcon::Exclamation, PromptButtons::YesNo}));
+        EXPECT_EQ(Text("m_stcCopyCount"), c.copied);
+        EXPECT_EQ(Text("m_stcErrorCount"), c.errors);
+        m_pDialog.reset();
+    }
+}
+
+TEST_F(ProgressDialogTest, TheClockStandsStillOnlyWhileAnErrorPromptIsOpen)
+{
+    m_prompts.whileOpen = [this] { Wait(std::chrono::milliseconds(3100)); };
+    Write({"from/a.txt=a"});
+    AddCopy();
+    FailCopy(1);
+    RunAndClose();
+    ASSERT_EQ(m_prompts.boxes.size(), 1U);
+    EXPECT_TRUE(Text("m_stcElapsed") < "0:0:3") << Text("m_stcElapsed");
+
+    m_doc.m_arrEntries.front().m_strSource = In("missing");
+    m_pDialog.reset();
+    RunAndClose();
+    ASSERT_EQ(m_prompts.boxes.size(), 2U);
+    EXPECT_EQ(m_prompts.boxes.back().caption, "");
+    EXPECT_TRUE(Text("m_stcElapsed") >= "0:0:3") << Text("m_stcElapsed");
+}
+
+TEST_F(ProgressDialogTest, TheBarHoldsTheLowBitsOfTheCountAndFillsInProportion)
+{
+    CDirCopy folder(In("missing"), "", DCF_DELETE | DCF_DELETE_FOLDER, DCK_TYPES, 1);
+    m_doc.m_arrEntries.assign(65'536 + 4, folder);
+    m_services.readOptFlags = [] { return 1U; };
+    Gate& processing = HoldAt(FileSystemCall::OpenFolder, 65'540 / 2 + 1);
+    Open();
+    UntilReached(processing);
+    EXPECT_EQ(Text("m_stcTotalCount"), "65540");
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->maximum(), 4);
+    EXPECT_EQ(m_pDialog->findChild<QProgressBar*>()->value(), 2);
+    Click("m_btnCancel");
+}
+
+TEST_F(ProgressDialogTest, ShowsHostileNamesOnOneLine)
+{
+    Write({"from/"});
+    WriteContent(In("from/line\nend & co"), "x");
+    AddCopy();
+    RunAndClose();
+    EXPECT_EQ(Text("m_stcCurrentFile"), In("from/line\\x0Aend & co"));
+}
+
+TEST_F(ProgressDialogTest, ViewsTheLogOnceThereIsOne)
+{
+    m_editor.result = EditorStart::FileNotFound;
+    Write({"from/a.txt=a"});
+    AddCopy();
+    Open();
+    UntilEnded();
+    Click("m_btnViewLog");
+    EXPECT_EQ(m_editor.opened, std::vector{m_strLog});
+    EXPECT_EQ(
+        m_prompts.boxes,
+        (std::vector{ScriptedPrompts::Box{"File not found while attempting to open text editor.",
+                                          "Quorbit", PromptIcon::Stop, PromptButtons::Ok}}));
+}
+
+TEST_F(ProgressDialogTest, AsksForHelpOnTheFocusedControl)
+{
+    AddCopy().m_strSource = In("logs");
+    Gate& counting = HoldAt(FileSystemCall::Next, 1);
+    Open();
+    UntilReached(counting);
+    QString name;
+    QObject::connect(m_pDialog.get(), &CProgressDlg::HelpRequested,
+                     [&](QWidget* pControl) { name = pControl->objectName(); });
+    Press(Qt::Key_F1);
+    EXPECT_EQ(name.toStdString(), "m_btnCancel");
+}
+
+}  // namespace
+}  // namespace quorbit

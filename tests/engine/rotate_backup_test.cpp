@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The numbers of an incremental backup.
+
+#include "engine/file_operations.h"
+#include "engine/run_fixture.h"
+
+namespace quorbit {
+namespace {
+
+TEST(NumberedName, StandsBeforeTheFirstDot)
+{
+    const struct {
+        const char* name;
+        int number;
+        const char* expected;
+    } cases[] = {
+        {"report.doc", 1, "report1.doc"},
+        {"archive.tar.gz", 12, "archive12.tar.gz"},
+        {"README", 1, "1README"},
+        {".profile", 1, "1.profile"},
+        {"a.", 198, "a198."},
+        {"a1.txt", 1, "a11.txt"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(NumberedName(c.name, c.number), c.expected);
+}
+
+class RotateBackupTest : public RunFixture {
+protected:
+    // A destination file "old" and a newer source file "new" of one name.
+    void WritePair(const std::string& name, std::uint32_t mode = 0644)
+    {
+        Write({"source/" + name + "=new", "dest/" + name + "=old"});
+        SetModified(Path("@/dest/" + name), 1000);
+        std::filesystem::permissions(Path("@/dest/" + name), std::filesystem::perms(mode));
+    }
+    RunResult Backup(const Prepare& prepare = nullptr)
+    {
+        return Run({Entry(kAll | DCF_INCREMENTAL)}, prepare);
+    }
+};
+
+TEST_F(RotateBackupTest, TheLowestFreeNumberIsTaken)
+{
+    WritePair("a.txt");
+    Write({"dest/a1.txt=v1", "dest/a2.txt->nowhere", "dest/a4.txt=v4"});
+    EXPECT_EQ(Backup().counters, "backup 1");
+    EXPECT_EQ(Tree("@/dest"),
+              (TreeLines{"a.txt=new", "a1.txt=v1", "a2.txt->nowhere", "a3.txt=old", "a4.txt=v4"}));
+}
+
+TEST_F(RotateBackupTest, NumbersEndAt198)
+{
+    WritePair("a.txt");
+    for (int number = 1; number <= 197; ++number)
+        Write({"dest/" + NumberedName("a.txt", number) + "=v"});
+    EXPECT_EQ(Backup().counters, "backup 1");
+    EXPECT_EQ(ContentOf(Path("@/dest/a198.txt")), "old");
+
+    WritePair("a.txt");
+    const RunResult run = Backup();
+    EXPECT_EQ(run.counters, "backup 1");
+    EXPECT_NE(run.log.find("Action: Didn't backup file. Backup max reached.\r\n"),
+              std::string::npos);
+    EXPECT_EQ(Tree("@/dest").size(), 199U);
+    EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), "new");
+    EXPECT_EQ(ContentOf(Path("@/dest/a198.txt")), "old");
+}
+
+TEST_F(RotateBackupTest, AReadOnlyVersionKeepsItsAttributeUnderItsNumber)
+{
+    WritePair("a.txt", 0444);
+    EXPECT_EQ(Backup().counters, "backup 1");
+    EXPECT_EQ(ModeOf(Path("@/dest/a1.txt")), 0444U);
+    EXPECT_EQ(ModeOf(Path("@/dest/a.txt")), ModeOf(Path("@/source/a.txt")));
+    // With no number free it guards the plain name again.
+    for (int number = 2; number <= 198; ++number)
+        Write({"dest/" + NumberedName("a.txt", number) + "=v"});
+    std::filesystem::remove(Path("@/dest/a.txt"));
+    WritePair("a.txt", 0444);
+    EXPECT_EQ(Backup().counters, "error 1");
+    EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), "old");
+}
+
+TEST_F(RotateBackupTest, AFailedCopyLeavesTheVersionUnderItsNumberAndNoFileUnderThePlainName)
+{
+    for (const bool links : {true, false}) {
+        std::filesystem::remove_all(Path("@/dest"));
+        WritePair("a.txt");
+        const RunResult run = Backup([links](FailingFileSystem& disk) {
+            disk.FailAlways(Call::CopyFile, ErrorFromErrno(ENOSPC));
+            if (!links)
+                disk.FailAlways(Call::Link, ErrorFromErrno(EPERM));
+        });
+        EXPECT_EQ(run.counters, "error 1");
+        EXPECT_EQ(Tree("@/dest"), (TreeLines{"a1.txt=old"}));
+        EXPECT_EQ(Backup().counters, "copy 1");
+        EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=new", "a1.txt=old"}));
+    }
+}
+
+TEST_F(RotateBackupTest, ANameThatCannotBeExaminedIsNotTakenForFree)
+{
+    WritePair("a.txt");
+    Write({"dest/a1.txt=v1"});
+    // The first probe is that of the file itself.
+    (void)Backup([](FailingFileSystem& disk) { disk.FailAt(Call::Probe, 2, ErrorFromErrno(EIO)); });
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=new", "a1.txt=v1", "a2.txt=old"}));
+}
+
+TEST_F(RotateBackupTest, ANumberThatIsTakenMeanwhileIsNotReplaced)
+{
+    WritePair("a.txt");
+    (void)Backup([&](FailingFileSystem& disk) {
+        disk.RunBefore(Call::Link, 1, [&] { Write({"dest/a1.txt=theirs"}); });
+    });
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=new", "a1.txt=theirs", "a2.txt=old"}));
+}
+
+TEST_F(RotateBackupTest, AFolderThatCouldNotBeOpenedAtOnceDoesNotPassForAnEmptyOne)
+{
+    for (int first = 1; first <= 6; ++first) {
+        for (int last = first; last <= first + 3; ++last) {
+            WritePair("sub/a.txt");
+            const std::vector<CDirCopy> entries{Entry(kTree | DCF_INCREMENTAL)};
+            (void)Run(entries, [&](FailingFileSystem& disk) {
+                for (int number = first; number <= last; ++number)
+                    disk.FailAt(Call::OpenSubfolder, number, ErrorFromErrno(EMFILE));
+            });
+            (void)Run(entries);
+            EXPECT_EQ(Tree("@/dest/sub"), (TreeLines{"a.txt=new", "a1.txt=old"}))
+                << first << " to " << last;
+            std::filesystem::remove_all(Path("@/dest"));
+        }
+    }
+}
+
+// The named fate of a version that can be given no number although one is free.
+TEST_F(RotateBackupTest, AFailedRenamePassesUnnoticedAndTheCopyGoesOverTheFile)
+{
+    const std::string full = std::string(251, 'n') + ".txt";
+    const std::string plain = "a.txt";
+    for (const std::string& name : {full, plain}) {
+        std::filesystem::remove_all(Path("@"));
+        WritePair(name);
+        const RunResult run = Backup([&](FailingFileSystem& disk) {
+            if (name == full)
+                return;
+            disk.FailAlways(Call::Link, ErrorFromErrno(EPERM));
+            disk.FailAlways(Call::Rename, ErrorFromErrno(EPERM));
+        });
+        EXPECT_EQ(run.counters, "backup 1");
+        EXPECT_NE(run.log.find("Action: Incrementing backup."), std::string::npos);
+        EXPECT_EQ(Tree("@/dest"), (TreeLines{name + "=new"}));
+    }
+}
+
+}  // namespace
+}  // namespace quorbit

@@ -1,0 +1,352 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Which files a run finds, and where they land.
+
+#include "engine/tree_walk.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "engine/run_fixture.h"
+
+namespace quorbit {
+namespace {
+
+using namespace testing;
+
+class TreeWalkTest : public RunFixture {};
+
+TEST_F(TreeWalkTest, SubfoldersArePassedOverLandFlatOrAreRecreated)
+{
+    Write({"source/a=1", "source/sub/b=2", "source/sub/deep/c=3", "source/empty/"});
+    EXPECT_EQ(Run({Entry(kAll, "@/source", "@/top")}).counters, "copy 1");
+    EXPECT_EQ(Tree("@/top"), (TreeLines{"a=1"}));
+    EXPECT_EQ(Run({Entry(kAll | DCF_SUBFOLDERS, "@/source", "@/flat")}).counters, "copy 3");
+    EXPECT_EQ(Tree("@/flat"), (TreeLines{"a=1", "b=2", "c=3"}));
+    EXPECT_EQ(Run({Entry(kTree, "@/source", "@/tree")}).counters, "copy 3");
+    EXPECT_EQ(Tree("@/tree"), Tree("@/source"));
+    // Folders are not selected: they come also where no file in them is.
+    const CDirCopy none =
+        Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE, "@/source", "@/none", {"*.none"});
+    EXPECT_EQ(Run({none}).counters, "");
+    EXPECT_EQ(Tree("@/none"), (TreeLines{"empty/", "sub/", "sub/deep/"}));
+}
+
+TEST_F(TreeWalkTest, FlatFilesOfOneNameMeetEachOther)
+{
+    Write({"source/one/a=1", "source/two/a=2"});
+    SetModified(Path("@/source/one/a"), 1000);
+    SetModified(Path("@/source/two/a"), 2000);
+    (void)Run({Entry(kAll | DCF_SUBFOLDERS | DCF_SYNC)});
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=2"}));  // in whatever order they came
+}
+
+TEST_F(TreeWalkTest, ListedFoldersLandUnderTheirNames)
+{
+    Write({"source/a/1.txt=1", "source/a/2.tmp=2", "source/a/sub/3.txt=3", "source/b/",
+           "source/c/4.txt=4", "source/5.txt=5"});
+    const CDirCopy flat = FolderList(DCF_NO_ATTRS | DCF_SUBFOLDERS, {"a", "none", "b"}, "@/source/",
+                                     "@/dest/", {"*.txt"});
+    const RunResult run = Run({flat});
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a/", "a/1.txt=1", "a/3.txt=3", "b/", "none/"}));
+    EXPECT_EQ(run.counters, "copy 2 error 1");
+    EXPECT_THAT(run.log, HasSubstr(Path("Action: Create Folder.\r\nCurrent File: @/source/a/\r\n"
+                                        "Destination File: @/dest/a/\r\n")));
+    EXPECT_EQ(Run({FolderList(kTree, {})}).counters, "");
+    // An entry with folder types is walked so whatever its kind and its bits say.
+    CDirCopy plain = flat;
+    plain.m_nKind = DCK_TYPES;
+    plain.m_dwFlags &= ~DCF_FOLDER_ITEMS;
+    EXPECT_EQ(Run({plain}).counters, "copy 2 error 1");
+    // Without types the names are names, and none is asked for.
+    CDirCopy untyped = flat;
+    untyped.m_listFolderTypes.clear();
+    EXPECT_EQ(Run({untyped}).counters, "error 1");
+    EXPECT_EQ(Run({FolderList(DCF_NO_ATTRS | DCF_DELETE, {"a"})}).counters, "delete 2");
+    EXPECT_EQ(Tree("@/source/a"), (TreeLines{"sub/", "sub/3.txt=3"}));
+}
+
+TEST_F(TreeWalkTest, MyComputerListsWholeVolumes)
+{
+    Write({"mounted/a=1", "mounted/sub/b=2", "volume/c=3"});
+    m_drives['C'] = Path("@/mounted");
+    const RunResult run =
+        Run({FolderList(kTree, {"C:\\", "c:", "Q:\\", Path("@/volume")}, "My Computer")});
+    EXPECT_EQ(run.counters, "copy 5 error 1");
+    const std::string mount = VolumeName(Path("@/volume"));
+    EXPECT_THAT(mount, Not(HasSubstr("/")));
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"C/", "C/a=1", "C/sub/", "C/sub/b=2", "Q/", "c/", "c/a=1",
+                                         "c/sub/", "c/sub/b=2", mount + "/", mount + "/c=3"}));
+    EXPECT_THAT(run.log, HasSubstr("Current File: C:\\sub\\b\r\n"));
+    // Compared with case; and only as a folder list.
+    EXPECT_EQ(Run({FolderList(kTree, {"C:\\"}, "my computer")}).counters, "error 1");
+    EXPECT_EQ(Run({Entry(kTree, "My Computer")}).counters, "error 1");
+}
+
+TEST_F(TreeWalkTest, ADestinationInsideTheSourceIsNotWalkedInto)
+{
+    Write({"source/a=1", "source/sub/b=2"});
+    const TreeLines expected{"a=1", "inside/", "sub/", "sub/b=2"};
+    for (const char* dest : {"@/source/inside/dest", "@/source/sub/../inside/dest/"}) {
+        for (int round = 1; round <= 2; ++round) {
+            const RunResult run = Run({Entry(kTree, "@/source", dest)});
+            EXPECT_EQ(run.counters, "copy 2") << dest << ", round " << round;
+            EXPECT_EQ(Tree("@/source/inside/dest"), expected);
+        }
+    }
+    // A listed folder into itself, its own folder and one beside it.
+    for (int round = 1; round <= 2; ++round)
+        EXPECT_EQ(Run({FolderList(kTree, {"sub"}, "@/source", "@/source/sub/x")}).counters,
+                  "copy 1");
+    EXPECT_EQ(Tree("@/source/sub"), (TreeLines{"b=2", "x/", "x/sub/", "x/sub/b=2"}));
+    // A deletion has no destination.
+    EXPECT_EQ(Run({Entry(kTree | DCF_DELETE, "@/source", "@/source/sub")}).counters, "delete 5");
+}
+
+TEST_F(TreeWalkTest, AFileIsNotCopiedOntoItself)
+{
+    Write({"source/a=1", "source/sub/b=2", "link->source"});
+    const TreeLines before = Tree("@");
+    for (const char* dest : {"@/source", "@/source/sub/..", "@/link"}) {
+        const RunResult run = Run({Entry(kAll | DCF_OVERWRITE_RO, "@/source", dest)});
+        EXPECT_EQ(run.counters, "error 1");
+        EXPECT_EQ(run.surface.errors[0], "Source and destination are the same file");
+        EXPECT_EQ(Run({Entry(kAll | DCF_INCREMENTAL, "@/source", dest)}).counters, "");
+        EXPECT_EQ(Tree("@"), before);
+    }
+    EXPECT_EQ(Run({FolderList(kTree, {"sub"}, "@/source", "@/source")}).counters, "error 1");
+    EXPECT_EQ(Tree("@"), before);
+}
+
+TEST_F(TreeWalkTest, EveryKindOfItemAndNameComesAcross)
+{
+    Write({"source/to file->a", "source/to folder->..", "source/nowhere->none", "source/pipe|",
+           "source/line\nend=1", "source/bad\xFF\xFEname=2", "source/back\\slash=3", "source/*.*=4",
+           "source/ =5", "source/C:=6", "source/sub\n/x=7"});
+    for (int round = 1; round <= 2; ++round) {
+        EXPECT_EQ(Run({Entry(kTree)}).counters, "copy 11");
+        EXPECT_EQ(Tree("@/dest"), Tree("@/source"));
+    }
+    EXPECT_EQ(Run({Entry(kTree | DCF_DELETE, "@/dest")}).counters, "delete 11");
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"sub\n/"}));
+}
+
+TEST_F(TreeWalkTest, NothingIsWrittenThroughALinkAtTheDestination)
+{
+    Write({"source/sub/deep/a=1", "elsewhere/deep/a=mine", "dest/", "dest/sub->../elsewhere"});
+    const TreeLines elsewhere = Tree("@/elsewhere");
+    const RunResult run = Run({Entry(kTree), FolderList(kTree, {"sub"})});
+    EXPECT_EQ(Tree("@/elsewhere"), elsewhere);
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"sub->../elsewhere"}));
+    EXPECT_THAT(run.counters, HasSubstr("error"));
+    EXPECT_THAT(run.counters, Not(HasSubstr("copy")));
+    // The destination that the entry names may be a link: those are the user's own words.
+    EXPECT_EQ(Run({Entry(kAll, "@/source/sub/deep", "@/dest/sub")}).counters, "copy 1");
+    EXPECT_EQ(ContentOf(Path("@/elsewhere/a")), "1");
+}
+
+TEST_F(TreeWalkTest, AFolderThatBecomesALinkWhileTheRunIsOnIsNotFollowed)
+{
+    for (const char* swapped : {"@/dest/sub", "@/source/sub"}) {
+        for (const Call call :
+             {Call::OpenSubfolder, Call::StillThere, Call::Probe, Call::CopyFile}) {
+            for (int number = 1; number <= 2; ++number) {
+                SCOPED_TRACE(Message() << swapped << static_cast<int>(call) << number);
+                std::filesystem::remove_all(Path("@"));
+                Write({"source/sub/a=1", "source/sub/b=2", "elsewhere/a=mine", "elsewhere/c=mine",
+                       "dest/sub/"});
+                const TreeLines elsewhere = Tree("@/elsewhere");
+                bool happened = false;
+                (void)Run({Entry(kTree)}, [&](FailingFileSystem& disk) {
+                    disk.RunBefore(call, number, [&] {
+                        happened = true;
+                        std::filesystem::rename(Path(swapped), Path("@/moved"));
+                        std::filesystem::create_directory_symlink(Path("@/elsewhere"),
+                                                                  Path(swapped));
+                    });
+                });
+                EXPECT_TRUE(happened);
+                EXPECT_EQ(Tree("@/elsewhere"), elsewhere);
+                EXPECT_THAT(Tree("@/dest"), Not(Contains(HasSubstr("mine"))));
+            }
+        }
+    }
+}
+
+TEST_F(TreeWalkTest, ADestinationThatIsTakenAwayIsMadeAnew)
+{
+    Write({"source/sub/a=1", "source/sub/b=2"});
+    const RunResult run = Run({Entry(kTree)}, [&](FailingFileSystem& disk) {
+        disk.RunBefore(Call::StillThere, 3, [&] { std::filesystem::remove_all(Path("@/dest")); });
+    });
+    EXPECT_EQ(run.counters, "copy 2");
+    EXPECT_EQ(Tree("@/dest").size(), 2U);  // the folder and the second file
+}
+
+TEST_F(TreeWalkTest, AFolderThatStandsAlreadyIsNoError)
+{
+    // Made by somebody else between the look and the creation.
+    Write({"source/a=1"});
+    const auto meanwhile = [&](FailingFileSystem& disk) {
+        disk.RunBefore(Call::CreateFolder, 1, [&] { Write({"dest/"}); });
+    };
+    EXPECT_EQ(Run({Entry(kAll)}, meanwhile).counters, "copy 1");
+    // Below a destination that no file has opened yet; the error is that of the source.
+    Write({"source/sub/", "dest/sub/"});
+    std::filesystem::remove(Path("@/source/a"));
+    const RunResult run = Run({Names(kTree, {})}, [](FailingFileSystem& disk) {
+        disk.FailAt(Call::OpenSubfolder, 2, ErrorFromErrno(EACCES));
+    });
+    EXPECT_EQ(run.counters, "error 1");
+}
+
+TEST_F(TreeWalkTest, AFileThatVanishesIsAnErrorAndItsUnitIsTakenOff)
+{
+    const struct {
+        std::uint32_t flags;
+        Call call;
+    } cases[] = {{0, Call::OpenSource},
+                 {DCF_SYNC, Call::ReadDetails},
+                 {DCF_SYNC, Call::OpenSource},
+                 {DCF_DELETE, Call::DeleteFile},
+                 {DCF_DELETE, Call::ReadDetails}};
+    for (const auto& c : cases) {
+        Write({"source/a=1", "dest/"});
+        const RunResult run = Run({Entry(kAll | c.flags)}, [&](FailingFileSystem& disk) {
+            disk.RunBefore(c.call, 1, [&] { std::filesystem::remove(Path("@/source/a")); });
+        });
+        EXPECT_EQ(run.counters, "error 1");
+        EXPECT_THAT(run.log, HasSubstr("File.\r\nERROR: No such file or directory\r\n\r\n"
+                                       "Current File: "));
+        EXPECT_EQ(Tree("@"), (TreeLines{"dest/", "source/"}));
+    }
+}
+
+TEST_F(TreeWalkTest, WhatCannotBeReadIsAnErrorAndNeverTakenForNothing)
+{
+    Write({"source/a=1", "source/b=2", "dest/"});
+    const auto fail = [](Call call, int number) {
+        return [=](FailingFileSystem& disk) { disk.FailAt(call, number, ErrorFromErrno(EIO)); };
+    };
+    // A listing that breaks off, here after the first file, is not the end of a folder.
+    EXPECT_EQ(Run({Entry(kAll)}, fail(Call::Next, 5)).counters, "left 1 copy 1 error 1");
+    const CDirCopy folder = Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER);
+    EXPECT_EQ(Run({folder}, fail(Call::Next, 1)).counters, "delete 1 error 2");
+    // A file whose attributes are not known is not one without attributes.
+    const CDirCopy plain = Entry(DCF_ALL_TYPES | DCF_ATTR_AND | DCF_DELETE);
+    CDirCopy plainFolder = plain;
+    plainFolder.m_dwFlags |= DCF_DELETE_FOLDER;
+    EXPECT_EQ(Run({plain}, fail(Call::ReadAttributes, 1)).counters, "error 1");
+    // The first to be read are the folder's own.
+    EXPECT_EQ(Run({plainFolder}, fail(Call::ReadAttributes, 2)).counters, "delete 1 error 2");
+    EXPECT_EQ(Tree("@/source"), (TreeLines{"a=1", "b=2"}));
+}
+
+TEST_F(TreeWalkTest, APathMayBeLongerThanTheSystemTakes)
+{
+    constexpr int kDepth = 20;
+    const std::string name(250, 'd');
+    Write({"source/"});
+    int folder = ::open(Path("@/source").c_str(), O_PATH | O_CLOEXEC);
+    for (int level = 0; level < kDepth; ++level) {
+        ASSERT_EQ(::mkdirat(folder, name.c_str(), 0700), 0);
+        const int next = ::openat(folder, name.c_str(), O_PATH | O_CLOEXEC);
+        ::close(folder);
+        folder = next;
+    }
+    ASSERT_EQ(::symlinkat("target", folder, "link"), 0);
+    const int file = ::openat(folder, "file", O_CREAT | O_WRONLY | O_CLOEXEC, 0600);
+    ASSERT_EQ(::write(file, "x", 1), 1);
+    ::close(file);
+    ::close(folder);
+
+    EXPECT_EQ(Run({Entry(kTree)}).counters, "copy 2");
+    EXPECT_EQ(Tree("@/dest"), Tree("@/source"));
+    EXPECT_EQ(Run({Entry(kTree | DCF_DELETE | DCF_DELETE_FOLDER)}).counters, "delete 1");
+    EXPECT_EQ(Run({Entry(kTree | DCF_DELETE, "@/dest")}).counters, "delete 2");
+}
+
+TEST_F(TreeWalkTest, EmptyPathsDoNoHarm)
+{
+    Write({"here/a/1=x", "source/a/1=x", "source/2=x", "dest/keep=x"});
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Path("@/here"));
+    const TreeLines tree = Tree("@");
+    const CDirCopy entries[] = {
+        Entry(kTree, "", "@/dest"),
+        Entry(kTree, "@/source", ""),
+        Entry(kTree, "", ""),
+        Entry(kAll | DCF_DELETE, ""),
+        FolderList(kTree, {".."}, "@/source/a"),
+        FolderList(kTree, {"a"}, "@/source", ""),
+        FolderList(kTree | DCF_DELETE, {"a"}, "", ""),
+        FolderList(kTree | DCF_DELETE, {""}, "@/source", ""),
+    };
+    for (const CDirCopy& entry : entries) {
+        const RunResult run = Run({entry});
+        EXPECT_THAT(run.counters, StartsWith("error")) << entry.m_strSource;
+        EXPECT_EQ(Tree("@"), tree) << entry.m_strSource << " to " << entry.m_strDest;
+    }
+    std::filesystem::current_path(before);
+}
+
+TEST_F(TreeWalkTest, AMissingDriveIsOneErrorForEachMissingLevel)
+{
+    Write({"source/"});
+    EXPECT_EQ(Run({Entry(kAll, "@/source", "Q:\\a\\b\\")}).counters, "error 2");
+    EXPECT_EQ(Run({Entry(kAll, "@/source", "Q:\\")}).counters, "");
+}
+
+TEST_F(TreeWalkTest, LeftoversOfKilledRunsAreNeitherCopiedNorCountedAndGoAtTheDestination)
+{
+    const std::string leftover = ".quorbit-0123456789abcdef.tmp";
+    Write({"source/a=1", "source/" + leftover + "=part", "dest/sub/" + leftover + "=part",
+           "dest/" + leftover + "=part", "source/sub/"});
+    EXPECT_EQ(Run({Entry(kTree)}).counters, "copy 1");
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=1", "sub/"}));
+    EXPECT_EQ(Run({Entry(kTree | DCF_DELETE | DCF_DELETE_FOLDER)}).counters, "delete 1");
+}
+
+TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrderAndHoldsNoMoreThanItMay)
+{
+    for (int i = 0; i < 300; ++i)
+        Write({"source/" + std::to_string(i) + "=x"});
+    PosixFileSystem files;
+    const auto folder = files.OpenFolder(Path("@/source"));
+    std::vector<std::string> listed;
+    FindData data;
+    for (auto listing = files.List(**folder); *(*listing)->Next(data);)
+        listed.push_back(data.name);
+
+    ReadAheadPolicy policy;
+    EXPECT_EQ(policy.Window(), 1U);
+    policy.Learn(false);
+    EXPECT_EQ(policy.Window(), 64U);
+    auto listing = files.List(**folder);
+    const std::vector<std::string> list;
+    const WalkRules rules{list, kAll, 0, DCK_TYPES, {}};
+    {
+        SourceQueue queue(files, **folder, **listing, rules, policy);
+        QueuedItem item;
+        for (const std::string& name : listed) {
+            ASSERT_TRUE(*queue.Next(item));
+            EXPECT_EQ(item.data.name, name);
+            EXPECT_EQ(item.source->Details().name, name);
+        }
+        EXPECT_FALSE(*queue.Next(item));
+    }
+    policy.Learn(false);
+    for (int i = 0; i < 256; ++i)
+        policy.Opened();
+    EXPECT_EQ(policy.Window(), 1U);
+    for (int i = 0; i < 256; ++i)
+        policy.Taken();
+    for (int i = 0; i < 128; ++i)
+        policy.Learn(true);
+    EXPECT_EQ(policy.Window(), 1U);
+}
+
+}  // namespace
+}  // namespace quorbit
