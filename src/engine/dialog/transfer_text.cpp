@@ -57,7 +57,7 @@ std::string TimeLeftText(std::chrono::seconds left)
     } else {
         text += Counted(coarse / 60, "hour");
         if (coarse % 60 != 0)
-            text += " " + Counted(coarse % 60, "minute");
+            text += ' ' + Counted(coarse % 60, "minute");
     }
     text += " left";
     return text;

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/window/app_test.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "batch/batch_file.h"
+
+namespace quorbit {
+
+AppTest::AppTest()
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+AppTest::~AppTest() = default;
+
+std::string AppTest::Path(const std::string& name) const
+{
+    return folder.Path() + "/" + name;
+}
+
+void AppTest::WriteBatch(const std::string& name, const std::string& from) const
+{
+    CDirCopy entry(Path(from), Path("to"),
+                   DCF_NO_ATTRS | DCF_ALL_TYPES | DCF_SUBFOLDERS | DCF_PRESERVE_TREE, DCK_TYPES, 0);
+    entry.m_listItems = {"*.*"};
+    ASSERT_TRUE(WriteBatchFile(Path(name), {{}, {entry}}));
+}
+
+void AppTest::SetUpProgram() const
+{
+    ASSERT_TRUE(CompleteSetup(stores.machine));
+}
+
+void AppTest::Make(std::uint32_t nRunMode, const std::string& file)
+{
+    CommandLine line;
+    line.nRunMode = nRunMode;
+    line.named = !file.empty();
+    line.batchFile = file;
+    AppServices services{stores};
+    services.pPrompts = &prompts;
+    services.pTextEditor = &editor;
+    services.openHelp = [this](const std::string& path) {
+        helpOpened.push_back(path);
+        return true;
+    };
+    services.endLoop = [this](int code) {
+        ended = code;
+        QCoreApplication::exit(code);
+    };
+    app = std::make_unique<CQRBApp>(line, std::move(services));
+}
+
+void AppTest::Start(std::uint32_t nRunMode, const std::string& file)
+{
+    Make(nRunMode, file);
+    ASSERT_TRUE(app->InitInstance());
+}
+
+int AppTest::Live()
+{
+    if (!app->InitInstance()) {
+        return app->ExitInstance(0);
+    }
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
+    limit.start(30'000);
+    return app->ExitInstance(QApplication::exec());
+}
+
+void AppTest::Until(const std::function<bool()>& done) const
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!done()) {
+        ASSERT_LT(clock.elapsed(), 30'000);
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+}
+
+void AppTest::Serve() const
+{
+    for (int round = 0; round < 5; ++round) {
+        QApplication::processEvents();
+    }
+}
+
+std::string AppTest::Title()
+{
+    return Frame().windowTitle().toStdString();
+}
+
+}  // namespace quorbit

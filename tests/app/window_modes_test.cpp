@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The program with windows that nobody sees, and without a display.
+
+#include <signal.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include "app/quorbit_program.h"
+
+namespace quorbit {
+namespace {
+
+namespace fs = std::filesystem;
+
+class WindowModes : public QuorbitProgram {
+protected:
+    [[nodiscard]] ProgramCall CallInWindow(const std::vector<std::string>& arguments) const
+    {
+        ProgramCall call = Call(arguments);
+        call.environment["QT_QPA_PLATFORM"] = "offscreen";
+        return call;
+    }
+    static void WaitFor(const std::function<bool()>& done)
+    {
+        for (int tries = 0; tries < 3000 && !done(); ++tries)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        ASSERT_TRUE(done());
+    }
+    // The log is whole.
+    [[nodiscard]] bool HasEnded(const std::string& document) const
+    {
+        return Counts(Log(document)).contains("Error");
+    }
+};
+
+TEST_F(WindowModes, RunAndQuitByItself)
+{
+    SetUpProgram();
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    const ProgramResult result = RunProgram(CallInWindow({"nightly.qrb", "/vs"}));
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out + result.err, "");
+    EXPECT_EQ(ContentOf(Path("to/a.txt")), "a");
+    EXPECT_EQ(Counts(Log("nightly"))["Copy"], "1");
+}
+
+TEST_F(WindowModes, EndWithOneAfterAnError)
+{
+    SetUpProgram();
+    Write({"config/quorbit/profile.ini=[Options]\nOptFlags=1\n"});  // no boxes
+    WriteBatch("nightly.qrb", {CopyEntry("missing", "to")});
+    EXPECT_EQ(RunProgram(CallInWindow({"nightly.qrb", "/VS"})).exitCode, 1);
+
+    Program stays(CallInWindow({"nightly.qrb", "/VO"}));
+    fs::remove(Path("state/quorbit/nightly.log"));
+    WaitFor([this] { return HasEnded("nightly"); });
+    stays.Signal(SIGTERM);  // the dialog shows its OK button, and the signal presses it
+    EXPECT_EQ(stays.Wait().exitCode, 1);
+}
+
+TEST_F(WindowModes, StayOpenUntilSomebodyClosesTheDialog)
+{
+    SetUpProgram();
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    Program program(CallInWindow({"/VO", "nightly.qrb"}));
+    WaitFor([this] { return HasEnded("nightly"); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    program.Signal(0);
+    program.Signal(SIGINT);
+    const ProgramResult result = program.Wait();
+    EXPECT_EQ(result.exitCode, 0) << result.endedBySignal;
+    EXPECT_EQ(ContentOf(Path("to/a.txt")), "a");
+}
+
+TEST_F(WindowModes, CloseTheMainWindowWhenASignalAsks)
+{
+    SetUpProgram();
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        fs::remove(Path("config/quorbit/profile.ini"));
+        fs::remove(Path("config/quorbit/filetypes.ini"));
+        Program program(CallInWindow({}));
+        // Registering is among the last steps before the window comes.
+        WaitFor([this] { return fs::exists(Path("config/quorbit/filetypes.ini")); });
+        program.Signal(number);
+        const ProgramResult result = program.Wait();
+        EXPECT_EQ(result.exitCode, 0) << number << " " << result.endedBySignal;
+        EXPECT_TRUE(fs::exists(Path("config/quorbit/profile.ini"))) << "its place is remembered";
+    }
+}
+
+TEST_F(WindowModes, EndWithTwoIfTheFileCannotBeRead)
+{
+    SetUpProgram();
+    Write({"damaged.qrb=1234"});
+    fs::remove(Path("config/quorbit/filetypes.ini"));
+    Program program(CallInWindow({"damaged.qrb", "/VS"}));
+    WaitFor([this] { return fs::exists(Path("data/mime/packages/org.example.Quorbit.xml")); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    program.Signal(SIGTERM);  // closes the box that tells why
+    EXPECT_EQ(program.Wait().exitCode, 2);
+    EXPECT_FALSE(fs::exists(Path("state/quorbit/damaged.log")));
+}
+
+TEST_F(WindowModes, SayThatThereIsNoDisplay)
+{
+    SetUpProgram();
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    const std::vector<std::vector<std::string>> commandLines{
+        {}, {"nightly.qrb"}, {"nightly.qrb", "/VS"}, {"nightly.qrb", "/VO"}};
+    for (const auto& arguments : commandLines) {
+        ProgramCall without = Call(arguments);
+        ProgramCall refused = Call(arguments);
+        refused.environment["DISPLAY"] = "host.invalid:99";
+        refused.environment["QT_QPA_PLATFORM"] = "xcb";
+        for (const ProgramCall& call : {without, refused}) {
+            const ProgramResult result = RunProgram(call);
+            EXPECT_EQ(result.exitCode, 2) << result.endedBySignal;
+            EXPECT_TRUE(Contains(result.err, "display")) << result.err;
+            EXPECT_TRUE(Contains(result.err, "/I")) << "it names a way out";
+        }
+    }
+    EXPECT_FALSE(fs::exists(Path("to")));
+    EXPECT_EQ(Run({"nightly.qrb", "/I"}).exitCode, 0) << "that way works";
+}
+
+TEST_F(WindowModes, DoNotUseUpTheFirstStartWithoutADisplay)
+{
+    EXPECT_EQ(Run({}).exitCode, 2);
+    EXPECT_FALSE(fs::exists(Path("config/quorbit/machine.ini")));
+}
+
+}  // namespace
+}  // namespace quorbit
