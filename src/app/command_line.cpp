@@ -110,7 +110,8 @@ std::string UsageText()
            "\n"
            "Exit code: 0 the run met no error, 1 it met errors, 2 there was no run (no such file, "
            "a damaged\n"
-           "file, another run of the same document, wrong words on the command line).\n";
+           "file, another run of the same document, no display for a window, wrong words on the "
+           "command line).\n";
 }
 
 }  // namespace quorbit

@@ -12,6 +12,11 @@
 
 namespace quorbit {
 
+// What a person is told whose switches do not count.
+inline constexpr const char* kNoSwitchesOnFirstRun =
+    "Command line options don't work if you are running for the first time.  Just run again and "
+    "they will work.";
+
 enum class CommandAction {
     Start,    // open the program, or run the batch file if there is a run mode
     Help,     // --help

@@ -80,11 +80,7 @@ int StartUnattended(const CommandLine& line)
         return kExitOk;
     }
     if (machine.IsFirstRun()) {
-        std::fputs(
-            "quorbit: Command line options don't work if you are running for the first time.  Just "
-            "run "
-            "again and they will work.\n",
-            stderr);
+        std::fprintf(stderr, "quorbit: %s\n", kNoSwitchesOnFirstRun);
         return kExitNoRun;
     }
     return RunUnattended(line, machine, Profile(stores.profile));

@@ -23,9 +23,6 @@
 namespace quorbit {
 namespace {
 
-constexpr const char* kNoSwitchesOnFirstRun =
-    "Command line options don't work if you are running for the first time.  Just run again and "
-    "they will work.";
 constexpr const char* kStandardFolder = "c:\\";
 constexpr std::uint32_t kAnyRunMode = kRunAndQuit | kRunAndStayOpen | kRunInvisible;
 

@@ -36,7 +36,10 @@ std::string Profile::GetProfileString(Setting setting, const std::string& standa
 {
     const SettingInfo& info = InfoOf(setting);
     auto stored = m_store.ReadText(info.section, info.name);
-    return stored ? std::move(*stored) : standard;
+    if (!stored) {
+        return standard;
+    }
+    return std::move(*stored);
 }
 
 void Profile::WriteProfileInt(Setting setting, std::int32_t value) const

@@ -50,6 +50,24 @@ Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder&
     return found.GetError();
 }
 
+// The same, after making sure that the folder stands. What holds the file stands; only a folder
+// that does not hold it is looked after, and looked into again if it is another one then.
+Result<std::optional<FindData>> FindDestination(CRunContext& ctx, const SourceFolder& source,
+                                                TargetFolder& dest, const std::string& name)
+{
+    std::optional<FolderIdentity> asked;
+    auto existing = ProbeDestination(ctx, dest, name);
+    if (dest.Handle()) {
+        asked = dest.Handle()->Identity();
+        if (existing && *existing) {
+            return existing;
+        }
+    }
+    EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
+    const bool same = asked && dest.Handle() && dest.Handle()->Identity() == *asked;
+    return same ? existing : ProbeDestination(ctx, dest, name);
+}
+
 // What one file's transfer works with.
 struct Transfer {
     CRunContext& ctx;
@@ -108,13 +126,12 @@ void CopyWithBackup(Transfer transfer)
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   const FindData& item, SourceFile* opened, std::uint32_t dwFlags)
 {
-    // The folder first: only an open one can tell whether the file is there. One that merely could
-    // not be opened a moment ago must not pass for one without the file.
-    EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
+    // Only an open folder can tell whether the file is there. One that merely could not be opened a
+    // moment ago must not pass for one without the file.
+    const auto existing = FindDestination(ctx, source, dest, item.name);
     if (g_bStopRun) {
         return;
     }
-    const auto existing = ProbeDestination(ctx, dest, item.name);
     if (!existing) {
         ShowAction(ctx, "Copying File.");
         ReportFileError(ctx, existing.GetError());

@@ -38,7 +38,7 @@ bool OpenWithDesktop(const QString& path)
 QString FindEditor()
 {
     for (const char* name : kEditors) {
-        const QString program = QStandardPaths::findExecutable(QLatin1String(name));
+        QString program = QStandardPaths::findExecutable(QLatin1String(name));
         if (!program.isEmpty())
             return program;
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <charconv>
 #include <vector>
 
@@ -28,7 +29,7 @@ std::string AmountText(double bytes)
 {
     constexpr std::array kUnits{"KB", "MB", "GB", "TB", "PB"};
     if (bytes < 1023.5)
-        return Counted(static_cast<std::int64_t>(bytes + 0.5), "byte");
+        return Counted(std::llround(bytes), "byte");
     std::size_t unit = 0;
     double amount = bytes / 1024;
     // What would round to 1000 goes to the next unit, so that three digits are enough.

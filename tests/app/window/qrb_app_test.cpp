@@ -225,6 +225,23 @@ TEST_F(QrbAppTest, StaysOpenUntilItIsKnownWhatBecomesOfChanges)
                                     "Save changes to " + Path("a.qrb") + "?"}));
 }
 
+TEST_F(QrbAppTest, StaysOpenWhileARunIsOn)
+{
+    SetUpProgram();
+    WriteBatch("a.qrb", "none");
+    Start(0, Path("a.qrb"));
+    bool visible = false;
+    prompts.whileOpen = [&] {
+        Frame().close();
+        Serve();
+        visible = Frame().isVisible();
+    };
+    CloseRunDialogAtItsEnd();
+    EXPECT_TRUE(Frame().OnCmdMsg(CMD_START_BATCH));
+    EXPECT_TRUE(visible);
+    EXPECT_FALSE(ended);
+}
+
 TEST_F(QrbAppTest, ClosesDialogsAndWindowWhenASignalAsks)
 {
     SetUpProgram();
