@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QThread>
 #include <QTimer>
 
 #include "batch/batch_file.h"
@@ -51,7 +52,10 @@ void AppTest::Make(std::uint32_t nRunMode, const std::string& file)
     };
     services.endLoop = [this](int code) {
         ended = code;
-        QCoreApplication::exit(code);
+        // Without a loop to leave, Qt would take it for the next one.
+        if (QThread::currentThread()->loopLevel() > 0) {
+            QCoreApplication::exit(code);
+        }
     };
     app = std::make_unique<CQRBApp>(line, std::move(services));
 }
