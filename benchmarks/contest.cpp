@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iostream>
 
@@ -60,6 +61,9 @@ public:
         EnsureTree(m_tree, m_shape);
         m_workshop.ClearCopies();
         std::vector<Finding> findings = m_row.work == Work::Memory ? MeasureMemory() : Measure();
+        if (m_row.work == Work::Window) {
+            findings.push_back(MeasureWait());
+        }
         m_workshop.ClearCopies();
         return findings;
     }
@@ -74,6 +78,9 @@ private:
             case Work::UnchangedSync:
                 EnterUnchangedSync();
                 break;
+            case Work::Window:
+                EnterWindow();
+                break;
             case Work::Count:
                 EnterCount();
                 break;
@@ -86,11 +93,12 @@ private:
     }
 
     [[nodiscard]] Command Quorbit(const std::string& source, const std::string& dest,
-                                  std::uint32_t flags, Ending ending = Ending::OnDisk) const
+                                  std::uint32_t flags, Ending ending = Ending::OnDisk,
+                                  const std::string& mode = "/I") const
     {
         CDirCopy entry(source, dest, flags, DCK_TYPES, 0);
         entry.m_listItems = {"*.*"};
-        return m_workshop.QuorbitCommand(entry, ending);
+        return m_workshop.QuorbitCommand(entry, ending, mode);
     }
     std::size_t Enter(Contestant contestant)
     {
@@ -131,6 +139,36 @@ private:
                 return std::vector{PeerCopy(bar.peer, m_tree, copy)};
             });
         }
+    }
+
+    // In a window that is drawn, but on no screen.
+    void EnterWindow()
+    {
+        const std::size_t ours = Enter([this](const std::string& copy) {
+            Command command = Quorbit(m_tree, copy, kWholeTree, Ending::LeftToSystem, "/VS");
+            command.environment["QT_QPA_PLATFORM"] = "offscreen";
+            return std::vector{command};
+        });
+        EnterPeer(ours, m_row.bars.at(0), [this](const std::string& copy) {
+            return std::vector{Quorbit(m_tree, copy, kWholeTree, Ending::LeftToSystem)};
+        });
+    }
+    // The longest time that an event of the window waits while the tree is copied.
+    [[nodiscard]] Finding MeasureWait() const
+    {
+        const std::string program =
+            (std::filesystem::path(m_workshop.GetOptions().counter).parent_path() / "bench_window")
+                .string();
+        const std::string result = m_workshop.CopyPath("wait");
+        (void)RunTimed({{{program, m_tree, m_workshop.CopyPath("waited"), result},
+                         {{"QT_QPA_PLATFORM", "offscreen"}}}});
+        double milliseconds = 0;
+        if (!(std::ifstream(result) >> milliseconds)) {
+            GiveUp("bench_window left no result");
+        }
+        const double limit = 100;
+        const Bar& bar = m_row.bars.at(1);
+        return {bar.peer, milliseconds / 1000, limit / 1000, milliseconds / limit, bar.ratio};
     }
 
     void EnterCount()

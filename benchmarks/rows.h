@@ -18,6 +18,7 @@ enum class Work {
     Count,          // the count pass alone
     DeleteFiles,    // an entry that deletes every file
     DeleteFolder,   // an entry that deletes the folder as a whole
+    Window,         // a fresh copy in the dialog, against the same without a window
     Memory,         // how much a fresh copy holds in memory
 };
 

@@ -82,7 +82,8 @@ Command Workshop::Quorbit(Ending ending) const
     return {{m_options.program}, {{"XDG_CONFIG_HOME", settings}, {"XDG_STATE_HOME", settings}}};
 }
 
-Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending) const
+Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending,
+                                 const std::string& mode) const
 {
     BatchFile batch;
     batch.entries.push_back(entry);
@@ -90,7 +91,7 @@ Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending) const
     if (const BatchFileStatus written = WriteBatchFile(path, batch); !written)
         GiveUp(written.GetError().Text());
     Command command = Quorbit(ending);
-    command.arguments.insert(command.arguments.end(), {path, "/I"});
+    command.arguments.insert(command.arguments.end(), {path, mode});
     return command;
 }
 

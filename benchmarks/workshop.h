@@ -33,7 +33,8 @@ public:
     // Deletes all copies and lets the system forget that they were there, as far as it can be told.
     void ClearCopies() const;
     // The command that runs a batch of this entry.
-    [[nodiscard]] Command QuorbitCommand(const CDirCopy& entry, Ending ending) const;
+    [[nodiscard]] Command QuorbitCommand(const CDirCopy& entry, Ending ending,
+                                         const std::string& mode = "/I") const;
 
     // Until nothing is left to be written, so that no run pays for the one before.
     void Settle() const;

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// How long a window waits while a run is on in it: bench_window SOURCE DESTINATION RESULT copies a
+// tree in the dialog, posts an event to the user interface every two milliseconds meanwhile, and
+// writes the longest time that one waited, in milliseconds, to the file RESULT.
+
+#include <QApplication>
+#include <QEvent>
+#include <QObject>
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "batch/prompts.h"
+#include "engine/dialog/desktop_text_editor.h"
+#include "engine/dialog/progress_dialog.h"
+#include "platform/posix_file_system.h"
+#include "platform/posix_process_runner.h"
+
+namespace quorbit::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+const QEvent::Type kStamp = QEvent::Type(QEvent::registerEventType());
+
+class StampedEvent : public QEvent {
+public:
+    StampedEvent() : QEvent(kStamp) {}
+    const Clock::time_point posted = Clock::now();
+};
+
+class WaitMeter : public QObject {
+public:
+    double worst = 0;  // milliseconds
+
+    bool event(QEvent* event) override
+    {
+        if (event->type() != kStamp) {
+            return QObject::event(event);
+        }
+        const std::chrono::duration<double, std::milli> waited =
+            Clock::now() - static_cast<StampedEvent*>(event)->posted;
+        worst = std::max(worst, waited.count());
+        return true;
+    }
+};
+
+class NoPrompts : public Prompts {
+public:
+    PromptAnswer Ask(const std::string& text, const std::string&, PromptIcon,
+                     PromptButtons buttons) override
+    {
+        std::cerr << "bench_window: " << text << '\n';
+        return buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::Yes;
+    }
+    std::optional<std::string> AskOpenFile(const FileQuestion&) override { return {}; }
+    std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
+};
+
+double LongestWait(CQRBDoc& doc, const std::string& logFolder, int& exitCode)
+{
+    PosixFileSystem files;
+    PosixProcessRunner processes(0);
+    NoPrompts prompts;
+    DesktopTextEditor editor;
+    ProgressServices services;
+    services.pFiles = &files;
+    services.pProcesses = &processes;
+    services.pPrompts = &prompts;
+    services.pTextEditor = &editor;
+    services.nRunMode = kRunAndQuit;
+    services.bSyncAtEnd = false;
+    services.readOptFlags = [] { return 0U; };
+    services.installPath = [&] { return std::optional(logFolder); };
+    services.storeLogPath = [](const std::string&) { return true; };
+    services.readLogPath = [] { return std::optional<std::string>(); };
+    services.setExitCode = [&](int code) { exitCode = code; };
+    services.postRefresh = [] {};
+    services.postExit = [] {};
+    services.endProgram = [&](int) { exitCode = 2; };
+
+    WaitMeter meter;
+    std::atomic<bool> over = false;
+    std::thread poster([&] {
+        while (!over) {
+            QCoreApplication::postEvent(&meter, new StampedEvent);
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+    });
+    CProgressDlg(nullptr, &doc, services).exec();
+    over = true;
+    poster.join();
+    return meter.worst;
+}
+
+}  // namespace
+}  // namespace quorbit::bench
+
+int main(int argc, char** argv)
+{
+    using namespace quorbit;
+    if (argc != 4) {
+        std::cerr << "Usage: bench_window SOURCE DESTINATION RESULT\n";
+        return 2;
+    }
+    QApplication application(argc, argv);
+    CQRBDoc doc;
+    const std::string result = argv[3];
+    doc.m_strFilePath = result + "-window.qrb";
+    CDirCopy entry(argv[1], argv[2],
+                   DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES, DCK_TYPES, 0);
+    entry.m_listItems = {"*.*"};
+    doc.m_arrEntries.push_back(entry);
+    int exitCode = 0;
+    const std::string folder = result.substr(0, result.rfind('/') + 1);
+    std::ofstream(result) << bench::LongestWait(doc, folder, exitCode) << '\n';
+    return exitCode;
+}
