@@ -59,10 +59,11 @@ TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
         int number;
         const char* counters;
     } cases[] = {
-        {Call::OpenFolder, 2, "left 3"},    // between the passes
-        {Call::OpenSource, 1, "left 3"},    // when the first file is in hand
-        {Call::StillThere, 1, "left 3"},    // while its folder is looked at
-        {Call::Probe, 2, "left 2 copy 2"},  // past the last test: it is copied
+        {Call::OpenFolder, 2, "left 3"},       // between the passes
+        {Call::OpenSource, 1, "left 3"},       // when the first file is in hand
+        {Call::StillThere, 1, "left 3"},       // while its folder is looked at
+        {Call::Probe, 2, "left 2 copy 1"},     // while the second file's destination is looked at
+        {Call::CopyFile, 2, "left 2 copy 2"},  // past the last test: it is copied
     };
     for (const auto& c : cases) {
         std::filesystem::remove_all(Path("@/dest"));
