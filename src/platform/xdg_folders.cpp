@@ -55,7 +55,7 @@ std::string HomeFolder()
     return IsAbsolute(home) ? home : HomeFromPasswd();
 }
 
-// The specification: "If an implementation encounters a relative path in any of these variables it
+// The standard: "If an implementation encounters a relative path in any of these variables it
 // should consider the path invalid and ignore it."
 std::string UserFolder(const char* variable, std::string_view belowHome)
 {

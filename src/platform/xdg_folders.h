@@ -33,7 +33,7 @@ namespace quorbit {
 [[nodiscard]] std::vector<std::string> SystemDataFolders();
 
 // Creates a folder and those above it that are missing, for the user alone (0700) as the
-// specification asks. One that is there stays as it is.
+// standard asks. One that is there stays as it is.
 Status CreateFolders(const std::string& path);
 
 }  // namespace quorbit

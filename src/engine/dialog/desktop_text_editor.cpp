@@ -24,7 +24,7 @@ constexpr std::array kEditors{
     "notepadqq",         "scite",   "xedit",
 };
 
-// Desktops that answer which program opens a text, as named by the desktop entry specification.
+// Desktops that answer which program opens a text, as named by the desktop entry standard.
 bool HasDesktop()
 {
     return !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
