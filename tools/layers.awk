@@ -15,7 +15,7 @@ BEGIN {
     below = "platform platform/shell batch engine"
     may["engine/dialog"] = below " engine/dialog"
     may["panes"] = below " panes"
-    may["dialogs"] = below " dialogs"
+    may["dialogs"] = below " panes dialogs"
     may["look"] = below " look"
     may["app"] = below " engine/dialog panes dialogs look app"
 

@@ -65,6 +65,10 @@ public:
     [[nodiscard]] virtual std::string GetDestPath() const = 0;
     [[nodiscard]] virtual std::string GetDeletePath() const = 0;
     [[nodiscard]] virtual bool DeleteMode() const = 0;  // m_bDeleteMode
+    // Folder that the list of files shows; "My Computer" for the drives.
+    [[nodiscard]] virtual std::string CurrentPath() const = 0;  // m_strCurrentPath
+    // The last drop: D and a path, or F and names with ", " between them; empty if there was none.
+    [[nodiscard]] virtual std::string DropText() const = 0;  // m_strDropText
 };
 
 // What the list of files has selected.

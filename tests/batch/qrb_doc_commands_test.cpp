@@ -88,6 +88,8 @@ public:
     [[nodiscard]] std::string GetDestPath() const override { return "/to"; }
     [[nodiscard]] std::string GetDeletePath() const override { return "/gone"; }
     [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
+    [[nodiscard]] std::string CurrentPath() const override { return {}; }
+    [[nodiscard]] std::string DropText() const override { return {}; }
 };
 
 class FakeList : public FakeView, public FilePane {
