@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/coarse_clock.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -130,7 +131,7 @@ void ConsoleSurface::CloseAndExit() {}
 
 void ConsoleSurface::Draw()
 {
-    const auto now = std::chrono::steady_clock::now();
+    const auto now = CoarseNow();
     if (now - m_lastDrawn < kBetweenDraws) {
         return;
     }

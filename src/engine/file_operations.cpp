@@ -92,6 +92,19 @@ void CopyPlainly(Transfer transfer, bool destinationExists)
     }
 }
 
+// In a folder that the run has made itself nothing has the file's name, unless somebody put it
+// there meanwhile: then the copy finds it. So the folder is not asked before each file. Nothing is
+// done if the folder has gone: the way of all files makes it again.
+bool CopyIntoNewFolder(const Transfer& transfer)
+{
+    if (!transfer.dest.IsNew() || !transfer.opened ||
+        !transfer.ctx.m_pFiles->StillThere(*transfer.dest.Handle())) {
+        return false;
+    }
+    CopyPlainly(transfer, false);
+    return true;
+}
+
 void CopyNewer(const Transfer& transfer)
 {
     ShowAction(transfer.ctx, "Sync File.");
@@ -126,6 +139,11 @@ void CopyWithBackup(Transfer transfer)
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   const FindData& item, SourceFile* opened, std::uint32_t dwFlags)
 {
+    Transfer transfer{ctx, source, dest, item, opened, {}};
+    transfer.options.replaceReadOnly = (dwFlags & DCF_OVERWRITE_RO) != 0;
+    if ((dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) == 0 && CopyIntoNewFolder(transfer)) {
+        return;
+    }
     // Only an open folder can tell whether the file is there. One that merely could not be opened a
     // moment ago must not pass for one without the file.
     const auto existing = FindDestination(ctx, source, dest, item.name);
@@ -138,8 +156,6 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
         return;
     }
 
-    Transfer transfer{ctx, source, dest, item, opened, {}};
-    transfer.options.replaceReadOnly = (dwFlags & DCF_OVERWRITE_RO) != 0;
     std::optional<std::int64_t> tDest;
     if (*existing) {
         tDest = (*existing)->modified;

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/coarse_clock.h"
 #include "platform/log_output.h"
 
 namespace quorbit {
@@ -22,7 +23,7 @@ struct CRunContext;
 class RunLog {
 public:
     using Now = std::chrono::steady_clock::time_point (*)();
-    explicit RunLog(std::unique_ptr<LogOutput> output, Now now = std::chrono::steady_clock::now);
+    explicit RunLog(std::unique_ptr<LogOutput> output, Now now = CoarseNow);
 
     // Adds the text and CR LF. False if gathered lines were due and could not be written; they are
     // lost then, and the log goes on with what follows.

@@ -45,6 +45,7 @@ bool TargetFolder::Stands()
         return true;
     }
     m_handle.reset();
+    m_bNew = false;
     Open();
     return m_handle != nullptr;
 }
@@ -88,6 +89,7 @@ Status TargetFolder::Create(const Folder* like)
     if (created) {
         m_bSwept = true;  // nothing can have been left in a new folder
         Open();
+        m_bNew = m_handle != nullptr;
     }
     return created;
 }

@@ -35,6 +35,9 @@ public:
     [[nodiscard]] const Folder* Handle() const { return m_handle.get(); }
     // Whether it stands and is this very folder.
     [[nodiscard]] bool Is(const FolderIdentity& folder);
+    // Whether this object has created the folder, so that it holds nothing but what was put into it
+    // since. Forgotten once it was lost from sight.
+    [[nodiscard]] bool IsNew() const { return m_bNew; }
     // Creates the folder in its parent, which must stand. See FileSystem::CreateFolder for `like`.
     Status Create(const Folder* like);
 
@@ -49,6 +52,7 @@ private:
         m_parentByPath;  // else the parent by text, made when it is asked for
     std::unique_ptr<Folder> m_handle;
     bool m_bSwept = false;
+    bool m_bNew = false;
 };
 
 }  // namespace quorbit
