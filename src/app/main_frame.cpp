@@ -16,6 +16,9 @@
 
 #include "app/frame_geometry.h"
 #include "app/identity.h"
+#include "app/lock_indicators.h"
+#include "app/main_tool_bar.h"
+#include "app/pane_area.h"
 #include "app/qrb_app.h"
 #include "platform/path_text.h"
 
@@ -23,6 +26,7 @@ namespace quorbit {
 namespace {
 
 constexpr int kGap = 0;
+constexpr int kBetweenUpdates = 200;  // ms
 
 struct Menu {
     const char* title;
@@ -69,7 +73,8 @@ CMainFrame::CMainFrame(CQRBApp& app)
       m_route(app.Document(), {&app.Document(), &app.Files(), this, &app}),
       m_actions(
           *this, [this](int nId) { return m_route.StateOf(nId); },
-          [this](int nId) { OnCmdMsg(nId); })
+          [this](int nId) { OnCmdMsg(nId); }),
+      m_caption(*this)
 {
     const QSize screen = QGuiApplication::primaryScreen()->availableVirtualGeometry().size();
     m_app.m_nScreenCX = screen.width();
@@ -77,7 +82,12 @@ CMainFrame::CMainFrame(CQRBApp& app)
     setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
     MakeMenus();
-    statusBar();
+    m_wndToolBar = MakeMainToolBar(this, m_actions);
+    addToolBar(m_wndToolBar);
+    new LockIndicators(*statusBar());
+    // What is on the toolbar follows the selection and the focus.
+    connect(&m_idle, &QTimer::timeout, this, [this] { m_actions.UpdateStates(); });
+    m_idle.start(kBetweenUpdates);
     OnUpdateFrameTitle();
 }
 
@@ -159,6 +169,18 @@ bool CMainFrame::OnCommand(int nId)
         case CMD_HELP:
             m_app.OpenHelp();
             return true;
+        case CMD_OPTIONS:
+            m_app.ShowOptions();
+            return true;
+        case CMD_NEXT_PANE:
+        case CMD_PREVIOUS_PANE:
+            if (m_pPanes != nullptr) {
+                m_pPanes->MoveFocus(nId == CMD_NEXT_PANE);
+            }
+            return true;
+        case CMD_SHOW_TOOLBAR:
+            m_wndToolBar->setVisible(m_wndToolBar->isHidden());
+            return true;
         case CMD_SHOW_STATUS_BAR:
             statusBar()->setVisible(statusBar()->isHidden());
             return true;
@@ -172,10 +194,17 @@ bool CMainFrame::OnUpdateCommand(int nId, CommandState& state)
     switch (nId) {
         case CMD_EXIT:
         case CMD_LOG_FILE:
+        case CMD_OPTIONS:
+        case CMD_NEXT_PANE:
+        case CMD_PREVIOUS_PANE:
         case CMD_HELP_TOPICS:
         case CMD_HELP_DEFAULT:
         case CMD_HELP:
             state.enabled = true;
+            return true;
+        case CMD_SHOW_TOOLBAR:
+            state.enabled = true;
+            state.checked = !m_wndToolBar->isHidden();
             return true;
         case CMD_SHOW_STATUS_BAR:
             state.enabled = true;
@@ -186,12 +215,17 @@ bool CMainFrame::OnUpdateCommand(int nId, CommandState& state)
     }
 }
 
+void CMainFrame::MakePanes(const PaneServices& services)
+{
+    m_pPanes = new PaneArea(services);
+    setCentralWidget(m_pPanes);
+}
+
 // --- the window ---------------------------------------------------------------------------------
 
 void CMainFrame::OnUpdateFrameTitle()
 {
-    setWindowTitle(QLatin1String(kFrameTitle) + QLatin1Char(' ') +
-                   QString::fromStdString(m_app.Files().DisplayName()));
+    m_caption.SetTitle(QLatin1String(kFrameTitle), OnScreen(m_app.Files().DisplayName()));
 }
 
 void CMainFrame::ShowFrame()
@@ -228,6 +262,9 @@ void CMainFrame::closeEvent(QCloseEvent* event)
         return;
     }
     SaveGeometry();
+    if (m_pPanes != nullptr) {
+        m_pPanes->SaveLayout();
+    }
     event->accept();
     m_app.OnFrameClosed();
 }

@@ -7,16 +7,21 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
+#include <QToolBar>
 #include <string>
 #include <vector>
 
 #include "app/command_actions.h"
 #include "app/command_route.h"
+#include "app/frameless_frame.h"
 #include "batch/command_target.h"
+#include "panes/pane_services.h"
 
 namespace quorbit {
 
 class CQRBApp;
+class PaneArea;
 
 class CMainFrame : public QMainWindow, public CommandTarget {
 public:
@@ -31,6 +36,9 @@ public:
     // Sends a command once the event loop is free.
     void PostCommand(int nId);
     [[nodiscard]] CommandRoute& Route() { return m_route; }
+
+    // Fills the window: toolbar, panes. Without panes it is an empty window with a menu.
+    void MakePanes(const PaneServices& services);
 
     // "QRB", a blank, the document's path or "Untitled".
     void OnUpdateFrameTitle();
@@ -54,6 +62,10 @@ private:
     CommandRoute m_route;
     CommandActions m_actions;
     std::vector<QAction*> m_recentActions;
+    FramelessFrame m_caption;
+    QToolBar* m_wndToolBar;  // owned by the window, as the panes
+    PaneArea* m_pPanes = nullptr;
+    QTimer m_idle;
 };
 
 }  // namespace quorbit

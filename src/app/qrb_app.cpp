@@ -14,10 +14,12 @@
 #include "app/exit_code.h"
 #include "app/identity.h"
 #include "batch/reg_key.h"
+#include "dialogs/options_dialog.h"
 #include "engine/run_context.h"
 #include "platform/path_text.h"
 #include "platform/posix_file_system.h"
 #include "platform/posix_process_runner.h"
+#include "platform/shell/desktop_folder.h"
 #include "platform/staged_file.h"
 
 namespace quorbit {
@@ -46,6 +48,10 @@ CQRBApp::CQRBApp(CommandLine line, AppServices services)
           // A minimised window would take the dialog along.
           [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; },
           [this] { OpenHelp(); }),
+      m_desktop(MakeDesktopFolder(SystemShellSources(m_profile.ReadDrives()))),
+      m_dlgFileType(MakeDialogServices()),
+      m_dlgFile(MakeDialogServices()),
+      m_dlgScript(MakeDialogServices()),
       m_doc(MakeDocumentServices()),
       m_files(m_doc, *m_services.pPrompts, MakeFilesServices())
 {
@@ -116,6 +122,7 @@ bool CQRBApp::ProcessShellCommand()
         return false;
     }
     m_pMainWnd = std::make_unique<CMainFrame>(*this);
+    m_pMainWnd->MakePanes(MakePaneServices());
     m_files.SetOnRenamed([this] { m_pMainWnd->OnUpdateFrameTitle(); });
     return true;
 }
@@ -238,16 +245,20 @@ bool CQRBApp::OnUpdateCommand(int nId, CommandState& state)
     }
 }
 
+std::optional<std::string> CQRBApp::InstallPath() const
+{
+    CRegKey machine(m_services.stores);
+    std::string path;
+    const bool read = machine.Open(RegParent::LocalMachine, MachineKeyPath()) &&
+                      machine.Read(NameOf(MachineValue::InstallPath), path);
+    return read ? std::optional(path) : std::nullopt;
+}
+
 // The folder in which File Open starts.
 std::string CQRBApp::QrbFilePath() const
 {
-    CRegKey machine(m_services.stores);
-    std::string installPath;
-    if (!machine.Open(RegParent::LocalMachine, MachineKeyPath()) ||
-        !machine.Read(NameOf(MachineValue::InstallPath), installPath)) {
-        installPath = kStandardFolder;
-    }
-    return m_profile.GetProfileString(Setting::QrbFilePath, installPath);
+    return m_profile.GetProfileString(Setting::QrbFilePath,
+                                      InstallPath().value_or(kStandardFolder));
 }
 
 void CQRBApp::OnFileOpen()
@@ -307,17 +318,57 @@ void CQRBApp::ViewLogFile()
     }
 }
 
+void CQRBApp::ShowOptions()
+{
+    OptionSources sources;
+    sources.pProfile = &m_profile;
+    sources.readInstallPath = [this] { return InstallPath(); };
+    sources.readLogFile = [this] { return m_machine.GetRegValue(MachineValue::LogFile); };
+    const DialogServices services = MakeDialogServices();
+    (void)COptionsDlg(services, std::move(sources), m_pMainWnd.get()).DoModal();
+}
+
 // --- what the parts below ask for
 // -----------------------------------------------------------------
 
 DocumentServices CQRBApp::MakeDocumentServices()
 {
     DocumentServices services;
+    services.fileTypeDialog = &m_dlgFileType;
+    services.fileDialog = &m_dlgFile;
+    services.scriptDialog = &m_dlgScript;
     services.runDialog = &m_run;
     services.readDefaultEntry = [this] {
         return DefaultEntry{static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::FileBits)),
                             m_profile.GetProfileString(Setting::FileTypes)};
     };
+    return services;
+}
+
+DialogServices CQRBApp::MakeDialogServices()
+{
+    DialogServices services;
+    services.pPrompts = m_services.pPrompts;
+    services.pIcons = &m_icons;
+    services.desktop = m_desktop;
+    services.drives = m_profile.ReadDrives();
+    services.parent = [this]() -> QWidget* { return m_pMainWnd.get(); };
+    return services;
+}
+
+PaneServices CQRBApp::MakePaneServices()
+{
+    PaneServices services;
+    services.pDoc = &m_doc;
+    services.pProfile = &m_profile;
+    services.pPrompts = m_services.pPrompts;
+    services.pIcons = &m_icons;
+    services.desktop = m_desktop;
+    services.nRunMode = m_nRunMode;
+    services.sendCommand = [this](int nId) { (void)m_pMainWnd->OnCmdMsg(nId); };
+    services.postCommand = [this](int nId) { m_pMainWnd->PostCommand(nId); };
+    services.setActive = [this](CView* view) { m_pMainWnd->Route().SetActiveView(view); };
+    services.isFrameMinimised = [this] { return m_pMainWnd->isMinimized(); };
     return services;
 }
 

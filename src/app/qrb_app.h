@@ -22,7 +22,13 @@
 #include "batch/fatal_handler.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
+#include "dialogs/external_file_dialog.h"
+#include "dialogs/file_dialog.h"
+#include "dialogs/file_type_dialog.h"
 #include "engine/dialog/text_editor.h"
+#include "panes/item_icons.h"
+#include "panes/pane_services.h"
+#include "platform/shell/shell_folder.h"
 
 namespace quorbit {
 
@@ -71,6 +77,8 @@ public:
     void OpenHelp();
     // Shows the log of the last run.
     void ViewLogFile();
+    // Runs the options dialog.
+    void ShowOptions();
 
     // Asks to save; false: the window stays, or a run is on.
     [[nodiscard]] bool CanCloseFrame();
@@ -89,12 +97,16 @@ private:
     void OnFileOpen();
     void OnOpenRecent(std::size_t index);
     void OnAbout();
+    // Nothing if it cannot be read.
+    [[nodiscard]] std::optional<std::string> InstallPath() const;
     [[nodiscard]] std::string QrbFilePath() const;
     [[nodiscard]] bool ShowHelpFile();
 
     [[nodiscard]] DocumentServices MakeDocumentServices();
     [[nodiscard]] DocumentFilesServices MakeFilesServices();
     [[nodiscard]] ProgressServices MakeProgressServices();
+    [[nodiscard]] DialogServices MakeDialogServices();
+    [[nodiscard]] PaneServices MakePaneServices();
     void EndProgram(int code);
     void CloseAsExit();
 
@@ -109,6 +121,11 @@ private:
     std::unique_ptr<FileSystem> m_pRunFiles;  // of the run that is open
     std::unique_ptr<ProcessRunner> m_pRunProcesses;
     WindowRun m_run;
+    ShellFolderPtr m_desktop;  // the root of what panes and dialogs show
+    ItemIcons m_icons;
+    CFileTypeDlg m_dlgFileType;
+    CFileDlg m_dlgFile;
+    CExternalFile m_dlgScript;
     CQRBDoc m_doc;
     DocumentFiles m_files;
     std::unique_ptr<CMainFrame> m_pMainWnd;

@@ -214,7 +214,10 @@ bool CQRBDoc::OnCommand(int nId)
             OnNewScriptEntry();
             return true;
         case CMD_ADD_DEFAULT:
-            OnAddDefault();
+            AddDefault(Standard().fileBits, Standard().fileTypes);
+            return true;
+        case CMD_ADD_DEFAULT_ALL:
+            AddDefault(Standard().fileBits, "*.*");
             return true;
         case CMD_DELETE:
             UpdateAllViews(nullptr, HINT_DELETE);
@@ -232,6 +235,7 @@ bool CQRBDoc::OnUpdateCommand(int nId, CommandState& state)
         case CMD_NEW_FILE_ENTRY:
         case CMD_NEW_SCRIPT_ENTRY:
         case CMD_ADD_DEFAULT:
+        case CMD_ADD_DEFAULT_ALL:
         case CMD_DELETE:
             state.enabled = true;
             return true;
@@ -277,15 +281,18 @@ void CQRBDoc::Append(CDirCopy entry)
     RefreshEntries();
 }
 
-// Leaves the modified flag alone: what it adds can be had again by the same command.
-void CQRBDoc::OnAddDefault()
+DefaultEntry CQRBDoc::Standard() const
 {
-    const DefaultEntry standard =
-        m_services.readDefaultEntry ? m_services.readDefaultEntry() : DefaultEntry();
+    return m_services.readDefaultEntry ? m_services.readDefaultEntry() : DefaultEntry();
+}
+
+// Leaves the modified flag alone: what it adds can be had again by the same command.
+void CQRBDoc::AddDefault(std::uint32_t dwFlags, const std::string& fileTypes)
+{
     const auto* drives = FindPane<DrivePane>(ViewKind::DriveTree);
     CDirCopy entry(drives ? drives->GetSourcePath() : "", drives ? drives->GetDestPath() : "",
-                   standard.fileBits, DCK_TYPES, GetNextId());
-    entry.m_listItems = SplitMasks(standard.fileTypes);
+                   dwFlags, DCK_TYPES, GetNextId());
+    entry.m_listItems = SplitMasks(fileTypes);
     m_arrEntries.push_back(std::move(entry));
     RefreshEntries();
 }

@@ -89,7 +89,9 @@ private:
     void OnNewFileTypeEntry();
     void OnNewFileEntry();
     void OnNewScriptEntry();
-    void OnAddDefault();
+    // fileTypes: masks, one after the other.
+    void AddDefault(std::uint32_t dwFlags, const std::string& fileTypes);
+    [[nodiscard]] DefaultEntry Standard() const;
     void OnStartBatch();
 
     void Append(CDirCopy entry);

@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/caption_bar.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFontMetricsF>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+
+#include "app/caption_paint.h"
+
+namespace quorbit {
+namespace {
+
+constexpr int kIconInset = 1;
+constexpr int kButtonInset = 2;
+constexpr int kSignInset = 3;  // in the button
+constexpr int kTextGap = 2;
+constexpr int kTitlePoints = 12;
+
+// The style's sign in the colour of the text on a button; the style draws it for a light palette.
+QIcon ButtonIcon(const QWidget& button, QStyle::StandardPixmap sign)
+{
+    const QIcon icon = button.style()->standardIcon(sign, nullptr, &button);
+    QPixmap pixmap = icon.pixmap(QSize(16, 16), button.devicePixelRatioF());
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRect(QPoint(), pixmap.deviceIndependentSize().toSize()),
+                     button.palette().color(QPalette::ButtonText));
+    return QIcon(pixmap);
+}
+
+void Name(QToolButton& button, const QString& name)
+{
+    button.setToolTip(name);
+    button.setAccessibleName(name);
+}
+
+// For a paint device that counts in pixels of the screen.
+void FillBackground(QPainter& painter, QSize pixels, bool active, QRgb fill)
+{
+    if (!active) {
+        painter.fillRect(QRect(QPoint(), pixels), QColor(fill));
+        return;
+    }
+    for (const CaptionStrip& strip : CaptionGradient(pixels.width(), fill)) {
+        painter.fillRect(strip.left, 0, strip.width, pixels.height(), QColor(strip.colour));
+    }
+}
+
+// Returns the width that the text took.
+int DrawLine(QPainter& painter, const QRect& room, const QString& text, QRgb colour)
+{
+    const QFontMetrics metrics = painter.fontMetrics();
+    painter.setPen(QColor(colour));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(text, Qt::ElideRight, room.width()));
+    return metrics.horizontalAdvance(text);
+}
+
+}  // namespace
+
+CaptionBar::CaptionBar(QWidget* parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setLayoutDirection(Qt::LeftToRight);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setAccessibleName(QStringLiteral("Title bar"));
+    setCursor(Qt::ArrowCursor);
+    MakeFonts();
+    MakeButtons();
+    MakeMenu();
+    Refresh();
+}
+
+void CaptionBar::MakeButtons()
+{
+    for (QToolButton* button : {&m_minimise, &m_maximise, &m_close}) {
+        button->setFocusPolicy(Qt::NoFocus);
+    }
+    Name(m_minimise, QStringLiteral("Minimise"));
+    Name(m_close, QStringLiteral("Close"));
+    connect(&m_minimise, &QToolButton::clicked, this, [this] { window()->showMinimized(); });
+    connect(&m_maximise, &QToolButton::clicked, this, [this] { ToggleMaximised(); });
+    connect(&m_close, &QToolButton::clicked, this, [this] { window()->close(); });
+}
+
+void CaptionBar::MakeMenu()
+{
+    m_menuRestore = m_menu.addAction(QStringLiteral("&Restore"));
+    QAction* minimise = m_menu.addAction(QStringLiteral("Mi&nimise"));
+    m_menuMaximise = m_menu.addAction(QStringLiteral("Ma&ximise"));
+    m_menu.addSeparator();
+    QAction* close = m_menu.addAction(QStringLiteral("&Close"));
+    connect(m_menuRestore, &QAction::triggered, this, [this] { window()->showNormal(); });
+    connect(minimise, &QAction::triggered, this, [this] { window()->showMinimized(); });
+    connect(m_menuMaximise, &QAction::triggered, this, [this] { window()->showMaximized(); });
+    connect(close, &QAction::triggered, this, [this] { window()->close(); });
+}
+
+void CaptionBar::MakeFonts()
+{
+    m_fontCaption = QApplication::font("QTitleBar");
+    m_fontTitle = QFont();
+    m_fontTitle.setFamilies({QStringLiteral("Book Antiqua"), QStringLiteral("serif")});
+    m_fontTitle.setStyleHint(QFont::Serif);
+    m_fontTitle.setWeight(QFont::Bold);
+    m_fontTitle.setPointSize(kTitlePoints);
+    const qreal ratio = QFontMetricsF(m_fontCaption).height() / QFontMetricsF(m_fontTitle).height();
+    m_fontTitle.setPointSizeF(kTitlePoints * ratio);
+}
+
+// --- what it shows ------------------------------------------------------------------------------
+
+void CaptionBar::SetTitle(const QString& program, const QString& document)
+{
+    m_program = program;
+    m_document = document;
+    DropImages();
+}
+
+void CaptionBar::SetActive(bool active)
+{
+    if (active != m_bActive) {
+        m_bActive = active;
+        update();
+    }
+}
+
+void CaptionBar::Refresh()
+{
+    const bool maximised = window()->isMaximized();
+    Name(m_maximise, maximised ? QStringLiteral("Restore") : QStringLiteral("Maximise"));
+    m_minimise.setIcon(ButtonIcon(m_minimise, QStyle::SP_TitleBarMinButton));
+    m_maximise.setIcon(ButtonIcon(
+        m_maximise, maximised ? QStyle::SP_TitleBarNormalButton : QStyle::SP_TitleBarMaxButton));
+    m_close.setIcon(ButtonIcon(m_close, QStyle::SP_TitleBarCloseButton));
+    DropImages();
+}
+
+void CaptionBar::DropImages()
+{
+    m_bmCaption = {};
+    update();
+}
+
+// --- size ---------------------------------------------------------------------------------------
+
+QSize CaptionBar::sizeHint() const
+{
+    const int text = QFontMetrics(m_fontCaption).height() + 2 * kTextGap;
+    const int height =
+        std::max(text, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    return {20 * height, height};
+}
+
+QSize CaptionBar::minimumSizeHint() const
+{
+    const int height = sizeHint().height();
+    return {4 * height, height};
+}
+
+void CaptionBar::resizeEvent(QResizeEvent*)
+{
+    const int side = std::max(height() - 2 * kButtonInset, 0);
+    const int sign = std::max(side - 2 * kSignInset, 0);
+    int right = width();
+    for (QToolButton* button : {&m_close, &m_maximise, &m_minimise}) {
+        // The two that change the size stand together, apart from the one that closes.
+        right -= button == &m_minimise ? side : side + kButtonInset;
+        button->setGeometry(right, kButtonInset, side, side);
+        button->setIconSize({sign, sign});
+    }
+}
+
+// --- painting -----------------------------------------------------------------------------------
+
+void CaptionBar::paintEvent(QPaintEvent*)
+{
+    const qreal scale = devicePixelRatioF();
+    const QSize pixels(static_cast<int>(std::ceil(width() * scale)),
+                       static_cast<int>(std::ceil(height() * scale)));
+    QPixmap& image = m_bmCaption[m_bActive ? 1 : 0];
+    if (image.size() != pixels || image.devicePixelRatio() != scale) {
+        image = QPixmap(pixels);
+        image.setDevicePixelRatio(scale);
+        PaintImage(image, m_bActive);
+    }
+    QPainter(this).drawPixmap(0, 0, image);
+}
+
+void CaptionBar::PaintImage(QPixmap& image, bool active) const
+{
+    const CaptionColours colours = ColoursOf(palette(), active);
+    {
+        QPixmap background(image.size());
+        QPainter painter(&background);
+        FillBackground(painter, image.size(), active, colours.fill);
+        painter.end();
+        background.setDevicePixelRatio(image.devicePixelRatio());
+        image = background;
+    }
+    QPainter painter(&image);
+    const int left = DrawIcon(painter) + kTextGap;
+    const int right = m_minimise.geometry().left() - kTextGap;
+    DrawTitle(painter, QRect(left, 0, right - left, height()), colours.text);
+}
+
+// Returns where the icon ends.
+int CaptionBar::DrawIcon(QPainter& painter) const
+{
+    const QIcon icon = window()->windowIcon();
+    if (icon.isNull()) {
+        return kIconInset;
+    }
+    const int side = height() - 2 * kIconInset;
+    icon.paint(&painter, kIconInset, kIconInset, side, side);
+    return kIconInset + side;
+}
+
+void CaptionBar::DrawTitle(QPainter& painter, QRect room, QRgb documentColour) const
+{
+    if (room.width() <= 0) {
+        return;
+    }
+    painter.setFont(m_fontTitle);
+    const int taken = DrawLine(painter, room, m_program + QLatin1Char(' '), qRgb(255, 255, 255));
+    room.setLeft(room.left() + taken);
+    if (room.width() > 0) {
+        painter.setFont(m_fontCaption);
+        (void)DrawLine(painter, room, m_document, documentColour);
+    }
+}
+
+bool CaptionBar::event(QEvent* event)
+{
+    switch (event->type()) {
+        case QEvent::FontChange:
+        case QEvent::ApplicationFontChange:
+        case QEvent::StyleChange:
+        case QEvent::ThemeChange:
+            MakeFonts();
+            updateGeometry();
+            Refresh();
+            break;
+        case QEvent::PaletteChange:
+        case QEvent::ScreenChangeInternal:
+            Refresh();
+            break;
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+// --- the mouse ----------------------------------------------------------------------------------
+
+void CaptionBar::ToggleMaximised()
+{
+    if (window()->isMaximized()) {
+        window()->showNormal();
+    } else {
+        window()->showMaximized();
+    }
+}
+
+void CaptionBar::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        m_pressedAt = event->position().toPoint();
+    }
+}
+
+// Not before the mouse has moved: the window manager takes the mouse over, and a double click would
+// never arrive.
+void CaptionBar::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_pressedAt || !event->buttons().testFlag(Qt::LeftButton)) {
+        return;
+    }
+    const QPoint way = event->position().toPoint() - *m_pressedAt;
+    if (way.manhattanLength() >= QApplication::startDragDistance()) {
+        m_pressedAt.reset();
+        window()->windowHandle()->startSystemMove();
+    }
+}
+
+void CaptionBar::mouseReleaseEvent(QMouseEvent*)
+{
+    m_pressedAt.reset();
+}
+
+void CaptionBar::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        m_pressedAt.reset();
+        ToggleMaximised();
+    }
+}
+
+void CaptionBar::contextMenuEvent(QContextMenuEvent* event)
+{
+    m_menuRestore->setEnabled(window()->isMaximized());
+    m_menuMaximise->setEnabled(!window()->isMaximized());
+    m_menu.popup(event->globalPos());
+}
+
+}  // namespace quorbit

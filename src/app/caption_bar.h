@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A title bar that a window paints itself: icon, program name, document and the window's buttons on
+// a fading background. It moves, sizes and closes the window that it is part of. User interface
+// thread only.
+
+#pragma once
+
+#include <QFont>
+#include <QMenu>
+#include <QPixmap>
+#include <QToolButton>
+#include <QWidget>
+#include <array>
+#include <optional>
+
+namespace quorbit {
+
+class CaptionBar : public QWidget {
+public:
+    explicit CaptionBar(QWidget* parent = nullptr);
+
+    // document in the words for the screen.
+    void SetTitle(const QString& program, const QString& document);
+    [[nodiscard]] const QString& Program() const { return m_program; }
+    [[nodiscard]] const QString& Document() const { return m_document; }
+
+    void SetActive(bool active);
+    [[nodiscard]] bool IsActive() const { return m_bActive; }
+
+    // Reads icon and state of the window anew: for whoever sees them change.
+    void Refresh();
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void MakeButtons();
+    void MakeMenu();
+    void MakeFonts();
+    void ToggleMaximised();
+    void DropImages();
+    void PaintImage(QPixmap& image, bool active) const;
+    [[nodiscard]] int DrawIcon(QPainter& painter) const;
+    void DrawTitle(QPainter& painter, QRect room, QRgb documentColour) const;
+
+    QString m_program;
+    QString m_document;
+    QFont m_fontCaption;
+    QFont m_fontTitle;
+    bool m_bActive = false;
+    std::array<QPixmap, 2> m_bmCaption;  // inactive, active; null: to be made
+    QToolButton m_minimise{this};
+    QToolButton m_maximise{this};  // restores while maximised
+    QToolButton m_close{this};
+    QMenu m_menu{this};
+    QAction* m_menuRestore = nullptr;
+    QAction* m_menuMaximise = nullptr;
+    std::optional<QPoint> m_pressedAt;  // where a drag would begin
+};
+
+}  // namespace quorbit

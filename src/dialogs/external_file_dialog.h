@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The dialog of script entries. User interface thread only.
+
+#pragma once
+
+#include <utility>
+
+#include "batch/entry_dialogs.h"
+#include "dialogs/dialog_services.h"
+
+namespace quorbit {
+
+// Lives as long as its document. Nothing carries over from one use to the next.
+class CExternalFile final : public ScriptDialog {
+public:
+    explicit CExternalFile(DialogServices services) : m_services(std::move(services)) {}
+
+    bool DoModal(CQRBDoc& doc, const CDirCopy* entry, EntryValues& values) override;
+
+private:
+    DialogServices m_services;
+};
+
+}  // namespace quorbit

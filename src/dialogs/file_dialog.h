@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The dialog of the entries that name single files or folders. User interface thread only.
+
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "batch/entry_dialogs.h"
+#include "dialogs/dialog_services.h"
+#include "dialogs/file_entry_form.h"
+
+namespace quorbit {
+
+// Lives as long as its document; a destination carries over from one use to the next.
+class CFileDlg final : public FileDialog {
+public:
+    explicit CFileDlg(DialogServices services) : m_services(std::move(services)) {}
+
+    bool DoModal(CQRBDoc& doc, bool bFiles, const CDirCopy* entry, bool bDelete,
+                 EntryValues& values) override;
+
+private:
+    [[nodiscard]] FileEntryForm MakeForm(const CQRBDoc& doc, bool bFiles, bool bDelete);
+
+    DialogServices m_services;
+    std::string m_strDest;
+};
+
+}  // namespace quorbit

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The dialog of the entries that select files by masks. User interface thread only.
+
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "batch/entry_dialogs.h"
+#include "dialogs/dialog_services.h"
+#include "dialogs/file_type_form.h"
+
+namespace quorbit {
+
+// Lives as long as its document; both folders carry over from one use to the next.
+class CFileTypeDlg final : public FileTypeDialog {
+public:
+    explicit CFileTypeDlg(DialogServices services) : m_services(std::move(services)) {}
+
+    bool DoModal(CQRBDoc& doc, const CDirCopy* entry, bool bDelete, EntryValues& values) override;
+
+private:
+    void ReadPanes(const CQRBDoc& doc, bool bDelete);
+
+    DialogServices m_services;
+    std::string m_strDest;
+    std::string m_strSource;
+};
+
+}  // namespace quorbit

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "dialogs/folder_setup_dialog.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "dialogs/offered_masks.h"
+
+namespace quorbit {
+namespace {
+
+constexpr const char* kEveryFile = "*.*";
+
+}  // namespace
+
+CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent)
+    : QDialog(parent),
+      m_allTypes(new QCheckBox(QStringLiteral("Process all file t&ypes (*.*)"), this)),
+      m_lists(new TwoLists(QStringLiteral("File types to c&hoose from"),
+                           QStringLiteral("File types &to  process"), TwoLists::Compare::Beginning,
+                           this))
+{
+    setWindowTitle(QStringLiteral("Folder File Type Setup"));
+    connect(m_allTypes, &QCheckBox::toggled, this, [this](bool on) { m_lists->SetUsable(!on); });
+    LayOut();
+    m_lists->AddToChoose(OfferedMasks(services.pPrompts));
+}
+
+void CFolderSetupDlg::LayOut()
+{
+    auto* ok = new QPushButton(QStringLiteral("&OK"), this);
+    auto* cancel = new QPushButton(QStringLiteral("Can&cel"), this);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_allTypes);
+    column->addWidget(m_lists, 1);
+    column->addLayout(buttons);
+
+    std::vector<QWidget*> chain = {m_allTypes};
+    const std::vector<QWidget*> lists = m_lists->TabChain();
+    chain.insert(chain.end(), lists.begin(), lists.end());
+    chain.insert(chain.end(), {ok, cancel});
+    for (std::size_t i = 1; i < chain.size(); ++i) {
+        setTabOrder(chain[i - 1], chain[i]);
+    }
+}
+
+void CFolderSetupDlg::DoModal(std::vector<std::string>& folderTypes)
+{
+    bool every = false;
+    std::vector<std::string> masks;
+    for (const std::string& mask : folderTypes) {
+        if (mask == kEveryFile) {
+            every = true;
+        } else {
+            masks.push_back(mask);
+        }
+    }
+    m_lists->AddToProcess(masks);
+    m_lists->FocusSpeedBox();
+    m_allTypes->setChecked(every);
+    if (exec() != Accepted) {
+        return;
+    }
+    folderTypes =
+        m_allTypes->isChecked() ? std::vector<std::string>{kEveryFile} : m_lists->ProcessNames();
+}
+
+}  // namespace quorbit

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The masks that apply inside the folders of a folder entry. User interface thread only.
+
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <string>
+#include <vector>
+
+#include "dialogs/dialog_services.h"
+#include "dialogs/two_lists.h"
+
+namespace quorbit {
+
+class CFolderSetupDlg final : public QDialog {
+public:
+    // Loads the masks that are offered. services outlive the dialog.
+    CFolderSetupDlg(const DialogServices& services, QWidget* parent);
+
+    // OK replaces the list, Cancel leaves it.
+    void DoModal(std::vector<std::string>& folderTypes);
+
+private:
+    void LayOut();
+
+    QCheckBox* m_allTypes;
+    TwoLists* m_lists;
+};
+
+}  // namespace quorbit

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The window in which a script entry is set up. User interface thread only.
+
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "dialogs/dialog_services.h"
+#include "dialogs/script_entry_form.h"
+
+namespace quorbit {
+
+class ScriptEntryWindow final : public QDialog {
+public:
+    // services outlive the window.
+    ScriptEntryWindow(const DialogServices& services, ScriptEntryForm form);
+
+    // As OK has left it.
+    [[nodiscard]] const ScriptEntryForm& Form() const { return m_form; }
+
+    // Does not close the window as long as no type is chosen.
+    void accept() override;
+
+private:
+    void LayOut();
+    void OnBrowse();
+
+    const DialogServices& m_services;
+    ScriptEntryForm m_form;
+    QLineEdit* m_file;
+    QPushButton* m_browse;
+    QRadioButton* m_shellHost;
+    QRadioButton* m_dosBatch;
+};
+
+}  // namespace quorbit

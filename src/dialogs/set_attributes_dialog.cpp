@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "dialogs/set_attributes_dialog.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "batch/dir_copy.h"
+
+namespace quorbit {
+namespace {
+
+struct AttributeBox {
+    const char* text;
+    std::uint32_t bit;
+};
+
+constexpr std::array<AttributeBox, 4> kBoxes = {{
+    {"&Read only files", DCF_ATTR_READONLY},
+    {"&System files", DCF_ATTR_SYSTEM},
+    {"&Hidden files", DCF_ATTR_HIDDEN},
+    {"&Archive files", DCF_ATTR_ARCHIVE},
+}};
+
+}  // namespace
+
+CSetAttributes::CSetAttributes(QWidget* parent)
+    : QDialog(parent),
+      m_dontApply(new QCheckBox(QStringLiteral("Don't apply attributes"), this)),
+      m_logical(new QGroupBox(QStringLiteral("LOGICAL"), this)),
+      m_or(new QRadioButton(QStringLiteral("&OR"), m_logical)),
+      m_and(new QRadioButton(QStringLiteral("&AND"), m_logical)),
+      m_relation(new QButtonGroup(this))
+{
+    setWindowTitle(QStringLiteral("Set File Processing Attributes"));
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+        m_attributes[i] = new QCheckBox(QString::fromLatin1(kBoxes[i].text), this);
+    }
+    m_relation->addButton(m_or);
+    m_relation->addButton(m_and);
+    connect(m_dontApply, &QCheckBox::clicked, this,
+            [this](bool on) { ShowForm(ClickDontApply(ReadForm(), on)); });
+    LayOut();
+}
+
+void CSetAttributes::LayOut()
+{
+    auto* radios = new QVBoxLayout(m_logical);
+    radios->addWidget(m_or);
+    radios->addWidget(m_and);
+
+    auto* frame = new QGroupBox(QStringLiteral("File Attributes"), this);
+    auto* grid = new QGridLayout(frame);
+    grid->addWidget(m_dontApply, 0, 0, 1, 2);
+    int row = 1;
+    for (QCheckBox* box : m_attributes) {
+        grid->addWidget(box, row++, 0, 1, 2);
+    }
+    grid->addWidget(new QLabel(QStringLiteral("Attribute relationship:"), frame), row, 0);
+    grid->addWidget(m_logical, row, 1);
+
+    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(frame);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void CSetAttributes::ShowForm(const AttributeForm& form)
+{
+    m_dontApply->setChecked(form.dontApply);
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+        m_attributes[i]->setChecked((form.attributes & kBoxes[i].bit) != 0);
+        m_attributes[i]->setEnabled(!form.dontApply);
+    }
+    // None of the two may be chosen, which a group does not allow a person to do.
+    m_relation->setExclusive(false);
+    m_or->setChecked(form.relation == AttributeRelation::Or);
+    m_and->setChecked(form.relation == AttributeRelation::And);
+    m_relation->setExclusive(true);
+    m_logical->setEnabled(!form.dontApply);
+}
+
+AttributeForm CSetAttributes::ReadForm() const
+{
+    AttributeForm form;
+    form.dontApply = m_dontApply->isChecked();
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+        form.attributes |= m_attributes[i]->isChecked() ? kBoxes[i].bit : 0;
+    }
+    if (m_and->isChecked()) {
+        form.relation = AttributeRelation::And;
+    } else if (m_or->isChecked()) {
+        form.relation = AttributeRelation::Or;
+    }
+    return form;
+}
+
+void CSetAttributes::DoModal(std::uint32_t& flags)
+{
+    ShowForm(OpenAttributeForm(flags));
+    if (exec() == Accepted) {
+        flags = WordOf(ReadForm());
+    }
+}
+
+}  // namespace quorbit

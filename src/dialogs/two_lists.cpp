@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "dialogs/two_lists.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "dialogs/shown_text.h"
+
+namespace quorbit {
+namespace {
+
+QString WithoutMnemonic(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
+
+std::vector<int> SelectedRows(const QListView& list)
+{
+    std::vector<int> rows;
+    const QModelIndexList selected = list.selectionModel()->selectedRows();
+    rows.reserve(selected.size());
+    for (const QModelIndex& index : selected) {
+        rows.push_back(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+}  // namespace
+
+TwoLists::TwoLists(const QString& chooseLabel, const QString& processLabel, Compare compare,
+                   QWidget* parent)
+    : QWidget(parent),
+      m_compare(compare),
+      m_speedBox(new CComboBoxEx(this)),
+      m_addEntry(MakeButton(QStringLiteral("Add &Entry ->"), &TwoLists::OnAddEntry)),
+      m_choose(MakeList(m_chooseNames, chooseLabel, "m_lstChoose")),
+      m_add(MakeButton(QStringLiteral("&Add ->"), &TwoLists::OnAdd)),
+      m_remove(MakeButton(QStringLiteral("<- &Remove"), &TwoLists::OnRemove)),
+      m_process(MakeList(m_processNames, processLabel, "m_lstProcess"))
+{
+    m_speedBox->SetLines(&m_chooseNames);
+    m_speedBox->setObjectName(QStringLiteral("m_cmbSpeed"));
+    m_speedBox->setAccessibleName(QStringLiteral("Speed typing box"));
+    m_speedBox->installEventFilter(this);
+    LayOut(chooseLabel, processLabel);
+}
+
+QListView* TwoLists::MakeList(NameListModel& names, const QString& label, const char* objectName)
+{
+    auto* list = new QListView(this);
+    list->setModel(&names);
+    list->setObjectName(QLatin1String(objectName));
+    list->setAccessibleName(WithoutMnemonic(label));
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setUniformItemSizes(true);
+    const QFontMetrics metrics = list->fontMetrics();
+    list->setMinimumSize(metrics.averageCharWidth() * 24, metrics.lineSpacing() * 8);
+    return list;
+}
+
+QPushButton* TwoLists::MakeButton(const QString& text, void (TwoLists::*onClick)())
+{
+    auto* button = new QPushButton(text, this);
+    button->setAccessibleName(WithoutMnemonic(text));
+    connect(button, &QPushButton::clicked, this, [this, onClick] { (this->*onClick)(); });
+    return button;
+}
+
+void TwoLists::LayOut(const QString& chooseLabel, const QString& processLabel)
+{
+    const auto label = [this](const QString& text, QWidget* buddy) {
+        auto* made = new QLabel(text, this);
+        made->setBuddy(buddy);
+        return made;
+    };
+    auto* between = new QVBoxLayout;
+    between->addStretch();
+    between->addWidget(m_add);
+    between->addWidget(m_remove);
+    between->addStretch();
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(label(QStringLiteral("Speed typing &box"), m_speedBox), 0, 0);
+    grid->addWidget(m_speedBox, 1, 0);
+    grid->addWidget(m_addEntry, 1, 1);
+    grid->addWidget(label(chooseLabel, m_choose), 2, 0);
+    grid->addWidget(label(processLabel, m_process), 2, 2);
+    grid->addWidget(m_choose, 3, 0);
+    grid->addLayout(between, 3, 1);
+    grid->addWidget(m_process, 3, 2);
+    grid->setRowStretch(3, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+}
+
+void TwoLists::SetExtraButton(QPushButton* button)
+{
+    m_extra = button;
+    static_cast<QGridLayout*>(layout())->addWidget(button, 1, 2, Qt::AlignLeft);
+}
+
+void TwoLists::SetEntryCheck(std::function<bool(const std::string&)> accepts)
+{
+    m_accepts = std::move(accepts);
+}
+
+void TwoLists::SetUsable(bool usable)
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_addEntry, m_choose, m_add,
+                                                            m_remove, m_process}) {
+        control->setEnabled(usable);
+    }
+}
+
+void TwoLists::FocusSpeedBox()
+{
+    m_speedBox->setFocus(Qt::OtherFocusReason);
+}
+
+std::vector<QWidget*> TwoLists::TabChain() const
+{
+    std::vector<QWidget*> chain = {m_speedBox, m_addEntry};
+    if (m_extra != nullptr) {
+        chain.push_back(m_extra);
+    }
+    chain.insert(chain.end(), {m_choose, m_add, m_remove, m_process});
+    return chain;
+}
+
+// Enter in the speed typing box presses Add Entry and not the dialog's OK.
+bool TwoLists::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_speedBox && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            QMetaObject::invokeMethod(
+                m_addEntry, [button = m_addEntry] { button->click(); }, Qt::QueuedConnection);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool TwoLists::IsOffered(const std::string& name) const
+{
+    const std::vector<std::string> names = m_chooseNames.NamesWithText(ShownText(name));
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// Case aside; but where a folder holds two names that differ in nothing else, these are two things,
+// and none of them must be left out.
+bool TwoLists::IsProcessed(const std::string& name) const
+{
+    const std::vector<std::string> listed = m_processNames.NamesWithText(ShownText(name));
+    return std::any_of(listed.begin(), listed.end(), [&](const std::string& other) {
+        return other == name || !IsOffered(other) || !IsOffered(name);
+    });
+}
+
+void TwoLists::OnAdd()
+{
+    std::vector<std::string> added;
+    for (const int row : SelectedRows(*m_choose)) {
+        const std::string& name = m_chooseNames.NameAt(row);
+        const bool listed = m_compare == Compare::Beginning
+                                ? m_processNames.HoldsTextBeginning(ShownText(name))
+                                : IsProcessed(name);
+        if (!listed) {
+            added.push_back(name);
+        }
+    }
+    m_processNames.Add(added);
+    m_choose->clearSelection();
+}
+
+void TwoLists::OnRemove()
+{
+    m_processNames.RemoveLines(SelectedRows(*m_process));
+    m_process->clearSelection();
+}
+
+void TwoLists::OnAddEntry()
+{
+    const QString text = m_speedBox->currentText();
+    const std::string name = m_chooseNames.NameShownAs(text).value_or(TypedName(text));
+    if (m_accepts && !m_accepts(name)) {
+        return;
+    }
+    if (text.isEmpty() || IsProcessed(name)) {
+        return;
+    }
+    m_processNames.Add({name});
+    m_speedBox->Clear();
+}
+
+}  // namespace quorbit

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "panes/drag_gesture.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <utility>
+
+#include "panes/drag_payload.h"
+
+namespace quorbit {
+
+void DragGesture::Press(const QMouseEvent& event)
+{
+    m_button = event.button();
+    m_start = event.position().toPoint();
+}
+
+bool DragGesture::Move(const QMouseEvent& event)
+{
+    if (m_button == Qt::NoButton || !event.buttons().testFlag(m_button)) {
+        return false;
+    }
+    const QPoint way = event.position().toPoint() - m_start;
+    return way.manhattanLength() >= QApplication::startDragDistance();
+}
+
+bool DragGesture::Release(const QMouseEvent& event)
+{
+    return event.button() != Qt::NoButton &&
+           event.button() == std::exchange(m_button, Qt::NoButton);
+}
+
+void RunDrag(QWidget& source, const std::string& payload, Qt::MouseButton button)
+{
+    auto* drag = new QDrag(&source);  // Qt deletes it when the drag is over
+    drag->setMimeData(MakeDragData(payload, button).release());
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+}
+
+}  // namespace quorbit

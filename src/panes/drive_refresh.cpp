@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "panes/drive_refresh.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "platform/shell/shell_constants.h"
+#include "platform/shell/shell_pidl.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr std::uint32_t kAttributes =
+    SFGAO_FILESYSTEM | SFGAO_FOLDER | SFGAO_HASSUBFOLDER | SFGAO_FILESYSANCESTOR;
+constexpr std::uint32_t kFolders = SHCONTF_FOLDERS;
+constexpr std::uint32_t kAllFolders = SHCONTF_FOLDERS | SHCONTF_INCLUDEHIDDEN;
+
+bool IsFolderOnDisk(const FolderItem& item)
+{
+    constexpr std::uint32_t kBoth = SFGAO_FILESYSTEM | SFGAO_FOLDER;
+    return (item.attributes & kBoth) == kBoth;
+}
+
+std::string ParsingName(const ShellFolder& folder, ItemIdView id)
+{
+    return CShellPidl::GetItemName(folder, id, SHGDN_FORPARSING).value_or("");
+}
+
+// Folders may have come into a folder that had none.
+void UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
+{
+    if ((attributes & SFGAO_HASSUBFOLDER) != 0 && node.m_fill == nullptr &&
+        node.childCount() == 0) {
+        node.m_bFilled = false;
+        node.SetMark(true);
+    }
+}
+
+}  // namespace
+
+// The reading of one node's folder.
+struct DriveRefresh::Read {
+    NodeRef node;
+    ShellFolderPtr folder;
+    Apply apply = nullptr;
+    bool again = false;  // asked for once more meanwhile
+    std::vector<FolderItem> items;
+    std::shared_ptr<void> running;
+    std::unique_ptr<FolderFeed> feed;
+};
+
+DriveRefresh::DriveRefresh(ShellTree& tree) : m_tree(tree) {}
+
+DriveRefresh::~DriveRefresh() = default;
+
+void DriveRefresh::Start()
+{
+    m_reads.remove_if([](const auto& read) { return read->node.Get() == nullptr; });
+    if (ShellTreeNode* root = m_tree.RootNode(); root != nullptr && root->m_bFilled) {
+        Begin(*root, kFolders, &DriveRefresh::ApplyDrives);
+    }
+}
+
+void DriveRefresh::Update(ShellTreeNode& node)
+{
+    // Hidden folders stay if they still exist, so they are asked for. That also saves the look at
+    // each folder's attributes.
+    Begin(node, kAllFolders, &DriveRefresh::ApplyFolder);
+}
+
+void DriveRefresh::Begin(ShellTreeNode& node, std::uint32_t flags, Apply apply)
+{
+    const auto same =
+        std::ranges::find_if(m_reads, [&](const auto& read) { return read->node.Get() == &node; });
+    if (same != m_reads.end()) {
+        (*same)->again = true;
+        return;
+    }
+    auto folder = node.Item().m_pFolder->BindToObject(node.Item().m_pidlItem);
+    if (!folder) {
+        return;
+    }
+    Read& read = *m_reads.emplace_back(std::make_unique<Read>());
+    read.node = NodeRef(m_tree, &node);
+    read.folder = std::move(*folder);
+    read.apply = apply;
+    read.running = m_tree.ShowRunning();
+    read.feed = std::make_unique<FolderFeed>(
+        read.folder, FolderRequest{flags, kAttributes},
+        [this, &read](FolderBatch batch) { OnBatch(read, std::move(batch)); });
+}
+
+void DriveRefresh::OnBatch(Read& read, FolderBatch batch)
+{
+    std::ranges::move(batch.items, std::back_inserter(read.items));
+    if (!batch.ended) {
+        return;
+    }
+    const auto place =
+        std::ranges::find_if(m_reads, [&](const auto& one) { return one.get() == &read; });
+    const std::unique_ptr<Read> ended = std::move(*place);
+    m_reads.erase(place);
+    ShellTreeNode* node = ended->node.Get();
+    if (node == nullptr) {
+        return;
+    }
+    if (ended->again) {
+        node == m_tree.RootNode() ? Start() : Update(*node);
+        return;
+    }
+    // Of a folder that could not be read to its end it is not known what is missing in it.
+    if (!batch.error || batch.error->Kind() == ErrorKind::Missing) {
+        (this->*ended->apply)(*node, *ended);
+    }
+}
+
+DriveRefresh::ByName DriveRefresh::ChildrenByName(const ShellTreeNode& node)
+{
+    ByName children;
+    for (int i = 0; i < node.childCount(); ++i) {
+        ShellTreeNode* child = NodeOf(node.child(i));
+        children.emplace(ParsingName(*child->Item().m_pFolder, child->Item().m_pidlItem), child);
+    }
+    return children;
+}
+
+void DriveRefresh::ApplyDrives(ShellTreeNode& root, const Read& read)
+{
+    const ByName drives = ChildrenByName(root);
+    int place = 0;
+    for (const FolderItem& item : read.items) {
+        if (!IsFolderOnDisk(item)) {
+            continue;
+        }
+        const auto found = drives.find(ParsingName(*read.folder, item.id));
+        if (found != drives.end()) {
+            UpdateMark(*found->second, item.attributes);
+            place = root.indexOfChild(found->second) + 1;
+        } else {
+            m_tree.InsertNode(root, place++, read.folder, item);
+        }
+    }
+    RemoveVanished(root, read);
+    UpdateExpandedChildren(root);
+}
+
+void DriveRefresh::ApplyFolder(ShellTreeNode& node, const Read& read)
+{
+    RemoveVanished(node, read);
+    const ByName children = ChildrenByName(node);
+    bool missing = false;
+    for (const FolderItem& item : read.items) {
+        const auto found = children.find(ParsingName(*read.folder, item.id));
+        if (found != children.end()) {
+            UpdateMark(*found->second, item.attributes);
+        } else {
+            missing = true;
+        }
+    }
+    if (missing) {
+        Begin(node, kFolders, &DriveRefresh::AddMissing);
+    }
+    UpdateExpandedChildren(node);
+}
+
+// What has been read here is without the hidden ones, which a refresh does not add.
+void DriveRefresh::AddMissing(ShellTreeNode& node, const Read& read)
+{
+    const ByName children = ChildrenByName(node);
+    bool added = false;
+    for (const FolderItem& item : read.items) {
+        if (IsFolderOnDisk(item) && item.name != "Control Panel" &&
+            !children.contains(ParsingName(*read.folder, item.id))) {
+            m_tree.InsertNode(node, node.childCount(), read.folder, item);
+            added = true;
+        }
+    }
+    if (added) {
+        m_tree.SortByText(node);
+    }
+}
+
+void DriveRefresh::RemoveVanished(ShellTreeNode& node, const Read& read)
+{
+    std::unordered_set<std::string> there;
+    for (const FolderItem& item : read.items) {
+        there.insert(ParsingName(*read.folder, item.id));
+    }
+    bool removed = false;
+    for (const auto& [name, child] : ChildrenByName(node)) {
+        if (!there.contains(name)) {
+            const std::unique_ptr<QTreeWidgetItem> gone(node.takeChild(node.indexOfChild(child)));
+            removed = true;
+        }
+    }
+    if (removed && node.childCount() == 0) {
+        node.setExpanded(false);
+        // Whatever comes into it later is found when it is opened again.
+        node.m_bFilled = false;
+        node.SetMark(true);
+    }
+}
+
+void DriveRefresh::UpdateExpandedChildren(const ShellTreeNode& node)
+{
+    for (int i = 0; i < node.childCount(); ++i) {
+        ShellTreeNode* child = NodeOf(node.child(i));
+        if (child->isExpanded() && child->m_bFilled) {
+            Update(*child);
+        }
+    }
+}
+
+}  // namespace quorbit

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What mouse, keys and drags do to the tree.
+
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QMouseEvent>
+
+#include "panes/drag_payload.h"
+#include "panes/drive_view.h"
+
+namespace quorbit {
+
+void CDriveView::focusInEvent(QFocusEvent* event)
+{
+    ShellTree::focusInEvent(event);
+    m_bFocus = true;
+    if (m_services.setActive) {
+        m_services.setActive(this);
+    }
+}
+
+void CDriveView::focusOutEvent(QFocusEvent* event)
+{
+    ShellTree::focusOutEvent(event);
+    m_bFocus = false;
+}
+
+// A press on an item does not select it yet: it may be the beginning of a drag, which leaves the
+// list of files as it is.
+void CDriveView::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    const QTreeWidgetItem* item = itemAt(position);
+    const bool onItem = item != nullptr && visualItemRect(item).contains(position);
+    m_gesture.Cancel();
+    if (event->button() == Qt::RightButton || (event->button() == Qt::LeftButton && onItem)) {
+        m_gesture.Press(*event);
+        event->accept();
+    } else {
+        ShellTree::mousePressEvent(event);
+    }
+}
+
+void CDriveView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_gesture.Button() == Qt::NoButton) {
+        ShellTree::mouseMoveEvent(event);
+    } else if (m_gesture.Move(*event)) {
+        BeginDrag();
+    }
+}
+
+void CDriveView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_gesture.Release(*event)) {
+        ShellTree::mouseReleaseEvent(event);
+        return;
+    }
+    const QPoint position = event->position().toPoint();
+    ShellTreeNode* node = NodeOf(itemAt(position));
+    if (event->button() == Qt::RightButton) {
+        OpenContextMenu(node, event->globalPosition().toPoint());
+    } else if (node != nullptr && node == itemAt(m_gesture.Start())) {
+        setCurrentItem(node);
+    }
+}
+
+void CDriveView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    ShellTreeNode* node = NodeOf(itemAt(position));
+    SetSource(node);
+    m_gesture.Cancel();
+    if (event->button() == Qt::LeftButton && node != nullptr &&
+        visualItemRect(node).contains(position)) {
+        node->setExpanded(!node->isExpanded() && (node->HasMark() || node->childCount() > 0));
+    } else {
+        ShellTree::mouseDoubleClickEvent(event);
+    }
+}
+
+// The menu of the mouse comes when the button is released, since a drag may begin with the right
+// one.
+void CDriveView::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    ShellTreeNode* node = SelectedNode();
+    if (event->reason() != QContextMenuEvent::Mouse && node != nullptr) {
+        scrollToItem(node);
+        OpenContextMenu(node, viewport()->mapToGlobal(visualItemRect(node).center()));
+    }
+}
+
+void CDriveView::BeginDrag()
+{
+    const ShellTreeNode* node = NodeOf(itemAt(m_gesture.Start()));
+    const Qt::MouseButton button = m_gesture.Button();
+    m_gesture.Cancel();
+    std::string path;
+    if (!GetItemPath(node, path)) {
+        SetSource(nullptr);
+        return;
+    }
+    SetSource(node);
+    m_runDrag(*this, FolderPayload(path), button);
+}
+
+void CDriveView::dragEnterEvent(QDragEnterEvent* event)
+{
+    m_dropTarget.Enter(*event);
+}
+
+void CDriveView::dragMoveEvent(QDragMoveEvent* event)
+{
+    m_dropTarget.Move(*event);
+}
+
+void CDriveView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    m_dropTarget.Leave();
+    event->accept();
+}
+
+void CDriveView::dropEvent(QDropEvent* event)
+{
+    m_dropTarget.Drop(*event);
+}
+
+}  // namespace quorbit

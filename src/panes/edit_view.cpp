@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "panes/edit_view.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QStyle>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace quorbit {
+namespace {
+
+QIcon Picture(const char* name, QStyle::StandardPixmap otherwise)
+{
+    return QIcon::fromTheme(QLatin1String(name), QApplication::style()->standardIcon(otherwise));
+}
+
+}  // namespace
+
+CQRBEditView::CQRBEditView(const PaneServices& services, QWidget* parent)
+    : CListViewEx(services.setActive, QStringLiteral("Entries"), parent),
+      m_services(services),
+      m_model(Picture("user-trash", QStyle::SP_TrashIcon),
+              Picture("document-save", QStyle::SP_DialogSaveButton))
+{
+    SetModel(m_model);
+    SetKeepsSelection(false);
+    Report().header()->setSectionsClickable(false);
+    std::vector<int> widths;
+    for (int column = 0; column < kEntryColumns; ++column) {
+        const Setting setting = NthSetting(Setting::EditHeader0, column);
+        const int stored = m_services.pProfile->GetProfileInt(setting);
+        widths.push_back(stored > 0 ? stored : InfoOf(setting).defaultInteger);
+    }
+    SetColumnWidths(widths);
+}
+
+CQRBEditView::~CQRBEditView() = default;
+
+void CQRBEditView::FillEntries()
+{
+    std::vector<EntryRow> rows;
+    rows.reserve(m_services.pDoc->m_arrEntries.size());
+    std::transform(m_services.pDoc->m_arrEntries.begin(), m_services.pDoc->m_arrEntries.end(),
+                   std::back_inserter(rows), MakeEntryRow);
+    m_model.SetRows(std::move(rows));
+}
+
+void CQRBEditView::OnUpdate(CView*, int nHint, const HintObject*)
+{
+    if (nHint == HINT_REFRESH_ENTRIES) {
+        FillEntries();
+    } else if (nHint == HINT_DELETE && HasFocus()) {
+        DeleteSelected();
+    }
+}
+
+void CQRBEditView::DeleteSelected()
+{
+    std::vector<std::uint32_t> ids;
+    for (const int row : SelectedRows()) {
+        ids.push_back(m_model.RowAt(row).nId);
+    }
+    const PromptAnswer answer =
+        m_services.pPrompts->Ask("Are you sure you want to delete this entry?", "Warning.",
+                                 PromptIcon::Exclamation, PromptButtons::YesNo);
+    if (answer != PromptAnswer::Yes) {
+        return;
+    }
+    for (const std::uint32_t nId : ids) {
+        m_services.pDoc->DeleteEntry(nId);
+        m_model.Remove(nId);
+    }
+}
+
+bool CQRBEditView::OnCommand(int nId)
+{
+    CommandState state;
+    if (!OnUpdateCommand(nId, state)) {
+        return false;
+    }
+    if (state.enabled) {
+        m_services.pDoc->EditEntry(m_model.RowAt(SelectedRows().front()).nId);
+    }
+    return true;
+}
+
+bool CQRBEditView::OnUpdateCommand(int nId, CommandState& state)
+{
+    if (nId != CMD_EDIT_ENTRY || !HasFocus()) {
+        return false;
+    }
+    state.enabled = SelectedRows().size() == 1;
+    return true;
+}
+
+bool CQRBEditView::OnRowPressed(int, Qt::KeyboardModifiers)
+{
+    return false;
+}
+
+void CQRBEditView::OnRowDoubleClicked(int row)
+{
+    m_services.pDoc->EditEntry(m_model.RowAt(row).nId);
+}
+
+void CQRBEditView::OnContextMenu(int, const QPoint& position, Qt::KeyboardModifiers)
+{
+    const auto selected = SelectedRows().size();
+    QMenu& menu = NewPopupMenu();
+    const auto add = [&](const char* text, int nId, bool enabled) {
+        menu.addAction(QLatin1String(text), this, [this, nId] { m_services.postCommand(nId); })
+            ->setEnabled(enabled);
+    };
+    add("&Edit", CMD_EDIT_ENTRY, selected == 1);
+    add("&Delete", CMD_DELETE, selected > 0);
+    add("&Add WSH or Dos Batch File", CMD_NEW_SCRIPT_ENTRY, true);
+    menu.popup(position);
+}
+
+void CQRBEditView::OnBeginDrag(int, Qt::MouseButton, Qt::KeyboardModifiers) {}
+
+void CQRBEditView::SaveLayout() const
+{
+    if (m_services.isFrameMinimised && m_services.isFrameMinimised()) {
+        return;
+    }
+    std::vector<std::pair<Setting, std::int32_t>> values{{Setting::EditViewSizeX, width()},
+                                                         {Setting::EditViewSizeY, height()}};
+    const std::vector<int> widths = ColumnWidths();
+    for (int column = 0; column < kEntryColumns; ++column) {
+        values.emplace_back(NthSetting(Setting::EditHeader0, column),
+                            widths[static_cast<std::size_t>(column)]);
+    }
+    m_services.pProfile->WriteProfileInts(values);
+}
+
+}  // namespace quorbit

@@ -1,0 +1,348 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "panes/file_view.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <utility>
+
+#include "panes/drag_payload.h"
+#include "panes/file_list_columns.h"
+#include "panes/file_list_item.h"
+#include "panes/folder_tree.h"
+#include "panes/pane_hints.h"
+#include "platform/path_text.h"
+#include "platform/shell/item_id_content.h"
+#include "platform/shell/shell_constants.h"
+
+namespace quorbit {
+namespace {
+
+constexpr int kStyleBits = 3;
+// As many rows are sorted anew with every portion; more of them in the end only.
+constexpr int kCheapToSort = 5000;
+
+bool IsVolume(const ShellListItem& item)
+{
+    const auto content = ReadItemId(item.m_pidlItem);
+    return content && content->kind == ShellItemKind::Volume;
+}
+
+// What a command of the view menu sets.
+struct ViewCommand {
+    int nId;
+    ListStyle style;
+    std::optional<bool> fullRow;  // nothing: left as it is
+};
+
+constexpr ViewCommand kViewCommands[] = {
+    {CMD_VIEW_LARGE_ICONS, ListStyle::Icon, std::nullopt},
+    {CMD_VIEW_SMALL_ICONS, ListStyle::SmallIcon, std::nullopt},
+    {CMD_VIEW_LIST, ListStyle::List, std::nullopt},
+    {CMD_VIEW_REPORT, ListStyle::Report, false},
+    {CMD_VIEW_ROW_DETAIL, ListStyle::Report, true},
+};
+
+const ViewCommand* FindViewCommand(int nId)
+{
+    for (const ViewCommand& command : kViewCommands) {
+        if (command.nId == nId) {
+            return &command;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+CFileView::CFileView(const PaneServices& services, QWidget* parent, DragRunner runDrag)
+    : CListViewEx(services.setActive, QStringLiteral("Files"), parent),
+      m_services(services),
+      m_runDrag(std::move(runDrag)),
+      m_model(*services.pIcons)
+{
+    SetModel(m_model);
+    const Profile& profile = *m_services.pProfile;
+    std::vector<int> widths;
+    for (int column = 0; column < kFileColumns; ++column) {
+        widths.push_back(profile.GetProfileInt(NthSetting(Setting::FileHeader0, column)));
+    }
+    SetColumnWidths(widths);
+    SetStyle(static_cast<ListStyle>(profile.GetProfileInt(Setting::ViewStyle) & kStyleBits));
+    SetFullRow(profile.GetProfileInt(Setting::FullRowSel) != 0);
+    connect(Report().header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        m_nSortColumn = column;
+        m_model.Sort(column);
+    });
+}
+
+CFileView::~CFileView() = default;
+
+// --- filling ------------------------------------------------------------------------------------
+
+bool CFileView::ShowNode(const ShellTreeItem& node)
+{
+    if (node.m_pFolder == nullptr) {
+        return false;
+    }
+    const auto folder = node.m_pFolder->BindToObject(node.m_pidlItem);
+    return folder && ShowFolder(*folder);
+}
+
+void CFileView::ShowSelectedNode()
+{
+    const auto* tree = dynamic_cast<FolderTree*>(m_services.pDoc->GetView(ViewKind::DriveTree));
+    const ShellTreeItem* node = tree != nullptr ? tree->GetSelectedItemData() : nullptr;
+    if (node != nullptr) {
+        ShowNode(*node);
+    }
+}
+
+bool CFileView::ShowFolder(const ShellFolderPtr& folder)
+{
+    if (folder == nullptr) {
+        return false;
+    }
+    const auto* tree = dynamic_cast<FolderTree*>(m_services.pDoc->GetView(ViewKind::DriveTree));
+    m_strParentText = tree != nullptr ? tree->GetSelectedText() : std::string();
+    m_folder = folder;
+    m_nSortColumn = kFileName;
+    m_model.Clear();
+    SetNotice({});
+    SetReading(true);
+    FolderRequest request;
+    request.flags = SHCONTF_FOLDERS | SHCONTF_NONFOLDERS | SHCONTF_INCLUDEHIDDEN;
+    request.attributes = kListAttributes;
+    request.details = true;
+    request.types = true;
+    m_feed = std::make_unique<FolderFeed>(
+        folder, request, [this](FolderBatch batch) { OnPortion(std::move(batch)); });
+    return true;
+}
+
+void CFileView::OnPortion(FolderBatch batch)
+{
+    std::vector<ShellListItem> rows;
+    rows.reserve(batch.items.size());
+    for (FolderItem& item : batch.items) {
+        if (auto row = MakeListItem(std::move(item), m_folder, m_strParentText)) {
+            rows.push_back(std::move(*row));
+        }
+    }
+    m_model.Append(std::move(rows));
+    if (batch.ended || m_model.RowCount() <= kCheapToSort) {
+        m_model.Sort(m_nSortColumn);
+    }
+    if (batch.ended) {
+        OnEnd(batch.error);
+    }
+}
+
+void CFileView::OnEnd(const std::optional<Error>& error)
+{
+    m_feed.reset();
+    SetReading(false);
+    if (error && m_model.RowCount() == 0) {
+        SetNotice(QStringLiteral("This folder cannot be read: ") +
+                  QString::fromStdString(Printable(error->Text())));
+    }
+}
+
+// The cursor of the rows alone: the rest of the window can be used meanwhile.
+void CFileView::SetReading(bool reading)
+{
+    reading ? setCursor(Qt::WaitCursor) : unsetCursor();
+}
+
+// --- selection ----------------------------------------------------------------------------------
+
+bool CFileView::CheckSelection(int row, Qt::KeyboardModifiers modifiers)
+{
+    std::vector<bool> isFolder;
+    for (const int checked : RowsToCheck(SelectedRows(), row)) {
+        isFolder.push_back(IsFolderRow(m_model.ItemAt(checked)));
+    }
+    const SelectionVerdict verdict =
+        JudgeSelection(isFolder, m_nSelectionKind, modifiers.testFlag(Qt::ControlModifier));
+    m_nSelectionKind = verdict.kind;
+    if (verdict.warn) {
+        WarnOfMixture();
+        ShowSelectedNode();
+        m_nSelectionKind = SelectionKind::None;
+    }
+    return verdict.uniform;
+}
+
+void CFileView::WarnOfMixture() const
+{
+    (void)m_services.pPrompts->Ask(
+        "Files and folders can not be selected at the same time.  See help topic "
+        "\"Selection Error\".",
+        "Selection Warning.", PromptIcon::Exclamation, PromptButtons::Ok);
+}
+
+bool CFileView::FilesSelected() const
+{
+    return m_nSelectionKind == SelectionKind::Files;
+}
+
+std::optional<std::string> CFileView::GetRowName(int row, bool bareName) const
+{
+    if (row < 0 || row >= m_model.RowCount()) {
+        return std::nullopt;
+    }
+    const ShellListItem& item = m_model.ItemAt(row);
+    auto path = GetPathOf(*item.m_pFolder, item.m_pidlItem);
+    if (!path || !bareName || IsVolume(item) || IsRoot(*path)) {
+        return path;
+    }
+    return SplitLast(*path).second;
+}
+
+std::vector<std::string> CFileView::NamesOf(const std::vector<int>& rows) const
+{
+    std::vector<std::string> names;
+    for (const int row : rows) {
+        if (auto name = GetRowName(row, true)) {
+            names.push_back(std::move(*name));
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> CFileView::GetSelectedNames() const
+{
+    return NamesOf(SelectedRows());
+}
+
+// --- mouse --------------------------------------------------------------------------------------
+
+bool CFileView::OnRowPressed(int row, Qt::KeyboardModifiers modifiers)
+{
+    const bool uniform = CheckSelection(row, modifiers);
+    return !uniform && m_nSelectionKind == SelectionKind::None;  // the rows are others now
+}
+
+void CFileView::OnRowDoubleClicked(int row)
+{
+    const ShellListItem item = m_model.ItemAt(row);  // the tree may have other rows shown
+    const ListItemHint hint(item);
+    m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_OPENED, &hint);
+}
+
+void CFileView::OnContextMenu(int row, const QPoint& position, Qt::KeyboardModifiers modifiers)
+{
+    const bool uniform = CheckSelection(row, modifiers);
+    if (row < 0 || (!uniform && m_nSelectionKind == SelectionKind::None)) {
+        return;
+    }
+    QMenu& menu = NewPopupMenu();
+    menu.addAction(QStringLiteral("&Delete Folder/File Setup"), this, [this] { SetUpDelete(); });
+    menu.popup(position);
+}
+
+void CFileView::OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    if (!CheckSelection(row, modifiers)) {
+        return;
+    }
+    const auto names = NamesOf(RowsToCheck(SelectedRows(), row));
+    if (!names.empty()) {
+        m_runDrag(*this, ListPayload(names), button);
+    }
+}
+
+// --- commands -----------------------------------------------------------------------------------
+
+void CFileView::OnUpdate(CView*, int nHint, const HintObject* object)
+{
+    if (nHint == HINT_FOLDER_SELECTED) {
+        if (const auto* hint = dynamic_cast<const TreeItemHint*>(object)) {
+            ShowNode(hint->Item());
+        }
+    } else if (nHint == HINT_DELETE && HasFocus() && !SelectedRows().empty()) {
+        SetUpDelete();
+    }
+}
+
+// Keys select without a check, so that it comes here: names that are taken for the wrong kind would
+// make an entry that deletes something else.
+void CFileView::SetUpDelete()
+{
+    if (!CheckSelection(-1)) {
+        WarnOfMixture();
+        return;
+    }
+    m_bDeleteMode = true;
+    m_services.sendCommand(CMD_NEW_FILE_ENTRY);
+    m_bDeleteMode = false;
+}
+
+bool CFileView::OnCommand(int nId)
+{
+    if (nId == CMD_VIEWS) {
+        NextStyle();
+        return true;
+    }
+    const ViewCommand* command = FindViewCommand(nId);
+    if (command == nullptr) {
+        return false;
+    }
+    if (command->fullRow) {
+        SetFullRow(*command->fullRow);
+    }
+    if (Style() != command->style) {
+        SetStyle(command->style);
+    }
+    return true;
+}
+
+void CFileView::NextStyle()
+{
+    switch (Style()) {
+        case ListStyle::Icon:
+            OnCommand(CMD_VIEW_SMALL_ICONS);
+            break;
+        case ListStyle::SmallIcon:
+            OnCommand(CMD_VIEW_LIST);
+            break;
+        case ListStyle::List:
+            OnCommand(CMD_VIEW_REPORT);
+            break;
+        case ListStyle::Report:
+            OnCommand(GetFullRow() ? CMD_VIEW_LARGE_ICONS : CMD_VIEW_ROW_DETAIL);
+            break;
+    }
+}
+
+bool CFileView::OnUpdateCommand(int nId, CommandState& state)
+{
+    const ViewCommand* command = FindViewCommand(nId);
+    if (command == nullptr && nId != CMD_VIEWS) {
+        return false;
+    }
+    state.enabled = true;
+    state.checked = command != nullptr && command->style == Style() &&
+                    command->fullRow.value_or(GetFullRow()) == GetFullRow();
+    return true;
+}
+
+void CFileView::SaveLayout() const
+{
+    std::vector<std::pair<Setting, std::int32_t>> values;
+    if (!m_services.isFrameMinimised || !m_services.isFrameMinimised()) {
+        values.emplace_back(Setting::FileViewSizeX, width());
+        values.emplace_back(Setting::FileViewSizeY, height());
+        const std::vector<int> widths = ColumnWidths();
+        for (int column = 0; Style() == ListStyle::Report && column < kFileColumns; ++column) {
+            values.emplace_back(NthSetting(Setting::FileHeader0, column),
+                                widths[static_cast<std::size_t>(column)]);
+        }
+    }
+    values.emplace_back(Setting::ViewStyle, static_cast<int>(Style()));
+    values.emplace_back(Setting::FullRowSel, GetFullRow() ? 1 : 0);
+    m_services.pProfile->WriteProfileInts(values);
+}
+
+}  // namespace quorbit

@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "panes/list_view_ex.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+namespace quorbit {
+
+CListViewEx::CListViewEx(std::function<void(CView*)> setActive, const QString& name,
+                         QWidget* parent)
+    : QStackedWidget(parent),
+      m_setActive(std::move(setActive)),
+      m_report(new ReportView(this)),
+      m_icons(new QListView(this)),
+      m_notice(new QLabel(this))
+{
+    SetUp(*m_report, name);
+    SetUp(*m_icons, name);
+    SetUpIcons();
+    setCurrentWidget(m_report);
+    setFocusProxy(m_report);
+    m_notice->setWordWrap(true);
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_notice->hide();
+    m_focusConnection = connect(qApp, &QApplication::focusChanged, this,
+                                [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
+}
+
+CListViewEx::~CListViewEx()
+{
+    disconnect(m_focusConnection);
+}
+
+void CListViewEx::SetUp(QAbstractItemView& view, const QString& name)
+{
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    view.setIconSize({icon, icon});
+    view.setAccessibleName(name);
+    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setDragEnabled(true);  // a press on a selected row leaves the others selected
+    view.installEventFilter(this);
+    view.viewport()->installEventFilter(this);
+    addWidget(&view);
+}
+
+void CListViewEx::SetUpIcons()
+{
+    m_icons->setLayoutMode(QListView::Batched);
+    m_icons->setBatchSize(1000);
+    m_icons->setUniformItemSizes(true);
+    m_icons->setItemDelegate(&m_gridDelegate);
+}
+
+void CListViewEx::SetModel(QAbstractItemModel& model)
+{
+    m_pModel = &model;
+    m_report->setModel(&model);
+    m_selection = m_report->selectionModel();
+}
+
+// --- styles -------------------------------------------------------------------------------------
+
+bool CListViewEx::SetFullRow(bool bFull)
+{
+    if (bFull == GetFullRow()) {
+        return false;
+    }
+    m_report->SetFullRow(bFull);
+    return true;
+}
+
+QAbstractItemView& CListViewEx::ActiveView() const
+{
+    return m_style == ListStyle::Report ? static_cast<QAbstractItemView&>(*m_report) : *m_icons;
+}
+
+void CListViewEx::SetStyle(ListStyle style)
+{
+    const bool hadFocus = ActiveView().hasFocus();
+    m_style = style;
+    if (style == ListStyle::Report) {
+        m_icons->setModel(nullptr);  // its layout of many rows is not for nothing
+    } else {
+        ArrangeIcons();
+        if (m_icons->model() == nullptr && m_pModel != nullptr) {
+            m_icons->setModel(m_pModel);
+            const std::unique_ptr<QItemSelectionModel> replaced(m_icons->selectionModel());
+            m_icons->setSelectionModel(m_selection);
+        }
+    }
+    setCurrentWidget(&ActiveView());
+    setFocusProxy(&ActiveView());
+    if (hadFocus) {
+        ActiveView().setFocus();
+    }
+    PlaceNotice();
+}
+
+void CListViewEx::ArrangeIcons()
+{
+    const bool large = m_style == ListStyle::Icon;
+    const QStyle& look = *QStackedWidget::style();
+    const int icon = look.pixelMetric(large ? QStyle::PM_LargeIconSize : QStyle::PM_SmallIconSize,
+                                      nullptr, this);
+    const int letter = fontMetrics().averageCharWidth();
+    const int line = fontMetrics().lineSpacing();
+    const QSize cell = large ? QSize(letter * 16, icon + line * 3)
+                             : QSize(letter * 28 + icon, std::max(icon, line) + line / 4);
+    m_icons->setViewMode(large ? QListView::IconMode : QListView::ListMode);
+    m_icons->setFlow(m_style == ListStyle::List ? QListView::TopToBottom : QListView::LeftToRight);
+    m_icons->setWrapping(true);
+    m_icons->setWordWrap(large);
+    m_icons->setMovement(QListView::Static);
+    m_icons->setDragEnabled(true);  // the movement has switched it
+    m_icons->setResizeMode(QListView::Adjust);
+    m_icons->setIconSize({icon, icon});
+    m_gridDelegate.SetCell(cell);
+    m_icons->setGridSize(cell);
+}
+
+void CListViewEx::SetColumnWidths(const std::vector<int>& widths)
+{
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+        m_report->header()->resizeSection(static_cast<int>(column), widths[column]);
+    }
+}
+
+std::vector<int> CListViewEx::ColumnWidths() const
+{
+    std::vector<int> widths;
+    for (int column = 0; column < m_report->header()->count(); ++column) {
+        widths.push_back(m_report->header()->sectionSize(column));
+    }
+    return widths;
+}
+
+// --- rows ---------------------------------------------------------------------------------------
+
+std::vector<int> CListViewEx::SelectedRows() const
+{
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : m_selection->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.push_back(row);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+int CListViewEx::CurrentRow() const
+{
+    return m_selection->currentIndex().row();
+}
+
+int CListViewEx::RowAt(const QPoint& position) const
+{
+    return ActiveView().indexAt(position).row();
+}
+
+void CListViewEx::SetNotice(const QString& text)
+{
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
+    PlaceNotice();
+}
+
+void CListViewEx::PlaceNotice()
+{
+    const int gap = fontMetrics().averageCharWidth();
+    const int top = ActiveView().viewport()->mapTo(this, QPoint()).y() + gap;
+    const int width = std::max(1, this->width() - 2 * gap);
+    m_notice->setGeometry(gap, top, width, m_notice->heightForWidth(width));
+    m_notice->raise();
+}
+
+void CListViewEx::resizeEvent(QResizeEvent* event)
+{
+    QStackedWidget::resizeEvent(event);
+    PlaceNotice();
+}
+
+QMenu& CListViewEx::NewPopupMenu()
+{
+    m_pPopupMenu = std::make_unique<QMenu>();
+    return *m_pPopupMenu;
+}
+
+// --- focus and mouse ----------------------------------------------------------------------------
+
+// A menu bar that is used by keys borrows the focus.
+void CListViewEx::OnFocusChanged(const QWidget* now)
+{
+    if (dynamic_cast<const QMenuBar*>(now) != nullptr ||
+        dynamic_cast<const QMenu*>(now) != nullptr) {
+        return;
+    }
+    const bool had = std::exchange(m_bFocus, now != nullptr && isAncestorOf(now));
+    if (had != m_bFocus) {
+        ActiveView().viewport()->update();
+    }
+    if (!had && m_bFocus && m_setActive) {
+        m_setActive(this);
+    }
+}
+
+bool CListViewEx::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ActiveView().viewport()) {
+        return OnViewportEvent(*event);
+    }
+    if (watched == &ActiveView() && event->type() == QEvent::ContextMenu) {
+        OnMenuKey();
+        return true;
+    }
+    return QStackedWidget::eventFilter(watched, event);
+}
+
+// The menu key works where the keys are.
+void CListViewEx::OnMenuKey()
+{
+    const QAbstractItemView& view = ActiveView();
+    const QModelIndex current = m_selection->currentIndex();
+    QPoint position;
+    if (current.isValid()) {
+        const QRect visible = view.visualRect(current.siblingAtColumn(0)) & view.viewport()->rect();
+        position = visible.center();
+    }
+    OnContextMenu(current.row(), view.viewport()->mapToGlobal(position), Qt::NoModifier);
+}
+
+bool CListViewEx::OnViewportEvent(QEvent& event)
+{
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+            return OnMousePress(static_cast<QMouseEvent&>(event));
+        case QEvent::MouseMove:
+            return OnMouseMove(static_cast<QMouseEvent&>(event));
+        case QEvent::MouseButtonRelease:
+            return OnMouseRelease(static_cast<QMouseEvent&>(event));
+        case QEvent::MouseButtonDblClick:
+            return OnDoubleClick(static_cast<QMouseEvent&>(event));
+        case QEvent::ContextMenu:
+            // The mouse brings its menu when the button goes up, so that it can drag before.
+            return static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
+        default:
+            return false;
+    }
+}
+
+bool CListViewEx::OnMousePress(const QMouseEvent& event)
+{
+    m_gesture.Press(event);
+    m_pressedIndex = ActiveView().indexAt(event.position().toPoint());
+    m_bTakenOver = event.button() == Qt::LeftButton && m_pressedIndex.isValid() &&
+                   OnRowPressed(m_pressedIndex.row(), event.modifiers());
+    return m_bTakenOver;
+}
+
+// A press beside the rows may go on to select with a band.
+bool CListViewEx::OnMouseMove(const QMouseEvent& event)
+{
+    if (event.buttons() == Qt::NoButton) {
+        return false;
+    }
+    if (!m_bTakenOver && m_pressedIndex.isValid() && m_gesture.Move(event)) {
+        m_bTakenOver = true;
+        OnBeginDrag(m_pressedIndex.row(), m_gesture.Button(), event.modifiers());
+    }
+    return m_bTakenOver || m_pressedIndex.isValid();
+}
+
+bool CListViewEx::OnDoubleClick(const QMouseEvent& event)
+{
+    const int row = RowAt(event.position().toPoint());
+    if (event.button() != Qt::LeftButton || row < 0) {
+        return false;
+    }
+    m_bTakenOver = true;
+    OnRowDoubleClicked(row);
+    return true;
+}
+
+bool CListViewEx::OnMouseRelease(const QMouseEvent& event)
+{
+    const bool takenOver = std::exchange(m_bTakenOver, false);
+    if (m_gesture.Release(event) && !takenOver && event.button() == Qt::RightButton) {
+        OnContextMenu(RowAt(event.position().toPoint()), event.globalPosition().toPoint(),
+                      event.modifiers());
+    }
+    return takenOver;
+}
+
+}  // namespace quorbit

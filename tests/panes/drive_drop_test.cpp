@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <QTest>
+
+#include "drive_fixture.h"
+#include "panes/drag_payload.h"
+
+namespace quorbit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DriveDropTest : public DriveTest {
+protected:
+    [[nodiscard]] QPoint PlaceOf(const QTreeWidgetItem* node) const
+    {
+        return m_view->visualItemRect(node).center();
+    }
+    void Enter(const QMimeData& data, Qt::MouseButtons buttons = Qt::LeftButton)
+    {
+        QDragEnterEvent event({1, 1}, Qt::CopyAction | Qt::MoveAction, &data, buttons, {});
+        QApplication::sendEvent(m_view->viewport(), &event);
+        EXPECT_TRUE(event.isAccepted()) << "else no move would come";
+    }
+    bool MoveTo(const QMimeData& data, const QPoint& place)
+    {
+        QDragMoveEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(m_view->viewport(), &event);
+        return event.isAccepted();
+    }
+    bool DropAt(const QMimeData& data, const QPoint& place)
+    {
+        QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(m_view->viewport(), &event);
+        EXPECT_THAT(m_posted, IsEmpty()) << "nothing before the drop has returned";
+        EXPECT_THAT(m_prompts.asked, IsEmpty());
+        QApplication::processEvents();
+        return event.isAccepted();
+    }
+    bool DragTo(const QMimeData& data, const QTreeWidgetItem* node,
+                Qt::MouseButtons buttons = Qt::LeftButton)
+    {
+        m_posted.clear();
+        m_prompts.asked.clear();
+        Enter(data, buttons);
+        const bool taken = MoveTo(data, PlaceOf(node));
+        return DropAt(data, PlaceOf(node)) && taken;
+    }
+    // Presses on a node and moves away.
+    void DragFrom(const QTreeWidgetItem* node, Qt::MouseButton button)
+    {
+        const QPoint place = PlaceOf(node);
+        QTest::mousePress(m_view->viewport(), button, {}, place);
+        const QPoint away = place + QPoint(0, 3 * QApplication::startDragDistance());
+        QMouseEvent move(QEvent::MouseMove, away, m_view->viewport()->mapToGlobal(away),
+                         Qt::NoButton, button, {});
+        QApplication::sendEvent(m_view->viewport(), &move);
+        QTest::mouseRelease(m_view->viewport(), button, {}, away);
+    }
+    void MakeDrive()
+    {
+        Make({"from/", "to/sub/"});
+        Expand("D:\\");
+        m_from = m_view->FindNodeByPath("D:\\from");
+        m_to = m_view->FindNodeByPath("D:\\to");
+        m_view->SetDragRunner([this](QWidget&, const std::string& payload, Qt::MouseButton button) {
+            m_payloads.push_back(payload);
+            m_button = button;
+        });
+    }
+
+    ShellTreeNode* m_from = nullptr;
+    ShellTreeNode* m_to = nullptr;
+    std::vector<std::string> m_payloads;
+    Qt::MouseButton m_button = Qt::NoButton;
+};
+
+TEST_F(DriveDropTest, DragsAFolderWithEitherButtonAndSelectsNothing)
+{
+    MakeDrive();
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        m_payloads.clear();
+        DragFrom(m_from, button);
+        EXPECT_THAT(m_payloads, ElementsAre(FolderPayload("D:\\from")));
+        EXPECT_EQ(m_button, button);
+        EXPECT_EQ(m_view->GetSourcePath(), "D:\\from");
+        EXPECT_EQ(m_view->CurrentPath(), "D:\\");
+        EXPECT_EQ(m_view->PopupMenu(), nullptr) << "a drag is no click";
+        DragFrom(m_view->RootNode(), button);
+        EXPECT_EQ(m_payloads.size(), 1U) << "it has no path";
+        EXPECT_EQ(m_view->GetSourcePath(), "");
+    }
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, PlaceOf(m_from));
+    EXPECT_EQ(m_view->CurrentPath(), "D:\\from");
+}
+
+TEST_F(DriveDropTest, OpensTheDialogThatFitsWhatWasDropped)
+{
+    MakeDrive();
+    DragFrom(m_from, Qt::LeftButton);
+    const auto folder = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
+    EXPECT_TRUE(DragTo(*folder, m_to));
+    EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_TYPE_ENTRY));
+    EXPECT_EQ(m_view->DropText(), "DD:\\from");
+    EXPECT_EQ(m_view->GetSourcePath(), "D:\\from");
+    EXPECT_EQ(m_view->GetDestPath(), "D:\\to");
+    EXPECT_THAT(m_prompts.asked, IsEmpty());
+
+    const auto rows = MakeDragData(ListPayload({"a.txt", "b.txt"}), Qt::LeftButton);
+    EXPECT_TRUE(DragTo(*rows, m_to));
+    EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_ENTRY));
+    EXPECT_EQ(m_view->DropText(), "Fa.txt, b.txt");
+    EXPECT_EQ(m_view->GetSourcePath(), "D:\\") << "the folder that the list shows";
+    EXPECT_EQ(m_view->PopupMenu(), nullptr);
+}
+
+TEST_F(DriveDropTest, TheRightButtonAsksWhatToMake)
+{
+    MakeDrive();
+    struct Case {
+        bool list;
+        int row;
+        const char* text;
+        int command;
+    };
+    const Case cases[] = {
+        {false, 0, "Add File Types", CMD_NEW_FILE_TYPE_ENTRY},
+        {true, 0, "Add File Types", CMD_NEW_FILE_ENTRY},
+        {false, 1, "Add Default File Configuration", CMD_ADD_DEFAULT},
+        {true, 2, "Add *.* with defaults", CMD_ADD_DEFAULT_ALL},
+    };
+    for (const Case& c : cases) {
+        const auto data =
+            MakeDragData(c.list ? ListPayload({"x"}) : FolderPayload("D:\\from"), Qt::RightButton);
+        // Not every platform tells the buttons.
+        EXPECT_TRUE(DragTo(*data, m_to, c.list ? Qt::NoButton : Qt::RightButton));
+        EXPECT_THAT(m_posted, IsEmpty());
+        ASSERT_NE(m_view->PopupMenu(), nullptr);
+        const auto rows = m_view->PopupMenu()->actions();
+        ASSERT_EQ(rows.size(), 3);
+        EXPECT_EQ(rows[c.row]->text(), QString::fromLatin1(c.text));
+        rows[c.row]->trigger();
+        QApplication::processEvents();
+        EXPECT_THAT(m_posted, ElementsAre(c.command)) << c.text;
+        m_view->PopupMenu()->close();
+    }
+}
+
+TEST_F(DriveDropTest, RefusesWhatIsNotOursAndTheRootNode)
+{
+    MakeDrive();
+    QMimeData text;
+    text.setText(QStringLiteral("qrbD/x"));
+    QMimeData none;
+    const auto ours = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
+    EXPECT_TRUE(DragTo(*ours, m_to));
+    EXPECT_EQ(m_view->GetDestPath(), "D:\\to");
+    EXPECT_FALSE(DragTo(text, m_to));
+    EXPECT_EQ(m_view->DropText(), "");
+    EXPECT_FALSE(DragTo(none, m_to));
+    EXPECT_FALSE(DragTo(*ours, m_view->RootNode()));
+    EXPECT_EQ(m_view->DropText(), "");
+    EXPECT_THAT(m_posted, IsEmpty());
+    EXPECT_EQ(m_view->GetDestPath(), "D:\\to") << "the root node has none";
+}
+
+TEST_F(DriveDropTest, WarnsOfADropOnTheSourceAndGoesOn)
+{
+    MakeDrive();
+    DragFrom(m_from, Qt::LeftButton);
+    const auto folder = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
+    EXPECT_TRUE(DragTo(*folder, m_from));
+    EXPECT_THAT(m_prompts.asked,
+                ElementsAre("Warning you are trying to copy to the same directory."));
+    EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_TYPE_ENTRY));
+    const auto rows = MakeDragData(ListPayload({"from"}), Qt::LeftButton);
+    EXPECT_TRUE(DragTo(*rows, m_view->FindVolume("D:\\")));
+    EXPECT_EQ(m_prompts.asked.size(), 1U) << "the list shows that folder";
+    EXPECT_TRUE(DragTo(*rows, m_from));
+    EXPECT_THAT(m_prompts.asked, IsEmpty());
+}
+
+TEST_F(DriveDropTest, OpensTheNodeUnderAnyDragAfterTwoSeconds)
+{
+    MakeDrive();
+    QMimeData text;
+    text.setText(QStringLiteral("anything"));
+    Enter(text);
+    EXPECT_FALSE(MoveTo(text, PlaceOf(m_to)));
+    QTest::qWait(1400);
+    EXPECT_FALSE(MoveTo(text, PlaceOf(m_from)));
+    EXPECT_FALSE(MoveTo(text, PlaceOf(m_to))) << "begins anew";
+    QTest::qWait(1400);
+    EXPECT_FALSE(m_to->isExpanded());
+    EXPECT_TRUE(WaitFor([&] { return m_to->isExpanded() && m_to->childCount() == 1; }));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(m_view->viewport(), &leave);
+    EXPECT_EQ(m_view->GetDestPath(), "D:\\to") << "a leave does not clear it";
+    EXPECT_EQ(m_view->CurrentPath(), "D:\\");
+}
+
+TEST_F(DriveDropTest, ScrollsNearTheEdges)
+{
+    TreeLines folders;
+    for (int i = 100; i < 200; ++i) {
+        folders.push_back("f" + std::to_string(i) + "/");
+    }
+    Make(folders);
+    Expand("D:\\");
+    const auto data = MakeDragData(FolderPayload("D:\\f100"), Qt::LeftButton);
+    QScrollBar& bar = *m_view->verticalScrollBar();
+    ASSERT_TRUE(WaitFor([&] { return bar.maximum() > 10; }));
+    bar.setValue(5);
+    Enter(*data);
+    const int height = m_view->viewport()->height();
+    MoveTo(*data, {20, height / 2});
+    QTest::qWait(300);
+    EXPECT_EQ(bar.value(), 5);
+    MoveTo(*data, {20, height - 3});
+    EXPECT_TRUE(WaitFor([&] { return bar.value() > 7; }));
+    MoveTo(*data, {20, 2});
+    EXPECT_TRUE(WaitFor([&] { return bar.value() == 0; }));
+}
+
+}  // namespace
+}  // namespace quorbit

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A drive tree over a made mount table, with a drive D: in a temporary folder.
+
+#pragma once
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/window/fake_prompts.h"
+#include "panes/drive_view.h"
+#include "panes/pane_hints.h"
+#include "platform/shell/shell_fixture.h"
+
+namespace quorbit {
+
+// What the other views are told.
+class RecordingView final : public CView {
+public:
+    [[nodiscard]] ViewKind Kind() const override { return ViewKind::FileList; }
+    void OnUpdate(CView*, int nHint, const HintObject* object) override
+    {
+        hints.push_back(nHint);
+        if (const auto* tree = dynamic_cast<const TreeItemHint*>(object)) {
+            folder = CShellPidl::GetItemName(*tree->Item().m_pFolder, tree->Item().m_pidlItem,
+                                             SHGDN_FORPARSING)
+                         .value_or("");
+        }
+    }
+    bool OnCommand(int) override { return false; }
+    bool OnUpdateCommand(int, CommandState&) override { return false; }
+
+    std::vector<int> hints;
+    std::string folder;  // that the list is to show
+};
+
+class DriveTest : public ShellTest {
+protected:
+    // items: of the drive D:.
+    void Make(const TreeLines& items, std::uint32_t nRunMode = 0)
+    {
+        m_drives['D'] = Path("d");
+        WriteTree(Path("d"), items);
+        m_doc.AddView(&m_list);
+        m_view = std::make_unique<CDriveView>(
+            PaneServices{.pDoc = &m_doc,
+                         .pProfile = &m_profile,
+                         .pPrompts = &m_prompts,
+                         .pIcons = &m_icons,
+                         .desktop = Desktop(),
+                         .nRunMode = nRunMode,
+                         .sendCommand =
+                             [this](int id) {
+                                 m_sent.push_back(id);
+                                 m_sentInDeleteMode.push_back(m_view->DeleteMode());
+                                 m_deletePath = m_view->GetDeletePath();
+                             },
+                         .postCommand = [this](int id) { m_posted.push_back(id); },
+                         .setActive = {},
+                         .isFrameMinimised = [this] { return m_minimised; }});
+        m_doc.AddView(m_view.get());
+        m_view->resize(400, 300);
+        m_view->show();
+        Settle();
+    }
+    ~DriveTest() override
+    {
+        if (m_view != nullptr) {
+            m_doc.RemoveView(m_view.get());
+        }
+    }
+
+    static bool WaitFor(const std::function<bool()>& condition)
+    {
+        const QDeadlineTimer limit(std::chrono::seconds(20));
+        while (!condition() && !limit.hasExpired()) {
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+            QApplication::processEvents();
+        }
+        return condition();
+    }
+    // Everything that is being read has been.
+    void Settle()
+    {
+        EXPECT_TRUE(WaitFor([this] { return !m_view->IsFilling(); }));
+    }
+    // The node of a folder, reading what leads there. Selects it.
+    ShellTreeNode* GoTo(const std::string& path)
+    {
+        m_view->GoToPath(path);
+        Settle();
+        return m_view->FindNodeByPath(path);
+    }
+    ShellTreeNode* Expand(const std::string& path)
+    {
+        ShellTreeNode* node = GoTo(path);
+        if (node != nullptr) {
+            node->setExpanded(true);
+            Settle();
+        }
+        return node;
+    }
+    void Refresh()
+    {
+        EXPECT_TRUE(m_view->OnCommand(CMD_REFRESH));
+        Settle();
+    }
+    static std::vector<std::string> Texts(const QTreeWidgetItem* node)
+    {
+        std::vector<std::string> texts;
+        for (int i = 0; node != nullptr && i < node->childCount(); ++i) {
+            texts.push_back(node->child(i)->text(0).toStdString());
+        }
+        return texts;
+    }
+    [[nodiscard]] std::vector<std::string> Texts(const std::string& path) const
+    {
+        return Texts(m_view->FindNodeByPath(path));
+    }
+
+    CQRBDoc m_doc;
+    RecordingView m_list;
+    Profile m_profile{SettingsStore(Path("profile.ini"))};
+    FakePrompts m_prompts;
+    ItemIcons m_icons;
+    std::vector<int> m_sent;
+    std::vector<bool> m_sentInDeleteMode;
+    std::string m_deletePath;  // when the last command was sent
+    std::vector<int> m_posted;
+    bool m_minimised = false;
+    std::unique_ptr<CDriveView> m_view;
+};
+
+}  // namespace quorbit

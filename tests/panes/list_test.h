@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What the tests of the lists share: a profile of their own, prompts that answer themselves, and
+// hands for the mouse.
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTest>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/window/fake_prompts.h"
+#include "panes/list_view_ex.h"
+#include "panes/pane_services.h"
+#include "platform/shell/shell_fixture.h"
+#include "support/scoped_variable.h"
+
+namespace quorbit {
+
+class ListTest : public ShellTest {
+protected:
+    [[nodiscard]] PaneServices Services()
+    {
+        PaneServices services;
+        services.pDoc = &doc;
+        services.pProfile = &profile;
+        services.pPrompts = &prompts;
+        services.pIcons = &icons;
+        services.sendCommand = [this](int nId) {
+            sent.push_back(nId);
+            if (whileSent) {
+                whileSent();
+            }
+        };
+        services.postCommand = [this](int nId) { posted.push_back(nId); };
+        services.setActive = [this](CView* active) { activated.push_back(active); };
+        services.isFrameMinimised = [this] { return minimised; };
+        return services;
+    }
+
+    static void Show(CListViewEx& list)
+    {
+        list.resize(600, 400);
+        list.show();
+        list.activateWindow();
+        list.setFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return list.HasFocus(); }));
+    }
+
+    // Middle of what a row shows in its first column.
+    static QPoint PlaceOf(const CListViewEx& list, int row)
+    {
+        QAbstractItemView& view = list.ActiveView();
+        const QModelIndex index = view.model()->index(row, 0);
+        view.scrollTo(index);
+        return view.visualRect(index).center();
+    }
+    static void Click(const CListViewEx& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier,
+                      Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(list.ActiveView().viewport(), button, keys, PlaceOf(list, row));
+    }
+    static void DoubleClick(const CListViewEx& list, int row)
+    {
+        QTest::mouseDClick(list.ActiveView().viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
+    }
+    // The menu of a right click beside the rows, where there are none.
+    static void RightClickBeside(const CListViewEx& list)
+    {
+        QWidget* viewport = list.ActiveView().viewport();
+        QTest::mouseClick(viewport, Qt::RightButton, {},
+                          viewport->rect().bottomRight() - QPoint(3, 3));
+    }
+    static void PressMenuKey(const CListViewEx& list)
+    {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(&list.ActiveView(), &event);
+    }
+    // Texts of the menu that is open, "-" before those that are disabled; closes it.
+    static std::vector<std::string> CloseMenu(const CListViewEx& list)
+    {
+        std::vector<std::string> texts;
+        if (list.PopupMenu() == nullptr || !list.PopupMenu()->isVisible()) {
+            return texts;
+        }
+        for (const QAction* action : list.PopupMenu()->actions()) {
+            texts.push_back((action->isEnabled() ? "" : "-") +
+                            action->text().remove(QLatin1Char('&')).toStdString());
+        }
+        list.PopupMenu()->close();
+        return texts;
+    }
+    static std::vector<std::string> Column(const CListViewEx& list, int column)
+    {
+        const QAbstractItemModel& model = *list.Report().model();
+        std::vector<std::string> texts;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            texts.push_back(model.index(row, column).data().toString().toStdString());
+        }
+        return texts;
+    }
+
+    ScopedVariable config{"XDG_CONFIG_HOME", m_folder.Path() + "/config"};
+    Profile profile{OpenSettingsStores().profile};
+    CQRBDoc doc;
+    FakePrompts prompts;
+    ItemIcons icons;
+    std::vector<int> sent;
+    std::vector<int> posted;
+    std::vector<CView*> activated;
+    std::function<void()> whileSent;  // may be null
+    bool minimised = false;
+};
+
+}  // namespace quorbit
