@@ -121,7 +121,7 @@ bool ConsoleSurface::AskYesNo(std::string_view, std::string_view)
     return false;
 }
 
-void ConsoleSurface::ShowMessage(std::string_view text, std::string_view)
+void ConsoleSurface::ShowMessage(std::string_view text, std::string_view, PromptIcon)
 {
     Erase();
     m_streams.error("quorbit: " + std::string(text) + "\n");

@@ -39,7 +39,7 @@ public:
     void ShowError(std::string_view text) override;
     // Nobody is there to answer: No.
     bool AskYesNo(std::string_view text, std::string_view caption) override;
-    void ShowMessage(std::string_view text, std::string_view caption) override;
+    void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
     void CloseAndExit() override;
 
 private:

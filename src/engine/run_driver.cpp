@@ -261,7 +261,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
     std::string total = "0";
     bool stopped = false;
     if (ctx.m_pDoc->m_arrEntries.empty()) {
-        ctx.m_pDlg->ShowMessage("The Batch File is empty.", "");
+        ctx.m_pDlg->ShowMessage("The Batch File is empty.", "", PromptIcon::Exclamation);
     } else {
         stopped = !RunPasses(ctx, total);
     }
@@ -273,7 +273,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
     ctx.m_pDlg->ShowRunEnded();
     if (stopped && (ctx.m_nRunMode & kRunInvisible) == 0) {
         ctx.m_pDlg->ShowMessage("Process canceled by user.  Hit OK to continue.",
-                                "Process stopped.");
+                                "Process stopped.", PromptIcon::None);
     }
     ctx.m_pLogFile.reset();
 

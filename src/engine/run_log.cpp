@@ -17,7 +17,7 @@ constexpr auto kOldEnough = std::chrono::milliseconds(100);
 void TellIfFailed(CRunContext& ctx, bool ok)
 {
     if (!ok) {
-        ctx.m_pDlg->ShowMessage("Error writing to the logfile.", "");
+        ctx.m_pDlg->ShowMessage("Error writing to the logfile.", "", PromptIcon::Stop);
     }
 }
 

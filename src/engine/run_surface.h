@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "batch/prompts.h"
+
 namespace quorbit {
 
 enum class RunText { CurrentFile, DestFile, Action, FileSize, TotalCount };
@@ -38,7 +40,7 @@ public:
     // Yes or No; true for Yes. An empty caption means the application's own.
     virtual bool AskYesNo(std::string_view text, std::string_view caption) = 0;
     // A box with OK. An empty caption means the application's own.
-    virtual void ShowMessage(std::string_view text, std::string_view caption) = 0;
+    virtual void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) = 0;
 
     // Closes the run and ends the application. The context may be gone when this returns.
     virtual void CloseAndExit() = 0;

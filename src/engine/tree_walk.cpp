@@ -33,6 +33,7 @@ bool CountGivenUp(CRunContext& ctx)
         return false;
     }
     ctx.m_nFilesLeft = 0;
+    ctx.m_pDlg->ShowCounter(RunCounter::FilesLeft, 0);
     return true;
 }
 

@@ -64,7 +64,7 @@ public:
             onPrompt();
         return prompts.size() <= answers.size() && answers[prompts.size() - 1];
     }
-    void ShowMessage(std::string_view text, std::string_view caption) override
+    void ShowMessage(std::string_view text, std::string_view caption, PromptIcon) override
     {
         messages.push_back({std::string(text), std::string(caption)});
         if (onPrompt)

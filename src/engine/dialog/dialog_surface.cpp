@@ -59,10 +59,8 @@ bool DialogSurface::AskYesNo(std::string_view text, std::string_view caption)
         {std::string(text), std::string(caption), PromptIcon::Exclamation, PromptButtons::YesNo});
 }
 
-void DialogSurface::ShowMessage(std::string_view text, std::string_view caption)
+void DialogSurface::ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon)
 {
-    // A warning, unless it says in its caption what it is.
-    const PromptIcon icon = caption.empty() ? PromptIcon::Exclamation : PromptIcon::None;
     (void)m_prompt.Ask({std::string(text), std::string(caption), icon, PromptButtons::Ok});
 }
 

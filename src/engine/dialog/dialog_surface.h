@@ -29,7 +29,7 @@ public:
     void ShowRunEnded() override;
     void ShowError(std::string_view text) override;
     bool AskYesNo(std::string_view text, std::string_view caption) override;
-    void ShowMessage(std::string_view text, std::string_view caption) override;
+    void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
     // Only asks: the dialog closes when the worker has ended.
     void CloseAndExit() override;
     // The last thing that a worker does here.

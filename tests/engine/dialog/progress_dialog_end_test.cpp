@@ -147,6 +147,7 @@ TEST_F(ProgressDialogEndTest, ALogThatCannotBeWrittenIsToldAndTheRunGoesOn)
     RunAndClose();
     ASSERT_FALSE(m_prompts.boxes.empty());
     EXPECT_EQ(m_prompts.boxes.front().text, "Error writing to the logfile.");
+    EXPECT_EQ(m_prompts.boxes.front().icon, PromptIcon::Stop);
     EXPECT_EQ(Text("m_stcCopyCount"), "2");
     EXPECT_EQ(m_closed, 1);
 }
