@@ -48,7 +48,7 @@ FolderBox* EntryWindow::MakeFolderBox(FolderBox::Role role, const char* name,
                                       std::optional<std::string>& picked)
 {
     const auto pick = [this, &picked](const std::string& start) {
-        const auto chosen = PickFolder(m_services, this, start);
+        auto chosen = PickFolder(m_services, this, start);
         if (chosen) {
             picked = chosen;
         }
