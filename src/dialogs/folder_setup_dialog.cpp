@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/offered_masks.h"
+#include "dialogs/ok_cancel_row.h"
 
 namespace quorbit {
 namespace {
@@ -31,16 +32,7 @@ CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent
 
 void CFolderSetupDlg::LayOut()
 {
-    auto* ok = new QPushButton(QStringLiteral("&OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Can&cel"), this);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = MakeOkCancelRow(*this, QStringLiteral("&OK"), QStringLiteral("Can&cel"));
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_allTypes);
     column->addWidget(m_lists, 1);
@@ -49,7 +41,7 @@ void CFolderSetupDlg::LayOut()
     std::vector<QWidget*> chain = {m_allTypes};
     const std::vector<QWidget*> lists = m_lists->TabChain();
     chain.insert(chain.end(), lists.begin(), lists.end());
-    chain.insert(chain.end(), {ok, cancel});
+    chain.insert(chain.end(), {buttons->itemAt(1)->widget(), buttons->itemAt(2)->widget()});
     for (std::size_t i = 1; i < chain.size(); ++i) {
         setTabOrder(chain[i - 1], chain[i]);
     }

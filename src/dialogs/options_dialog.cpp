@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "dialogs/ok_cancel_row.h"
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/shown_text.h"
 
@@ -58,15 +59,7 @@ void COptionsDlg::LayOut()
     grid->addWidget(m_suppress, 3, 0, 1, 2);
     grid->addWidget(m_refresh, 4, 0, 1, 2);
 
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { accept(); });
-    connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = MakeOkCancelRow(*this);
     auto* column = new QVBoxLayout(this);
     column->addWidget(group);
     column->addLayout(buttons);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "dialogs/ok_cancel_row.h"
 #include "dialogs/open_dialog.h"
 #include "dialogs/shown_text.h"
 
@@ -72,15 +73,7 @@ void ScriptEntryWindow::LayOut()
     radios->addWidget(m_shellHost);
     radios->addWidget(m_dosBatch);
 
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { accept(); });
-    connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = MakeOkCancelRow(*this);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(Text(kWhatHappens, this));

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "dialogs/ok_cancel_row.h"
 #include "dialogs/shown_text.h"
 #include "platform/shell/shell_constants.h"
 
@@ -61,15 +62,7 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
 
 void CSelDirDlg::LayOut()
 {
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = MakeOkCancelRow(*this);
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_edit);
     column->addWidget(m_pTree, 1);

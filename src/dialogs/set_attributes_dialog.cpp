@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "dialogs/set_attributes_dialog.h"
+#include "dialogs/ok_cancel_row.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -63,15 +64,7 @@ void CSetAttributes::LayOut()
     grid->addWidget(new QLabel(QStringLiteral("Attribute relationship:"), frame), row, 0);
     grid->addWidget(m_logical, row, 1);
 
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = MakeOkCancelRow(*this);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(frame);
