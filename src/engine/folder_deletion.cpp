@@ -82,14 +82,40 @@ void TallyDeletion(CRunContext& ctx)
     Raise(ctx, &CRunContext::m_nDeleteCount, RunCounter::Delete);
 }
 
-// For a folder that does not lie where the path says, or that nothing may delete.
-void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& error)
+Error ProtectedError()
+{
+    return {ErrorKind::Protected, "This folder is protected from being deleted as a whole"};
+}
+
+void ShowFolderDeletion(CRunContext& ctx, const std::string& path)
 {
     ShowAction(ctx, "Delete Folder.");
     ShowCurrentFile(ctx, path, true, true);
     ShowDestFile(ctx, path, true, true);
+}
+
+// For a folder that does not lie where the path says, or that nothing may delete.
+void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& error)
+{
+    ShowFolderDeletion(ctx, path);
     ReportFileError(ctx, error);
     TakeOffUnit(ctx);
+}
+
+// What the volume holds goes; its own root folder cannot.
+void DeleteWholeVolume(CRunContext& ctx, const std::string& path, const WalkRules& rules)
+{
+    const auto folder = ctx.m_pFiles->OpenFolder(path);
+    if (!folder) {
+        return RefuseDeletion(ctx, path, folder.GetError());
+    }
+    if (ctx.m_pFiles->IsProtected(**folder)) {
+        return RefuseDeletion(ctx, path, ProtectedError());
+    }
+    DeleteFolderTree(ctx, **folder, path, rules);
+    ShowFolderDeletion(ctx, path);
+    ReportFileError(ctx, ErrorFromErrno(EBUSY));
+    TallyDeletion(ctx);
 }
 
 }  // namespace
@@ -125,9 +151,7 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
 void RemoveFolder(CRunContext& ctx, const Folder& parent, const std::string& name,
                   const std::string& path)
 {
-    ShowAction(ctx, "Delete Folder.");
-    ShowCurrentFile(ctx, path, true, true);
-    ShowDestFile(ctx, path, true, true);
+    ShowFolderDeletion(ctx, path);
     const Status removed = ctx.m_pFiles->RemoveFolder(parent, name);
     if (!removed) {
         ReportFileError(ctx, removed.GetError());
@@ -138,8 +162,7 @@ void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRule
 {
     FileSystem& files = *ctx.m_pFiles;
     if (IsRoot(path)) {
-        return RefuseDeletion(ctx, path,
-                              Error(ErrorKind::Protected, "A whole drive cannot be deleted"));
+        return DeleteWholeVolume(ctx, path, rules);
     }
     const auto place = FindPlace(files, path);
     if (!place) {
@@ -150,9 +173,7 @@ void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRule
     top.kind = ItemKind::Folder;
     auto folder = files.OpenSubfolder(*place->parent, top.name);
     if (folder && files.IsProtected(**folder)) {
-        return RefuseDeletion(
-            ctx, path,
-            Error(ErrorKind::Protected, "This folder is protected from being deleted as a whole"));
+        return RefuseDeletion(ctx, path, ProtectedError());
     }
     if (folder) {
         ClearReadOnly(files, *place->parent, top);

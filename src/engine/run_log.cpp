@@ -27,12 +27,14 @@ RunLog::RunLog(std::unique_ptr<LogOutput> output, Now now) : m_output(std::move(
 {
 }
 
-bool RunLog::Add(std::string_view text)
+bool RunLog::Add(std::string_view label, std::string_view path)
 {
     if (m_gathered.empty()) {
         m_oldest = m_now();
     }
-    m_gathered.append(text).append("\r\n");
+    m_gathered.append(label);
+    AppendPrintable(m_gathered, path);
+    m_gathered.append("\r\n");
     return m_gathered.size() < kFull ? FlushIfDue() : Flush();
 }
 
@@ -61,6 +63,13 @@ void WriteLogLine(CRunContext& ctx, std::string_view line)
     }
 }
 
+void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view path)
+{
+    if (ctx.m_pLogFile) {
+        TellIfFailed(ctx, ctx.m_pLogFile->Add(label, path));
+    }
+}
+
 void FlushLog(CRunContext& ctx)
 {
     if (ctx.m_pLogFile) {
@@ -77,7 +86,7 @@ void FlushLogIfDue(CRunContext& ctx)
 
 void WriteLogHead(CRunContext& ctx)
 {
-    WriteLogLine(ctx, "Quorbit   File name: " + Printable(ctx.m_pDoc->m_strFilePath));
+    WriteLogPath(ctx, "Quorbit   File name: ", ctx.m_pDoc->m_strFilePath);
     WriteLogLine(ctx, "\r\nTo find file operations, search on these texts:");
     WriteLogLine(ctx,
                  "Copying File.\r\nCreate Folder.\r\nDidn't Sync File.\r\nSync File.\r\n"

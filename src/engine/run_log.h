@@ -27,7 +27,9 @@ public:
 
     // Adds the text and CR LF. False if gathered lines were due and could not be written; they are
     // lost then, and the log goes on with what follows.
-    [[nodiscard]] bool Add(std::string_view text);
+    [[nodiscard]] bool Add(std::string_view text) { return Add(text, {}); }
+    // The same for a label and a path, which is made printable.
+    [[nodiscard]] bool Add(std::string_view label, std::string_view path);
     // Writes what is gathered if its 100 ms are over. False as for Add.
     [[nodiscard]] bool FlushIfDue();
     // Writes what is gathered. False as for Add.
@@ -42,6 +44,8 @@ private:
 
 // One line into the log of the run. A failure is told to whoever watches; the run goes on.
 void WriteLogLine(CRunContext& ctx, std::string_view line);
+// The same for a label and a path, which is made printable.
+void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view path);
 // Brings all lines to the file: for an error, before a prompt and before anything that may take
 // long.
 void FlushLog(CRunContext& ctx);

@@ -5,7 +5,6 @@
 
 #include "engine/run_flags.h"
 #include "engine/run_log.h"
-#include "platform/path_text.h"
 
 namespace quorbit {
 namespace {
@@ -17,7 +16,7 @@ void ShowPath(CRunContext& ctx, RunText which, std::string_view label, std::stri
         ctx.m_pDlg->ShowText(which, path);
     }
     if (bLog) {
-        WriteLogLine(ctx, std::string(label) + Printable(path));
+        WriteLogPath(ctx, label, path);
     }
 }
 

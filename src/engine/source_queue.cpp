@@ -10,87 +10,74 @@
 namespace quorbit {
 namespace {
 
-constexpr std::size_t kWindow = 64;     // items held while reading ahead
-constexpr std::size_t kMostOpen = 256;  // files held open by all folders of a walk together
-constexpr unsigned kSampleEvery = 16;   // how often a file is asked whether it is in memory
-constexpr unsigned kCachedInRowToStop = 128;
+constexpr std::size_t kWindow = 128;  // names held while files are fetched
 
 }  // namespace
 
-std::size_t ReadAheadPolicy::Window() const
-{
-    return m_bAhead && m_nOpen < kMostOpen ? kWindow : 1;
-}
-
-ReadAhead ReadAheadPolicy::Next()
-{
-    if (m_bAhead) {
-        return ReadAhead::Start;
-    }
-    if (m_nUntilSample > 0) {
-        --m_nUntilSample;
-        return ReadAhead::No;
-    }
-    m_nUntilSample = kSampleEvery - 1;
-    return ReadAhead::Start;
-}
-
-void ReadAheadPolicy::Learn(bool wasCached)
-{
-    if (!wasCached) {
-        m_bAhead = true;
-        m_nCachedInRow = 0;
-    } else if (++m_nCachedInRow >= kCachedInRowToStop) {
-        m_bAhead = false;
-    }
-}
-
 SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, Listing& listing,
                          const WalkRules& rules, ReadAheadPolicy& policy)
-    : m_files(files), m_folder(folder), m_listing(listing), m_rules(rules), m_policy(policy)
+    : m_files(files),
+      m_folder(folder),
+      m_listing(listing),
+      m_rules(rules),
+      m_policy(policy),
+      m_bSurelyCopied(rules.Has(DCF_NO_ATTRS) &&
+                      !rules.Has(DCF_DELETE | DCF_SYNC | DCF_INCREMENTAL))
 {
-}
-
-SourceQueue::~SourceQueue()
-{
-    for (const QueuedItem& item : m_items) {
-        if (item.source) {
-            m_policy.Taken();
-        }
-    }
 }
 
 Result<bool> SourceQueue::Next(QueuedItem& item)
 {
-    Fill();
-    if (m_items.empty()) {
+    item.source.reset();
+    item.details = {};
+    const std::size_t window = Window();
+    if (window > 1) {
+        Fill(window);
+    }
+    if (!m_items.empty()) {
+        item.data = std::move(m_items.front());
+        m_items.pop_front();
+    } else if (!ReadOne(item.data)) {
         return m_end;
     }
-    item = std::move(m_items.front());
-    m_items.pop_front();
-    if (item.source) {
-        m_policy.Taken();
+    if (item.data.kind != ItemKind::Folder) {
+        Prepare(item);
     }
     return true;
 }
 
-void SourceQueue::Fill()
+std::size_t SourceQueue::Window()
 {
-    while (m_end && *m_end && m_items.size() < m_policy.Window()) {
+    if (!m_bSurelyCopied || !m_policy.Pays()) {
+        return 1;
+    }
+    m_policy.LearnFetched(m_files.FetchedInVain());
+    return m_policy.Pays() ? kWindow : 1;
+}
+
+void SourceQueue::Fill(std::size_t window)
+{
+    FindData data;
+    while (m_items.size() < window && ReadOne(data)) {
+        m_files.FetchAhead(m_folder, data);
+        m_items.push_back(std::move(data));
+    }
+}
+
+// The next wanted item of the listing; false at its end, which m_end tells of.
+bool SourceQueue::ReadOne(FindData& data)
+{
+    while (m_end && *m_end) {
         if (g_bStopRun) {  // also while it passes over what is not selected
             m_end = false;
-            return;
+            break;
         }
-        QueuedItem item;
-        m_end = m_listing.Next(item.data);
-        if (!m_end || !*m_end || !Wanted(item.data)) {
-            continue;
+        m_end = m_listing.Next(data);
+        if (m_end && *m_end && Wanted(data)) {
+            return true;
         }
-        if (item.data.kind != ItemKind::Folder) {
-            Prepare(item);
-        }
-        m_items.push_back(std::move(item));
     }
+    return false;
 }
 
 bool SourceQueue::Wanted(FindData& data) const
@@ -106,12 +93,10 @@ bool SourceQueue::Wanted(FindData& data) const
     return !data.leftover && m_rules.SelectsName(data.name);
 }
 
-// A file that no later test can turn away is opened at once: that reads its details as well.
+// A file that will surely be copied is opened at once: that reads its details as well.
 void SourceQueue::Prepare(QueuedItem& item)
 {
-    const bool surelyCopied =
-        m_rules.Has(DCF_NO_ATTRS) && !m_rules.Has(DCF_DELETE | DCF_SYNC | DCF_INCREMENTAL);
-    if (!surelyCopied || item.data.kind == ItemKind::Unknown) {
+    if (!m_bSurelyCopied || item.data.kind == ItemKind::Unknown) {
         item.details = m_files.ReadDetails(m_folder, item.data);
         return;
     }
@@ -123,14 +108,13 @@ void SourceQueue::Prepare(QueuedItem& item)
     }
     item.source = std::move(*opened);
     if (ahead == ReadAhead::Start) {
-        m_policy.Learn(item.source->WasCached());
+        m_policy.Learn(item.source->WasCached(), m_files.FetchedInVain());
     }
     const FindData& details = item.source->Details();
     item.data.kind = details.kind;
     item.data.size = details.size;
     item.data.modified = details.modified;
     item.data.modifiedNsec = details.modifiedNsec;
-    m_policy.Opened();
 }
 
 }  // namespace quorbit

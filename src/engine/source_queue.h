@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The items of one source folder that a walk has to look at, in listing order: its folders, and the
-// files that the entry selects. Files that will surely be copied are opened here, and, while the
-// disk turns out to be slower than the memory, some of them ahead of their turn, so that the system
-// can fetch their content meanwhile. The order of the work does not change, and no more than a
-// fixed number of items is held.
+// files that the entry selects. Files that will surely be copied are handed out open. While the
+// disk turns out to be slower than the memory, names are read ahead from the listing and the files
+// are fetched in the background. The order of the work does not change, and no more than a fixed
+// number of names is held. Worker thread only.
 
 #pragma once
 
@@ -13,30 +13,11 @@
 #include <deque>
 #include <memory>
 
+#include "engine/read_ahead_policy.h"
 #include "engine/walk_rules.h"
 #include "platform/file_system.h"
 
 namespace quorbit {
-
-// Whether reading ahead pays. One for a whole run, since the caches are one.
-class ReadAheadPolicy {
-public:
-    // How many items a folder's queue may hold now.
-    [[nodiscard]] std::size_t Window() const;
-    // What the next file that is opened is to be asked.
-    [[nodiscard]] ReadAhead Next();
-    // What came of a file that was opened with ReadAhead::Start.
-    void Learn(bool wasCached);
-
-    void Opened() { ++m_nOpen; }
-    void Taken() { --m_nOpen; }
-
-private:
-    bool m_bAhead = false;
-    unsigned m_nUntilSample = 0;
-    unsigned m_nCachedInRow = 0;
-    std::size_t m_nOpen = 0;
-};
 
 struct QueuedItem {
     FindData data;
@@ -49,7 +30,6 @@ public:
     // All of them must outlive the queue.
     SourceQueue(FileSystem& files, const Folder& folder, Listing& listing, const WalkRules& rules,
                 ReadAheadPolicy& policy);
-    ~SourceQueue();
     SourceQueue(const SourceQueue&) = delete;
     SourceQueue& operator=(const SourceQueue&) = delete;
 
@@ -57,7 +37,9 @@ public:
     Result<bool> Next(QueuedItem& item);
 
 private:
-    void Fill();
+    void Fill(std::size_t window);
+    bool ReadOne(FindData& data);
+    [[nodiscard]] std::size_t Window();
     [[nodiscard]] bool Wanted(FindData& data) const;
     void Prepare(QueuedItem& item);
 
@@ -66,7 +48,8 @@ private:
     Listing& m_listing;
     const WalkRules& m_rules;
     ReadAheadPolicy& m_policy;
-    std::deque<QueuedItem> m_items;
+    bool m_bSurelyCopied;  // no later test can turn a file away
+    std::deque<FindData> m_items;
     Result<bool> m_end = true;  // true while the listing goes on, then its end or its error
 };
 

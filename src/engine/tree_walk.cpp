@@ -11,6 +11,7 @@
 #include "engine/run_flags.h"
 #include "engine/run_log.h"
 #include "engine/show.h"
+#include "engine/source_queue.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -99,6 +100,8 @@ private:
     CRunContext& m_ctx;
     const WalkRules& m_rules;
     ReadAheadPolicy& m_readAhead;
+    std::string m_path;      // of the file that is worked on
+    std::string m_destPath;  // where it goes
 };
 
 bool ProcessWalk::Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
@@ -160,21 +163,21 @@ bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string
 
 bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
 {
-    const std::string path = source.path + item.data.name;
-    const std::string destPath = Deletes() ? std::string() : dest.Path() + item.data.name;
-    ShowCurrentFile(m_ctx, path, false, true);
+    m_path.assign(source.path).append(item.data.name);
+    ShowCurrentFile(m_ctx, m_path, false, true);
     ShowFileSize(m_ctx, item.data.size, false, true);
     if (!Deletes()) {
-        ShowDestFile(m_ctx, destPath, false, true);
+        m_destPath.assign(dest.Path()).append(item.data.name);
+        ShowDestFile(m_ctx, m_destPath, false, true);
     }
 
     if (!ActOnFile(source, dest, item) || g_bStopRun) {
         return false;
     }
     TakeOffUnit(m_ctx);
-    ShowCurrentFile(m_ctx, path, true, false);
+    ShowCurrentFile(m_ctx, m_path, true, false);
     if (!Deletes()) {
-        ShowDestFile(m_ctx, destPath, true, false);
+        ShowDestFile(m_ctx, m_destPath, true, false);
     }
     ShowFileSize(m_ctx, item.data.size, true, false);
     return true;

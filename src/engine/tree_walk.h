@@ -9,8 +9,8 @@
 
 #include <string>
 
+#include "engine/read_ahead_policy.h"
 #include "engine/run_context.h"
-#include "engine/source_queue.h"
 #include "engine/target_folder.h"
 #include "engine/walk_rules.h"
 

@@ -17,6 +17,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -108,6 +109,11 @@ public:
     virtual Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder,
                                                            const FindData& item,
                                                            ReadAhead readAhead) = 0;
+    // Has a listed file, or the listing of a listed folder, brought into memory in the background,
+    // for the case that the disk is slow. Returns at once; only a hint.
+    virtual void FetchAhead(const Folder& folder, const FindData& item) = 0;
+    // How many files in a row FetchAhead has found in memory already.
+    [[nodiscard]] virtual std::size_t FetchedInVain() const = 0;
     // Copies content, last-write time, permissions, attributes, extended attributes and ACLs, and
     // ownership where allowed. The destination appears or is replaced whole: at any moment, also
     // after a kill or on a full disk, the name holds the old file or the new one. Copying a file

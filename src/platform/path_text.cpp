@@ -131,11 +131,20 @@ std::size_t PrintableLength(std::string_view text)
     return lead.length;
 }
 
+bool IsPlain(char c)
+{
+    return c >= 0x20 && c < 0x7F;
+}
+
 // Bytes at the start of the text that need no escape.
 std::size_t PrintableRun(std::string_view text)
 {
     std::size_t done = 0;
     while (done < text.size()) {
+        if (IsPlain(text[done])) {  // nearly every byte of nearly every path
+            ++done;
+            continue;
+        }
         const std::size_t length = PrintableLength(text.substr(done));
         if (length == 0) {
             break;
@@ -243,24 +252,25 @@ std::string MakeAbsolute(std::string_view path)
 
 std::string Printable(std::string_view text)
 {
-    std::size_t run = PrintableRun(text);
-    if (run == text.size()) {
-        return std::string(text);
-    }
-    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
     std::string result;
-    result.reserve(text.size() + 16);
+    AppendPrintable(result, text);
+    return result;
+}
+
+void AppendPrintable(std::string& out, std::string_view text)
+{
+    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
     while (true) {
-        result += text.substr(0, run);
+        const std::size_t run = PrintableRun(text);
+        out += text.substr(0, run);
         if (run == text.size()) {
-            return result;
+            return;
         }
         const auto byte = static_cast<unsigned char>(text[run]);
-        result += "\\x";
-        result += kHexDigits[byte >> 4];
-        result += kHexDigits[byte & 0x0F];
+        out += "\\x";
+        out += kHexDigits[byte >> 4];
+        out += kHexDigits[byte & 0x0F];
         text.remove_prefix(run + 1);
-        run = PrintableRun(text);
     }
 }
 

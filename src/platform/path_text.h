@@ -47,5 +47,7 @@ using DriveMap = std::map<char, std::string>;
 // Text for the log and the screen: control characters and bytes that are not UTF-8 as \x0A,
 // everything else as it is.
 [[nodiscard]] std::string Printable(std::string_view text);
+// The same, behind what out holds.
+void AppendPrintable(std::string& out, std::string_view text);
 
 }  // namespace quorbit

@@ -223,8 +223,8 @@ Status PosixFileCopy::CopyMetadataByName(const std::string& name) const
         if (!CannotBeKept(errno)) {
             return LastError();
         }
-        (void)::fchownat(folder, name.c_str(), static_cast<uid_t>(-1), from.st_gid,
-                         AT_SYMLINK_NOFOLLOW);
+        [[maybe_unused]] const int group = ::fchownat(folder, name.c_str(), static_cast<uid_t>(-1),
+                                                      from.st_gid, AT_SYMLINK_NOFOLLOW);
     }
     if (m_source.Details().kind != ItemKind::Link &&
         ::fchmodat(folder, name.c_str(), from.st_mode & kPermissions, AT_SYMLINK_NOFOLLOW) != 0 &&

@@ -191,6 +191,13 @@ Result<std::unique_ptr<SourceFile>> PosixFileSystem::OpenSource(const Folder& fo
     return PosixSourceFile::Open(Own(folder), item, readAhead);
 }
 
+void PosixFileSystem::FetchAhead(const Folder& folder, const FindData& item)
+{
+    if (CheckName(item.name)) {
+        m_fetcher.Fetch(Own(folder).SharedDescriptor(), item);
+    }
+}
+
 Status PosixFileSystem::CopyFile(SourceFile& source, const Folder& destination,
                                  const std::string& name, const CopyOptions& options)
 {

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "platform/content_copier.h"
+#include "platform/file_fetcher.h"
 #include "platform/file_system.h"
 #include "platform/path_text.h"
 #include "platform/posix_folder.h"
@@ -36,6 +37,8 @@ public:
 
     Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder, const FindData& item,
                                                    ReadAhead readAhead) override;
+    void FetchAhead(const Folder& folder, const FindData& item) override;
+    [[nodiscard]] std::size_t FetchedInVain() const override { return m_fetcher.InVain(); }
     Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                     const CopyOptions& options) override;
 
@@ -57,6 +60,7 @@ private:
     VolumeTable m_volumes;
     ProtectedFolders m_protected;
     ContentCopier m_copier;
+    FileFetcher m_fetcher;
     std::map<std::uint64_t, UniqueFd> m_written;  // a folder of each device that was written to
 };
 

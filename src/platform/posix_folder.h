@@ -32,6 +32,7 @@ public:
 
     [[nodiscard]] FolderIdentity Identity() const override { return m_identity; }
     [[nodiscard]] int Descriptor() const { return m_descriptor->Get(); }
+    [[nodiscard]] std::shared_ptr<const UniqueFd> SharedDescriptor() const { return m_descriptor; }
     [[nodiscard]] PosixVolume& Volume() const { return m_volume; }
 
     // A descriptor that a listing can read from the beginning: the first time the folder's own,
