@@ -3,18 +3,12 @@
 
 #include "batch/machine_values.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include "batch/reg_key.h"
-#include "support/scoped_file_size_limit.h"
+#include "support/folder_test.h"
+#include "support/full_disk.h"
 #include "support/scoped_variable.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
 
 namespace quorbit {
 namespace {
@@ -28,24 +22,19 @@ public:
 };
 
 // Points the XDG folders at a temporary one.
-class MachineValuesTest : public testing::Test {
+class MachineValuesTest : public FolderTest {
 protected:
-    void WriteFile(const std::string& text)
-    {
-        WriteTree(m_folder.Path(), {"config/quorbit/"});
-        WriteContent(m_stores.machine.Path(), text);
-    }
+    void WriteFile(const std::string& text) { Write({"config/quorbit/machine.ini=" + text}); }
     [[nodiscard]] std::string Stored(const std::string& name) const
     {
         const auto text = m_stores.machine.ReadText("1.00", name);
         return text ? *text : "(none)";
     }
 
-    TempFolder m_folder;
-    ScopedVariable m_config{"XDG_CONFIG_HOME", m_folder.Path() + "/config"};
-    ScopedVariable m_state{"XDG_STATE_HOME", m_folder.Path() + "/state"};
-    ScopedVariable m_data{"XDG_DATA_HOME", m_folder.Path() + "/data"};
-    ScopedVariable m_dataDirs{"XDG_DATA_DIRS", m_folder.Path() + "/system"};
+    ScopedVariable m_config{"XDG_CONFIG_HOME", Path("config")};
+    ScopedVariable m_state{"XDG_STATE_HOME", Path("state")};
+    ScopedVariable m_data{"XDG_DATA_HOME", Path("data")};
+    ScopedVariable m_dataDirs{"XDG_DATA_DIRS", Path("system")};
     SettingsStores m_stores = OpenSettingsStores();
     RecordingFatalHandler m_fatal;
     MachineValues m_values{m_stores.machine, m_fatal};
@@ -54,11 +43,9 @@ protected:
 TEST_F(MachineValuesTest, OnlyTheFirstStartOfAFreshInstallationIsAFirstRun)
 {
     ASSERT_TRUE(EnsureMachineStore(m_stores.machine).Ok());
-    EXPECT_EQ(Stored("Install Path"), m_folder.Path() + "/state/quorbit/");
-    EXPECT_TRUE(fs::is_directory(m_folder.Path() + "/state/quorbit"));
-    EXPECT_EQ(Stored("Help File"), "");
-    EXPECT_EQ(Stored("Log File"), "(none)");
-
+    EXPECT_EQ(Stored("Install Path"), Path("state/quorbit/"));
+    EXPECT_TRUE(fs::is_directory(Path("state/quorbit")));
+    EXPECT_EQ(Stored("Help File") + Stored("Log File"), "(none)");
     EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), "1");
     EXPECT_TRUE(m_values.IsFirstRun());
     EXPECT_EQ(Stored("Run1"), "0");
@@ -67,80 +54,63 @@ TEST_F(MachineValuesTest, OnlyTheFirstStartOfAFreshInstallationIsAFirstRun)
     MachineValues later(m_stores.machine, m_fatal);
     EXPECT_EQ(later.GetRegValue(MachineValue::Run1), "0");
     EXPECT_FALSE(later.IsFirstRun());
+    for (const char* marker : {"", "11", "1x", "01"}) {
+        WriteFile(std::string("[1.00]\nRun1=") + marker + "\n");
+        EXPECT_EQ(later.GetRegValue(MachineValue::Run1), marker);
+        EXPECT_EQ(Stored("Run1"), marker);
+    }
+    WriteFile("[1.00]\n");
+    EXPECT_EQ(later.GetRegValue(MachineValue::Run1), "");
+    EXPECT_FALSE(later.IsFirstRun());
     EXPECT_TRUE(m_fatal.m_texts.empty());
 }
 
 TEST_F(MachineValuesTest, SetUpLeavesNoFirstRunAndMendsWhatIsMissing)
 {
-    WriteTree(m_folder.Path(), {"system/quorbit/help/index.html=help"});
+    Write({"system/quorbit/help/index.html=help"});
     ASSERT_TRUE(CompleteSetup(m_stores.machine).Ok());
     EXPECT_EQ(Stored("Run1"), "0");
-    EXPECT_EQ(Stored("Install Path"), m_folder.Path() + "/state/quorbit/");
-    EXPECT_EQ(Stored("Help File"), m_folder.Path() + "/system/quorbit/help/index.html");
-
+    EXPECT_EQ(Stored("Install Path"), Path("state/quorbit/"));
+    EXPECT_EQ(Stored("Help File"), Path("system/quorbit/help/index.html"));
     WriteFile("[2.00]\nInstall Path=/logs/\nRun1=1\n");
     ASSERT_TRUE(CompleteSetup(m_stores.machine).Ok());
-    EXPECT_EQ(*m_stores.machine.ReadText("2.00", "Install Path"), "/logs/");
     EXPECT_EQ(*m_stores.machine.ReadText("2.00", "Run1"), "0");
     EXPECT_EQ(m_values.GetRegValue(MachineValue::InstallPath), "/logs/");
-
     WriteFile("");
     ASSERT_TRUE(CompleteSetup(m_stores.machine).Ok());
     EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), "0");
     EXPECT_TRUE(m_fatal.m_texts.empty());
 }
 
-TEST_F(MachineValuesTest, RunOnlyCountsAsTheFirstIfTheMarkerIsExactlyOne)
+TEST_F(MachineValuesTest, TakesAnyBytesAndReadsAtMost127OfThem)
 {
-    for (const char* marker : {"0", "", "11", "1x", "01"}) {
-        WriteFile(std::string("[1.00]\nRun1=") + marker + "\n");
-        EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), marker);
-        EXPECT_EQ(Stored("Run1"), marker);
-    }
+    const std::string fits = "/a\xFF\n" + std::string(123, 'a');
     WriteFile("[1.00]\n");
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), "");
-    EXPECT_FALSE(m_values.IsFirstRun());
-}
-
-TEST_F(MachineValuesTest, ReadsAtMost127BytesOfAValue)
-{
-    const std::string fits(127, 'a');
-    const std::string tooLong(128, 'a');
-    WriteFile("[1.00]\n");
+    ASSERT_TRUE(m_values.SetRegValue("Word", 4294967295U));
     ASSERT_TRUE(m_values.SetRegValue("Log File", fits));
-    ASSERT_TRUE(m_values.SetRegValue("Install Path", tooLong));
+    ASSERT_TRUE(m_values.SetRegValue("Install Path", fits + "a"));
+    EXPECT_EQ(Stored("Word"), "4294967295");
     EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), fits);
     EXPECT_EQ(m_values.GetRegValue(MachineValue::InstallPath), "");
     EXPECT_TRUE(m_fatal.m_texts.empty());
-
-    ASSERT_TRUE(m_values.SetRegValue("Log File", tooLong));
+    ASSERT_TRUE(m_values.SetRegValue("Log File", fits + "a"));
     EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), std::nullopt);
     EXPECT_EQ(m_fatal.m_texts.size(), 1U);
 }
 
-TEST_F(MachineValuesTest, WritesTextAndWordsWithTheirBytes)
-{
-    WriteFile("[1.00]\n");
-    ASSERT_TRUE(m_values.SetRegValue("Log File", "/a\xFF\n.log"));
-    ASSERT_TRUE(m_values.SetRegValue("Word", 4294967295U));
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), "/a\xFF\n.log");
-    EXPECT_EQ(Stored("Word"), "4294967295");
-}
-
 TEST_F(MachineValuesTest, AStoreThatCannotBeUsedIsFatalWhateverIsAsked)
 {
+    using enum MachineValue;
     const auto expectFatal = [this](const char* why) {
         SCOPED_TRACE(why);
         m_fatal.m_texts.clear();
-        EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), std::nullopt);
-        EXPECT_EQ(m_values.GetRegValue(MachineValue::InstallPath), std::nullopt);
-        EXPECT_EQ(m_values.GetRegValue(MachineValue::HelpFile), std::nullopt);
-        EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), std::nullopt);
+        for (const MachineValue value : {Run1, InstallPath, HelpFile, LogFile})
+            EXPECT_EQ(m_values.GetRegValue(value), std::nullopt);
         EXPECT_FALSE(m_values.SetRegValue("Log File", "x"));
-        EXPECT_EQ(m_fatal.m_texts, std::vector<std::string>(
-                                       5,
-                                       "Error reading or writing from the registy.  Reinstall the "
-                                       "product or contact Technical Support."));
+        const std::string text =
+            "Error reading or writing from the registy.  Reinstall the product or contact "
+            "Technical Support.";
+        EXPECT_EQ(m_fatal.m_texts, std::vector<std::string>(5, text));
     };
     expectFatal("missing");
     WriteFile("");
@@ -148,38 +118,31 @@ TEST_F(MachineValuesTest, AStoreThatCannotBeUsedIsFatalWhateverIsAsked)
     WriteFile("[" + std::string(80, 'v') + "]\nInstall Path=/x/\n");
     expectFatal("name of the version folder too long");
     WriteFile("[1.00]\nInstall Path=/x/\nRun1=1\nLog File=/x/a.log\n");
-    ASSERT_EQ(::chmod(m_stores.machine.Path().c_str(), 0444), 0);
+    SetMode(m_stores.machine.Path(), 0444);
     expectFatal("read-only");
     fs::remove(m_stores.machine.Path());
     fs::create_directory(m_stores.machine.Path());
-    expectFatal("unreadable");
     EXPECT_TRUE(EnsureMachineStore(m_stores.machine).Ok());  // what is there is not laid down anew
-    expectFatal("still unreadable");
+    expectFatal("unreadable");
 }
 
 TEST_F(MachineValuesTest, AMarkerOrLogPathThatCannotBeStoredIsFatal)
 {
     const std::string before = "[1.00]\nRun1=1\nInstall Path=/x/\n";
     WriteFile(before);
-    std::optional<std::string> marker;
-    bool stored = true;
-    {
-        const ScopedFileSizeLimit full(10);
-        marker = m_values.GetRegValue(MachineValue::Run1);
-        stored = m_values.SetRegValue("Log File", "/x/a.log");
-    }
-    EXPECT_EQ(marker, std::nullopt);
-    EXPECT_FALSE(stored);
+    EXPECT_EQ(OnFullDisk(10, [this] { return m_values.GetRegValue(MachineValue::Run1); }),
+              std::nullopt);
+    EXPECT_FALSE(OnFullDisk(10, [this] { return m_values.SetRegValue("Log File", "/x/a.log"); }));
     EXPECT_EQ(m_fatal.m_texts.size(), 2U);
     EXPECT_EQ(ContentOf(m_stores.machine.Path()), before);
-
     EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), std::nullopt);  // missing
     EXPECT_EQ(m_fatal.m_texts.size(), 3U);
 }
 
-TEST_F(MachineValuesTest, AKeyReachesTheValuesOfItsStore)
+TEST_F(MachineValuesTest, AKeyReachesTheValuesOfItsStoreAndLeavesNoTraceIfOnlyOpened)
 {
     WriteFile("[1.00]\nInstall Path=/logs/\nWord=7\nLong=" + std::string(2048, 'x') + "\n");
+    const std::string before = ContentOf(m_stores.machine.Path());
     ASSERT_TRUE(m_stores.profile.Write({{"Options\\Default", "FileBits", "5"}}).Ok());
     CRegKey key(m_stores);
     std::string text = "before";
@@ -187,13 +150,17 @@ TEST_F(MachineValuesTest, AKeyReachesTheValuesOfItsStore)
     EXPECT_FALSE(key.Read("Install Path", text).Ok());  // none is open
     EXPECT_FALSE(key.Write("x", "y").Ok());
     EXPECT_TRUE(key.Close().Ok());
-
-    ASSERT_TRUE(key.Open(RegParent::LocalMachine, "SOFTWARE\\Halvane Works\\Quorbit\\1.00").Ok());
+    EXPECT_EQ(MachineKeyPath(), "Software\\Halvane Works\\Quorbit\\1.00");
+    const std::string product = "SOFTWARE\\Halvane Works\\Quorbit\\";
+    ASSERT_TRUE(key.Open(RegParent::LocalMachine, product + "2.00").Ok());
+    EXPECT_FALSE(key.Read("Install Path", text).Ok());
+    ASSERT_TRUE(key.Open(RegParent::LocalMachine, product + "1.00").Ok());
     EXPECT_FALSE(key.Read("None", text).Ok());
     EXPECT_FALSE(key.Read("Long", text).Ok());
     EXPECT_FALSE(key.Read("Install Path", word).Ok());
     EXPECT_EQ(text, "before");
     EXPECT_EQ(word, 99U);
+    EXPECT_EQ(ContentOf(m_stores.machine.Path()), before);
     ASSERT_TRUE(key.Read("install path", text).Ok());
     ASSERT_TRUE(key.Read("Word", word).Ok());
     EXPECT_EQ(text, "/logs/");
@@ -201,25 +168,11 @@ TEST_F(MachineValuesTest, AKeyReachesTheValuesOfItsStore)
     ASSERT_TRUE(key.Write("Word", 4294967295U).Ok());
     ASSERT_TRUE(key.Read("Word", word).Ok());
     EXPECT_EQ(word, 4294967295U);
-
-    ASSERT_TRUE(
-        key.Open(RegParent::CurrentUser, "Software\\Halvane Works\\Quorbit\\Options\\Default")
-            .Ok());
+    ASSERT_TRUE(key.Open(RegParent::CurrentUser, product + "Options\\Default").Ok());
     ASSERT_TRUE(key.Read("FileBits", word).Ok());
     EXPECT_EQ(word, 5U);
     EXPECT_FALSE(key.Open(RegParent::LocalMachine, "Software\\Other\\Quorbit\\1.00").Ok());
     EXPECT_FALSE(key.Read("FileBits", word).Ok());
-    EXPECT_EQ(MachineKeyPath(), "Software\\Halvane Works\\Quorbit\\1.00");
-}
-
-TEST_F(MachineValuesTest, AKeyThatIsOnlyOpenedLeavesNoTrace)
-{
-    WriteFile("[2.00]\nInstall Path=/logs/\n");
-    CRegKey key(m_stores);
-    std::string text;
-    ASSERT_TRUE(key.Open(RegParent::LocalMachine, MachineKeyPath()).Ok());
-    EXPECT_FALSE(key.Read("Install Path", text).Ok());
-    EXPECT_EQ(ContentOf(m_stores.machine.Path()), "[2.00]\nInstall Path=/logs/\n");
 }
 
 TEST_F(MachineValuesTest, FileTypesTakeNamedAndNamelessValues)

@@ -3,53 +3,40 @@
 
 #include "batch/profile.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
 
-class ProfileTest : public testing::Test {
+class ProfileTest : public FolderTest {
 protected:
     void WriteFile(const std::string& text) const { WriteContent(m_store.Path(), text); }
 
-    TempFolder m_folder;
-    SettingsStore m_store{m_folder.Path() + "/profile.ini"};
+    SettingsStore m_store{Path("profile.ini")};
     Profile m_profile{m_store};
 };
 
 TEST_F(ProfileTest, WithoutAFileEveryValueHasItsDefault)
 {
-    struct Case {
-        Setting setting;
-        std::int32_t value;
-    };
-    const Case cases[] = {
+    const std::pair<Setting, std::int32_t> cases[] = {
         {Setting::OptFlags, 0},      {Setting::FileBits, 1},      {Setting::FrameX, 0},
         {Setting::FrameY, 0},        {Setting::FrameSizeX, 640},  {Setting::FrameSizeY, 480},
         {Setting::WindowState, -1},  {Setting::EditHeader0, 175}, {Setting::EditHeader1, 175},
         {Setting::EditHeader2, 180}, {Setting::EditHeader3, 150}, {Setting::FileHeader0, 120},
         {Setting::FileHeader1, 70},  {Setting::FileHeader2, 120}, {Setting::FileHeader3, 100},
         {Setting::FileHeader4, 45},  {Setting::ViewStyle, 1},     {Setting::FullRowSel, 0},
-        {Setting::TipStartUp, 0},    {Setting::TipFilePos, 0},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(m_profile.GetProfileInt(c.setting), c.value) << InfoOf(c.setting).name;
-    }
+        {Setting::TipStartUp, 0},    {Setting::TipFilePos, 0}};
+    for (const auto& [setting, value] : cases)
+        EXPECT_EQ(m_profile.GetProfileInt(setting), value) << InfoOf(setting).name;
     EXPECT_EQ(m_profile.GetProfileString(Setting::FileTypes), "Default");
     EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath), "c:\\");
     EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath, "/logs/"), "/logs/");
     EXPECT_EQ(m_profile.GetProfileString(Setting::TipTimeStamp), "");
     EXPECT_EQ(m_profile.DriveViewSize(), (PaneSize{200, 260}));
     EXPECT_EQ(m_profile.EditViewSize(), (PaneSize{640, 140}));
-    EXPECT_TRUE(m_profile.RecentFiles().empty());
-    EXPECT_TRUE(m_profile.ReadDrives().empty());
+    EXPECT_TRUE(m_profile.RecentFiles().empty() && m_profile.ReadDrives().empty());
     EXPECT_EQ(m_store.State(), StoreState::Missing);  // and asking stores nothing
 }
 
@@ -62,11 +49,9 @@ TEST_F(ProfileTest, ValuesLieUnderTheirNamesInTheFile)
     EXPECT_EQ(ContentOf(m_store.Path()),
               "[Options]\nOptFlags=2\nQrb File Path=\n\n[Startup]\nWindowState=-1\nFileHeader4=50\n"
               "\n[Tip]\nStartUp=1\n");
-    EXPECT_EQ(m_profile.GetProfileInt(Setting::OptFlags), 2);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::WindowState), -1);
     // A text that is stored as empty is no missing one.
     EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath, "/logs/"), "");
-
     WriteFile("[options\\default]\nFileBits=16400\nFileTypes=*.txt*.doc\n");
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileBits), 16400);
     EXPECT_EQ(m_profile.GetProfileString(Setting::FileTypes), "*.txt*.doc");
@@ -79,10 +64,8 @@ TEST_F(ProfileTest, AValueThatCannotBeReadGivesItsDefault)
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader0), 120);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader1), 70);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::EditHeader0), 0);  // only the file list's count so
-
     std::filesystem::remove(m_store.Path());
     std::filesystem::create_directory(m_store.Path());
-    EXPECT_EQ(m_profile.GetProfileInt(Setting::FrameSizeX), 640);
     m_profile.WriteProfileInt(Setting::FrameSizeX, 700);  // not noticed
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FrameSizeX), 640);
 }
@@ -100,9 +83,8 @@ TEST_F(ProfileTest, APaneWithAWidthAndNoHeightHasAHeightOfItsOwn)
 TEST_F(ProfileTest, RemembersEightFilesOfAnyName)
 {
     std::vector<std::string> paths;
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 10; ++i)
         paths.push_back("/b\xFF\n " + std::to_string(i) + ".qrb ");
-    }
     m_profile.WriteRecentFiles(paths);
     paths.resize(8);
     EXPECT_EQ(m_profile.RecentFiles(), paths);

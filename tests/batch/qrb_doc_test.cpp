@@ -3,78 +3,51 @@
 
 #include "batch/qrb_doc.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
 
-class QrbDocTest : public testing::Test {
+class QrbDocTest : public FolderTest {
 protected:
-    [[nodiscard]] std::string PathOf(const std::string& name) const
+    QrbDocTest()
     {
-        return m_folder.Path() + "/" + name;
+        m_doc.m_headerWords = {7, 8};
+        m_doc.m_arrEntries = {CDirCopy("/a", "/b", DCF_SYNC, DCK_TYPES, 0)};
+        m_doc.m_strFilePath = "/old.qrb";
     }
-    [[nodiscard]] static CQRBDoc MakeDocument()
+    void ExpectContent(const CQRBDoc& doc, const std::string& path)
     {
-        CQRBDoc doc;
-        doc.m_headerWords = {7, 8};
-        doc.m_arrEntries = {CDirCopy("/a", "/b", DCF_SYNC, DCK_TYPES, 0)};
-        doc.m_strFilePath = "/old.qrb";
-        return doc;
-    }
-    static void ExpectUntouched(const CQRBDoc& doc)
-    {
-        EXPECT_EQ(doc.m_headerWords, MakeDocument().m_headerWords);
-        EXPECT_TRUE(doc.m_arrEntries == MakeDocument().m_arrEntries);
+        EXPECT_TRUE(doc.m_headerWords == m_doc.m_headerWords);
+        EXPECT_TRUE(doc.m_arrEntries == m_doc.m_arrEntries);
+        EXPECT_EQ(doc.m_strFilePath, path);
     }
 
-    TempFolder m_folder;
+    CQRBDoc m_doc;
 };
 
 TEST_F(QrbDocTest, ComesBackFromAFileAsItWentThere)
 {
-    CQRBDoc saved = MakeDocument();
-    ASSERT_TRUE(saved.OnSaveDocument(PathOf("a.qrb")).Ok());
-    EXPECT_EQ(saved.m_strFilePath, PathOf("a.qrb"));
+    CQRBDoc saved = m_doc;
+    ASSERT_TRUE(saved.OnSaveDocument(Path("a.qrb")).Ok());
+    ExpectContent(saved, Path("a.qrb"));
     CQRBDoc opened;
-    ASSERT_TRUE(opened.OnOpenDocument(PathOf("a.qrb")).Ok());
-    EXPECT_EQ(opened.m_strFilePath, PathOf("a.qrb"));
-    ExpectUntouched(opened);
+    ASSERT_TRUE(opened.OnOpenDocument(Path("a.qrb")).Ok());
+    ExpectContent(opened, Path("a.qrb"));
     // Saved once more without a change, the file is the same byte by byte.
-    ASSERT_TRUE(opened.OnSaveDocument(PathOf("b.qrb")).Ok());
-    EXPECT_EQ(ContentOf(PathOf("a.qrb")), ContentOf(PathOf("b.qrb")));
+    ASSERT_TRUE(opened.OnSaveDocument(Path("b.qrb")).Ok());
+    EXPECT_EQ(ContentOf(Path("a.qrb")), ContentOf(Path("b.qrb")));
 }
 
-TEST_F(QrbDocTest, AFileThatCannotBeOpenedChangesNothing)
+TEST_F(QrbDocTest, AFailureChangesNothingButThatAFailedSaveNamesTheNewPath)
 {
-    WriteContent(PathOf("damaged.qrb"), "0123456789");
-    CQRBDoc doc = MakeDocument();
-    EXPECT_FALSE(doc.OnOpenDocument(PathOf("none.qrb")).Ok());
-    EXPECT_FALSE(doc.OnOpenDocument(PathOf("damaged.qrb")).Ok());
-    ExpectUntouched(doc);
-    EXPECT_EQ(doc.m_strFilePath, "/old.qrb");
-}
-
-TEST_F(QrbDocTest, AFailedSaveStillNamesTheNewPath)
-{
-    CQRBDoc doc = MakeDocument();
-    EXPECT_FALSE(doc.OnSaveDocument(PathOf("none/a.qrb")).Ok());
-    EXPECT_EQ(doc.m_strFilePath, PathOf("none/a.qrb"));
-    ExpectUntouched(doc);
-}
-
-TEST_F(QrbDocTest, AnEmptyFileIsAnEmptyDocument)
-{
-    WriteContent(PathOf("a.qrb"), "");
-    CQRBDoc doc = MakeDocument();
-    ASSERT_TRUE(doc.OnOpenDocument(PathOf("a.qrb")).Ok());
-    EXPECT_TRUE(doc.m_arrEntries.empty());
-    EXPECT_EQ(doc.m_strFilePath, PathOf("a.qrb"));
+    Write({"damaged.qrb=0123456789"});
+    CQRBDoc doc = m_doc;
+    EXPECT_FALSE(doc.OnOpenDocument(Path("none.qrb")).Ok());
+    EXPECT_FALSE(doc.OnOpenDocument(Path("damaged.qrb")).Ok());
+    ExpectContent(doc, "/old.qrb");
+    EXPECT_FALSE(doc.OnSaveDocument(Path("none/a.qrb")).Ok());
+    ExpectContent(doc, Path("none/a.qrb"));
 }
 
 }  // namespace

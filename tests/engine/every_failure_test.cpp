@@ -38,15 +38,13 @@ protected:
     }
     [[nodiscard]] std::vector<CDirCopy> Batch() const
     {
-        return {
-            Entry(kTree, "@/sources/copy", "@/out/copy"),
-            Entry(kTree | DCF_SYNC, "@/sources/sync", "@/out/sync"),
-            Entry(kTree | DCF_INCREMENTAL, "@/sources/backup", "@/out/backup"),
-            FolderList(DCF_ATTR_OR | DCF_ATTR_ARCHIVE, {"one", "two"}, "@/sources/list",
-                       "@/out/new/list"),
-            Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/junk", "", {"*.tmp"}),
-            Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER, "@/gone", ""),
-        };
+        return {Entry(kTree, "@/sources/copy", "@/out/copy"),
+                Entry(kTree | DCF_SYNC, "@/sources/sync", "@/out/sync"),
+                Entry(kTree | DCF_INCREMENTAL, "@/sources/backup", "@/out/backup"),
+                FolderList(DCF_ATTR_OR | DCF_ATTR_ARCHIVE, {"one", "two"}, "@/sources/list",
+                           "@/out/new/list"),
+                Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/junk", "", {"*.tmp"}),
+                Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER, "@/gone", "")};
     }
     // The destination, where an older version may stand under any number.
     [[nodiscard]] TreeLines Reached() const
@@ -107,26 +105,24 @@ TEST_P(EveryFailureTest, LosesNothing)
         [&](FailingFileSystem& disk) { disk.FailAlways(call, ErrorFromErrno(EACCES)); });
 }
 
-constexpr Verb kVerbs[] = {
-    {"OpenFolder", Call::OpenFolder},
-    {"OpenSubfolder", Call::OpenSubfolder},
-    {"StillThere", Call::StillThere},
-    {"IsProtected", Call::IsProtected},
-    {"List", Call::List},
-    {"Next", Call::Next},
-    {"ReadDetails", Call::ReadDetails},
-    {"ReadAttributes", Call::ReadAttributes},
-    {"Probe", Call::Probe},
-    {"SetAttributes", Call::SetAttributes},
-    {"OpenSource", Call::OpenSource},
-    {"CopyFile", Call::CopyFile},
-    {"DeleteFile", Call::DeleteFile},
-    {"RemoveFolder", Call::RemoveFolder},
-    {"CreateFolder", Call::CreateFolder},
-    {"Link", Call::Link},
-    {"SweepLeftovers", Call::SweepLeftovers},
-    {"SyncWritten", Call::SyncWritten},
-};
+constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
+                           {"OpenSubfolder", Call::OpenSubfolder},
+                           {"StillThere", Call::StillThere},
+                           {"IsProtected", Call::IsProtected},
+                           {"List", Call::List},
+                           {"Next", Call::Next},
+                           {"ReadDetails", Call::ReadDetails},
+                           {"ReadAttributes", Call::ReadAttributes},
+                           {"Probe", Call::Probe},
+                           {"SetAttributes", Call::SetAttributes},
+                           {"OpenSource", Call::OpenSource},
+                           {"CopyFile", Call::CopyFile},
+                           {"DeleteFile", Call::DeleteFile},
+                           {"RemoveFolder", Call::RemoveFolder},
+                           {"CreateFolder", Call::CreateFolder},
+                           {"Link", Call::Link},
+                           {"SweepLeftovers", Call::SweepLeftovers},
+                           {"SyncWritten", Call::SyncWritten}};
 INSTANTIATE_TEST_SUITE_P(Of, EveryFailureTest, ValuesIn(kVerbs),
                          [](const auto& verb) { return verb.param.name; });
 

@@ -30,12 +30,8 @@ public:
 TEST(ScriptCommand, IsFoundByTheRightToExecuteThenByTheExtension)
 {
     const std::string kUnknown = "No program is known that runs this kind of script";
-    const struct {
-        const char* path;
-        std::uint32_t flags;
-        std::vector<std::string> command;
-        std::string error;
-    } cases[] = {
+    const std::string kMissing = "The program that runs this kind of script is not installed";
+    const std::tuple<const char*, std::uint32_t, std::vector<std::string>, std::string> cases[] = {
         {"/x/a", DCF_SCRIPT_DOS, {"/x/a"}, ""},
         {"/r/a.sh", DCF_SCRIPT_DOS, {"/bin/sh", "/r/a.sh"}, ""},
         {"/r/a.bat", DCF_SCRIPT_DOS, {"/bin/sh", "/r/a.bat"}, ""},
@@ -43,17 +39,13 @@ TEST(ScriptCommand, IsFoundByTheRightToExecuteThenByTheExtension)
         {"/r/a.b.sh", DCF_SCRIPT_WSH, {"/bin/sh", "/r/a.b.sh"}, ""},
         {"/r/a.vbs", DCF_SCRIPT_WSH, {}, kUnknown},
         {"/r.py/a", DCF_SCRIPT_WSH, {}, kUnknown},
-        {"/r/a.lua",
-         DCF_SCRIPT_WSH,
-         {},
-         "The program that runs this kind of script is not installed"},
-        {"/none/a.sh", DCF_SCRIPT_DOS, {}, "No such file or directory"},
-    };
+        {"/r/a.lua", DCF_SCRIPT_WSH, {}, kMissing},
+        {"/none/a.sh", DCF_SCRIPT_DOS, {}, "No such file or directory"}};
     FakeProcesses processes;
-    for (const auto& c : cases) {
-        const auto command = ScriptCommand(processes, c.path, c.flags);
-        EXPECT_EQ(command ? *command : std::vector<std::string>{}, c.command) << c.path;
-        EXPECT_EQ(command ? "" : command.GetError().Text(), c.error) << c.path;
+    for (const auto& [path, flags, command, error] : cases) {
+        const auto found = ScriptCommand(processes, path, flags);
+        EXPECT_EQ(found ? *found : std::vector<std::string>{}, command) << path;
+        EXPECT_EQ(found ? "" : found.GetError().Text(), error) << path;
     }
 }
 
@@ -89,62 +81,45 @@ TEST_F(ExternalFileTest, RunsInItsFolderBetweenTheEntriesAroundIt)
 TEST_F(ExternalFileTest, AFileWithoutTheRightToExecuteOrAnInterpreterLineRuns)
 {
     constexpr const char* kText = "echo done > done";
-    const struct {
-        const char* name;
-        std::string text;
-        unsigned mode;
-        std::uint32_t kind;
-    } cases[] = {
+    const std::string withLine = std::string("#!/bin/sh\n") + kText;
+    const std::tuple<const char*, std::string, unsigned, std::uint32_t> cases[] = {
         {"plain.sh", kText, 0644, DCF_SCRIPT_DOS},
         {"executable", kText, 0755, DCF_SCRIPT_DOS},
-        {"with-line", std::string("#!/bin/sh\n") + kText, 0755, DCF_SCRIPT_DOS},
-        {"plain.sh", kText, 0644, DCF_SCRIPT_WSH},
         {"executable.sh", kText, 0755, DCF_SCRIPT_WSH},
-        {"with-line", std::string("#!/bin/sh\n") + kText, 0755, DCF_SCRIPT_WSH},
-    };
-    for (const auto& c : cases) {
-        WriteScript(c.name, c.text, c.mode);
-        EXPECT_EQ(Run({Script("@/" + std::string(c.name), c.kind)}).counters, "") << c.name;
-        EXPECT_TRUE(std::filesystem::remove(Path("@/done"))) << c.name;
+        {"with-line", withLine, 0755, DCF_SCRIPT_WSH}};
+    for (const auto& [name, text, mode, kind] : cases) {
+        WriteScript(name, text, mode);
+        EXPECT_EQ(Run({Script("@/" + std::string(name), kind)}).counters, "") << name;
+        EXPECT_TRUE(std::filesystem::remove(Path("@/done"))) << name;
     }
 }
 
 TEST_F(ExternalFileTest, AScriptThatCannotBeStartedIsAnErrorAndTheRunGoesOn)
 {
     Write({"source/a=1", "folder.sh/"});
-    WriteScript("a.unknown", "x", 0644);
-    WriteScript("b.unknown", "x", 0755);
+    WriteScript("a.unknown", "x", 0755);
+    constexpr const char* kNone = "No such file or directory";
     const std::pair<CDirCopy, const char*> cases[] = {
-        {Script("@/none.sh"), "No such file or directory"},
-        {Script(""), "No such file or directory"},
-        {Script("Q:\\a.bat"), "No such file or directory"},
+        {Script("@/none.sh"), kNone},
+        {Script(""), kNone},
+        {Script("Q:\\a.bat"), kNone},
+        {Script("@/folder.sh"), "Is a directory"},
         {Script("@/a.unknown", DCF_SCRIPT_WSH),
-         "No program is known that runs this kind of script"},
-        {Script("@/b.unknown", DCF_SCRIPT_WSH),
-         "No program is known that runs this kind of script"},
-    };
+         "No program is known that runs this kind of script"}};
     for (const auto& [entry, reason] : cases) {
         const RunResult run = Run({entry, Entry(kAll)});
         EXPECT_EQ(run.counters, "copy 1 error 1") << entry.m_strSource;
         EXPECT_EQ(run.surface.errors, std::vector<std::string>{reason});
     }
-    EXPECT_EQ(Run({Script("@/folder.sh")}).counters, "error 1");
 }
 
-TEST_F(ExternalFileTest, ADrivePathIsLookedUp)
+TEST_F(ExternalFileTest, ADrivePathIsLookedUpAndTheLinesBeforeItAreInTheFileWhileItRuns)
 {
     m_drives['C'] = Path("@/mounted");
-    WriteScript("mounted/jobs/a.bat", "echo done > done");
-    EXPECT_EQ(Run({Script("c:\\jobs\\a.bat")}).counters, "");
-    EXPECT_EQ(ContentOf(Path("@/mounted/jobs/done")), "done\n");
-}
-
-TEST_F(ExternalFileTest, TheLinesBeforeItAreInTheFileWhileItRuns)
-{
     Write({"source/a=1"});
-    WriteScript("look.sh", "cp '" + LogPath() + "' seen");
-    (void)Run({Entry(kAll), Script("@/look.sh")});
-    EXPECT_THAT(ContentOf(Path("@/seen")), EndsWith("/dest/a\r\nFile Size: 1 KB\r\n"));
+    WriteScript("mounted/jobs/look.bat", "cp '" + LogPath() + "' seen");
+    EXPECT_EQ(Run({Entry(kAll), Script("c:\\jobs\\look.bat")}).counters, "copy 1");
+    EXPECT_THAT(ContentOf(Path("@/mounted/jobs/seen")), EndsWith("/dest/a\r\nFile Size: 1 KB\r\n"));
 }
 
 }  // namespace

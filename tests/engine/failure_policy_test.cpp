@@ -24,9 +24,8 @@ protected:
     // Files that cannot be deleted.
     RunResult FailingRun(int files)
     {
-        for (int i = 0; i < files; ++i) {
+        for (int i = 0; i < files; ++i)
             Write({"source/" + std::to_string(i) + "=x"});
-        }
         return Run({Entry(kDelete)}, [](FailingFileSystem& disk) {
             disk.FailAlways(Call::DeleteFile, ErrorFromErrno(EBUSY));
         });
@@ -37,13 +36,7 @@ protected:
 
 TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
 {
-    const struct {
-        std::uint32_t mode;
-        std::uint32_t options;
-        std::size_t prompts;
-        int exitCode;
-        bool closes;
-    } cases[] = {
+    const std::tuple<std::uint32_t, std::uint32_t, std::size_t, int, bool> cases[] = {
         {0, 0, 2, 0, false},
         {0, 1, 0, 0, false},
         {0, 2, 2, 0, false},  // the other bit has nothing to do with it
@@ -51,20 +44,19 @@ TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
         {kRunAndQuit, 1, 0, 1, true},
         {kRunAndStayOpen, 0, 2, 0, false},  // the dialog gives the code when it is closed
         {kRunInvisible, 0, 0, 1, true},
-        {kRunInvisible | kRunAndQuit, 0, 0, 1, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(Message() << "mode " << c.mode << ", options " << c.options);
-        m_nRunMode = c.mode;
-        m_nOptFlags = c.options;
+        {kRunInvisible | kRunAndQuit, 0, 0, 1, true}};
+    for (const auto& [mode, options, prompts, exitCode, closes] : cases) {
+        SCOPED_TRACE(Message() << "mode " << mode << ", options " << options);
+        m_nRunMode = mode;
+        m_nOptFlags = options;
         const RunResult run = FailingRun(2);
-        EXPECT_EQ(run.surface.prompts, std::vector<Box>(c.prompts, m_prompt));
+        EXPECT_EQ(run.surface.prompts, std::vector<Box>(prompts, m_prompt));
         EXPECT_TRUE(run.surface.messages.empty());
         EXPECT_EQ(run.counters, "error 2");
         EXPECT_THAT(run.surface.errors,
                     ElementsAre("Device or resource busy", "Device or resource busy"));
-        EXPECT_EQ(run.exitCode, c.exitCode);
-        EXPECT_EQ(run.surface.events.back(), c.closes ? "close" : "ended");
+        EXPECT_EQ(run.exitCode, exitCode);
+        EXPECT_EQ(run.surface.events.back(), closes ? "close" : "ended");
     }
 }
 
@@ -84,21 +76,18 @@ TEST_F(FailurePolicyTest, YesStopsTheRun)
                 HasSubstr("ERROR: Device or resource busy\r\n" + std::string(kStoppedByUser)));
 }
 
-TEST_F(FailurePolicyTest, TheClockStandsStillWhileAnErrorIsShown)
-{
-    m_onPrompt = [] { s_now += 1h; };
-    EXPECT_THAT(FailingRun(2).log, HasSubstr("Elapsed time: 0:0:0\r\n"));
-    // The box for an invalid source does not stop it.
-    EXPECT_THAT(Run({Entry(kAll, "@/none")}).log, HasSubstr("Elapsed time: 1:0:0\r\n"));
-}
-
-TEST_F(FailurePolicyTest, TheLinesBeforeAPromptAreInTheFile)
+TEST_F(FailurePolicyTest, WhileAPromptIsOpenTheClockStandsStillAndTheLinesBeforeItAreInTheFile)
 {
     std::string log;
-    m_onPrompt = [&] { log = LogSoFar(); };
-    (void)FailingRun(1);
+    m_onPrompt = [&] {
+        log = LogSoFar();
+        s_now += 1h;
+    };
+    EXPECT_THAT(FailingRun(1).log, HasSubstr("Elapsed time: 0:0:0\r\n"));
     EXPECT_THAT(log, EndsWith("\r\nAction: Delete File.\r\n"));
-    (void)Run({Entry(kAll), Entry(kAll, "@/none")});
+    // The box for an invalid source does not stop the clock.
+    EXPECT_THAT(Run({Entry(kAll), Entry(kAll, "@/none")}).log,
+                HasSubstr("Elapsed time: 1:0:0\r\n"));
     EXPECT_THAT(log, EndsWith("Destination File: " + Path("@/dest/0") + "\r\nFile Size: 1 KB\r\n"));
 }
 
@@ -107,22 +96,18 @@ TEST_F(FailurePolicyTest, AnInvalidSourceAsksUnlessSuppressedOrInvisible)
     Write({"source/a=1", "dest/"});
     const Box prompt{
         Path("Source path is invalid. @/none/  Do you want to CANCEL file processing?"), ""};
-    const struct {
-        std::uint32_t mode;
-        std::uint32_t options;
-        bool yes;
-        bool asked;
-    } cases[] = {{0, 0, false, true},
-                 {0, 0, true, true},
-                 {0, 1, true, false},
-                 {kRunInvisible, 0, true, false}};
-    for (const auto& c : cases) {
-        m_nRunMode = c.mode;
-        m_nOptFlags = c.options;
-        m_answers = {c.yes};
+    const std::tuple<std::uint32_t, std::uint32_t, bool, bool> cases[] = {
+        {0, 0, false, true},
+        {0, 0, true, true},
+        {0, 1, true, false},
+        {kRunInvisible, 0, true, false}};
+    for (const auto& [mode, options, yes, asked] : cases) {
+        m_nRunMode = mode;
+        m_nOptFlags = options;
+        m_answers = {yes};
         const RunResult run = Run({Entry(kAll, "@/none"), Entry(kAll)});
-        EXPECT_EQ(run.surface.prompts, std::vector<Box>(c.asked ? 1 : 0, prompt));
-        const bool stopped = c.asked && c.yes;
+        EXPECT_EQ(run.surface.prompts, std::vector<Box>(asked ? 1 : 0, prompt));
+        const bool stopped = asked && yes;
         EXPECT_EQ(run.counters, stopped ? "left 1 error 1" : "copy 1 error 1");
         EXPECT_THAT(run.log, HasSubstr("ERROR: Source path is invalid. \r\n\r\n" +
                                        std::string(stopped ? "**** Stopped" : "Action: Copying")));

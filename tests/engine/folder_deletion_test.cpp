@@ -62,25 +62,21 @@ TEST_F(FolderDeletionTest, ListedFoldersCountOneEachWhateverTheyHold)
 TEST_F(FolderDeletionTest, WhatNamesNoFolderOfItsOwnDeletesNothing)
 {
     Write({"source/a/1=x", "there/b=x", "link->there"});
-    m_drives['D'] = Path("@/there");
     const TreeLines before = Tree("@");
-    const CDirCopy entries[] = {
-        Delete(""),
-        Delete("@/source/."),
-        Delete("@/source/a/.."),
-        Delete("@/source/./"),
-        Delete("@/none"),
-        Delete("@/link"),
-        Delete("D:\\"),
-        Delete("d:"),
-        Delete("/"),
-        Delete("//"),
-        FolderList(kDeleteFolder, {""}),
-        FolderList(kDeleteFolder, {".", "..", "a/.."}),
-        FolderList(kDeleteFolder, {"a"}, ""),
-        FolderList(kDeleteFolder, {"", "/", "D:\\"}, "My Computer"),
-        FolderList(kDeleteFolder, {}),
-    };
+    const CDirCopy entries[] = {Delete(""),
+                                Delete("@/source/."),
+                                Delete("@/source/a/.."),
+                                Delete("@/source/./"),
+                                Delete("@/none"),
+                                Delete("@/link"),
+                                Delete("X:\\"),
+                                Delete("/"),
+                                Delete("//"),
+                                FolderList(kDeleteFolder, {""}),
+                                FolderList(kDeleteFolder, {".", "..", "a/.."}),
+                                FolderList(kDeleteFolder, {"a"}, ""),
+                                FolderList(kDeleteFolder, {"", "/", "X:\\"}, "My Computer"),
+                                FolderList(kDeleteFolder, {})};
     for (const CDirCopy& entry : entries) {
         const RunResult run = Run({entry});
         EXPECT_EQ(Tree("@"), before) << entry.m_strSource;
@@ -88,6 +84,21 @@ TEST_F(FolderDeletionTest, WhatNamesNoFolderOfItsOwnDeletesNothing)
         EXPECT_EQ(errors, entry.m_listFolderTypes.empty() ? 1U : entry.m_listItems.size())
             << entry.m_strSource;
     }
+}
+
+// As a mount point, which cannot be removed either.
+TEST_F(FolderDeletionTest, AWholeDriveLosesWhatItHoldsAndStays)
+{
+    m_drives['D'] = Path("@/there");
+    for (const CDirCopy& entry :
+         {Delete("D:\\"), Delete("d:"), FolderList(kDeleteFolder, {"D:\\"}, "My Computer")}) {
+        Write({"there/a/b=x", "there/c=x", "else=x"});
+        const RunResult run = Run({entry});
+        EXPECT_EQ(run.counters, "delete 1 error 1");
+        EXPECT_EQ(Tree("@"), (TreeLines{"else=x", "there/"}));
+    }
+    m_drives['D'] = "/";
+    EXPECT_THAT(Run({Delete("D:\\")}).log, HasSubstr("protected"));
 }
 
 TEST_F(FolderDeletionTest, TheHomeFolderAndThoseAboveItAreRefused)
@@ -126,10 +137,8 @@ TEST_F(FolderDeletionTest, AFolderSwappedForALinkIsNotEntered)
     };
     // Before the folder is opened, before it is read, before what is in it is opened and read.
     const std::pair<Call, int> moments[] = {
-        {Call::SetAttributes, 2}, {Call::OpenSubfolder, 2}, {Call::List, 2},
-        {Call::Next, 2},          {Call::OpenSubfolder, 3}, {Call::DeleteFile, 1},
-        {Call::RemoveFolder, 1},
-    };
+        {Call::SetAttributes, 2}, {Call::OpenSubfolder, 2}, {Call::List, 2},        {Call::Next, 2},
+        {Call::OpenSubfolder, 3}, {Call::DeleteFile, 1},    {Call::RemoveFolder, 1}};
     for (const auto& [call, number] : moments) {
         std::filesystem::remove_all(Path("@/source"));
         std::filesystem::remove_all(Path("@/moved"));

@@ -51,15 +51,13 @@ protected:
     RunFixture() { ClearFlags(); }
     ~RunFixture() override { ClearFlags(); }
 
-    [[nodiscard]] std::string Root() const { return m_folder.Path(); }
     [[nodiscard]] std::string Path(std::string text) const
     {
-        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;) {
-            text.replace(at, 1, Root());
-        }
+        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;)
+            text.replace(at, 1, m_folder.Path());
         return text;
     }
-    void Write(const TreeLines& items) const { WriteTree(Root(), items); }
+    void Write(const TreeLines& items) const { WriteTree(m_folder.Path(), items); }
     [[nodiscard]] TreeLines Tree(const std::string& path) const { return ReadTree(Path(path)); }
 
     // An entry of masks.
@@ -97,9 +95,8 @@ protected:
         doc.m_strFilePath = Path("@/batch.qrb");
         PosixFileSystem disk(m_drives);
         FailingFileSystem files(disk);
-        if (prepare) {
+        if (prepare)
             prepare(files);
-        }
         RunResult result;
         result.surface.answers = m_answers;
         result.surface.onPrompt = m_onPrompt;
@@ -146,11 +143,9 @@ protected:
         const std::pair<const char*, int> counts[] = {
             {"Delete", totals.deleted},        {"Sync", totals.sync},
             {"Didn't Sync", totals.didntSync}, {"Copy", totals.copy},
-            {"Backup", totals.backup},         {"Error", totals.error},
-        };
-        for (const auto& [name, value] : counts) {
+            {"Backup", totals.backup},         {"Error", totals.error}};
+        for (const auto& [name, value] : counts)
             text += std::string(name) + " Count: " + std::to_string(value) + "\n";
-        }
         return Lines(text);
     }
 
@@ -169,9 +164,8 @@ private:
     [[nodiscard]] std::string Lines(const std::string& text) const
     {
         std::string lines;
-        for (const char c : Path(text)) {
+        for (const char c : Path(text))
             lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
-        }
         return lines;
     }
     static std::string CountersOf(const CRunContext& ctx)
@@ -180,14 +174,11 @@ private:
             {"left", ctx.m_nFilesLeft},     {"copy", ctx.m_nCopyCount},
             {"sync", ctx.m_nSyncCount},     {"didn't sync", ctx.m_nDidntSyncCount},
             {"backup", ctx.m_nBackupCount}, {"delete", ctx.m_nDeleteCount},
-            {"error", ctx.m_nErrorCount},
-        };
+            {"error", ctx.m_nErrorCount}};
         std::string text;
-        for (const auto& [name, value] : counters) {
-            if (value != 0) {
+        for (const auto& [name, value] : counters)
+            if (value != 0)
                 text += std::string(text.empty() ? "" : " ") + name + " " + std::to_string(value);
-            }
-        }
         return text;
     }
 

@@ -107,11 +107,7 @@ TEST_F(RunLogTest, TellsAFailureOnceAWriteAndGoesOnWithWhatFollows)
 
 TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)
 {
-    const struct {
-        const char* install;
-        const char* document;
-        const char* expected;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"/state/", "/home/me/Nightly.qrb", "/state/Nightly.log"},
         {"/state", "/home/me/Nightly.qrb", "/state/Nightly.log"},
         {"/state/", "/x.y/Nightly.old.qrb", "/state/Nightly.old.log"},
@@ -121,11 +117,9 @@ TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)
         {"/state/", "/x.y/Nightly", "/state/.log"},
         {"/state", "/x.y/Nightly", "/state.log"},
         {"/state/", "", "/state/.log"},
-        {"/state", "", "/state.log"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(MakeLogPath(c.install, c.document), c.expected)
-            << c.install << ", " << c.document;
+        {"/state", "", "/state.log"}};
+    for (const auto& [install, document, expected] : cases)
+        EXPECT_EQ(MakeLogPath(install, document), expected) << install << ", " << document;
 }
 
 TEST(FileSizeText, RoundsAsTheLogDoes)
@@ -144,8 +138,7 @@ TEST(FileSizeText, RoundsAsTheLogDoes)
         {0x7FFFFFFF, "2097152 KB"},
         {0xFFFFFFFF, "4194304 KB"},
         {0x1'0000'0000, "1 KB"},  // the low 32 bits alone
-        {0x1'0000'1000, "4 KB"},
-    };
+        {0x1'0000'1000, "4 KB"}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(FileSizeText(bytes), text) << bytes;
 }

@@ -12,83 +12,100 @@ using testing::ElementsAre;
 
 class RunTextTest : public RunFixture {};
 
-TEST_F(RunTextTest, CopyWithItsFolders)
+// A block of the log. Texts that are empty have no line.
+std::string Block(const std::string& action, const std::string& source = "@/source/a.txt",
+                  const std::string& dest = "@/dest/a.txt", const std::string& size = "1 KB")
 {
-    Write({"source/sub/a.txt=" + std::string(4096, 'x')});
-    const RunResult run = Run({Entry(kTree, "@/source/", "@/x/dest")});
-    EXPECT_EQ(run.log, Log(R"(
-Action: Create Folder.
-Current File: @/source/
-Destination File: @/x
-
-Action: Create Folder.
-Current File: @/source/
-Destination File: @/x/dest/
-
-Action: Create Folder.
-Current File: @/source/sub/
-Destination File: @/x/dest/sub
-
-Action: Copying File.
-Current File: @/source/sub/a.txt
-Destination File: @/x/dest/sub/a.txt
-File Size: 4 KB
-)",
-                           {.total = "1", .copy = 1}));
-    EXPECT_EQ(Tree("@/x/dest"), Tree("@/source"));
-    EXPECT_EQ(run.counters, "copy 1");
-    EXPECT_EQ(run.surface.bytes, 4096U);
+    return "\nAction: " + action + "\nCurrent File: " + source + "\n" +
+           (dest.empty() ? "" : "Destination File: " + dest + "\n") +
+           (size.empty() ? "" : "File Size: " + size + "\n");
 }
 
-TEST_F(RunTextTest, AnEntryOfNamesGetsItsFolderWithItsFirstFile)
+TEST_F(RunTextTest, EveryKindOfEntryHasItsBlocks)
 {
-    Write({"source/a.txt=a", "source/b.txt=b"});
-    (void)Run({Names(DCF_NO_ATTRS, {"none"})});
-    EXPECT_FALSE(std::filesystem::exists(Path("@/dest")));
-    const RunResult run = Run({Names(DCF_NO_ATTRS, {"A.TXT"})});
-    EXPECT_EQ(run.log, Log(R"(
-Action: Create Folder.
-Current File: @/source/
-Destination File: @/dest/
-
-Action: Copying File.
-Current File: @/source/a.txt
-Destination File: @/dest/a.txt
-File Size: 1 KB
-)",
-                           {.total = "1", .copy = 1}));
-    EXPECT_EQ(Run({Entry(DCF_NO_ATTRS, "@/source", "@/empty", {"none"})}).counters, "");
-    EXPECT_EQ(Tree("@/empty"), TreeLines{});  // that of masks gets it in any case
-}
-
-// The block of "a.txt".
-std::string Block(const std::string& action)
-{
-    return "\nAction: " + action +
-           "\nCurrent File: @/source/a.txt\nDestination File: @/dest/a.txt\nFile Size: 1 KB\n";
+    const std::string made = "Create Folder.";
+    const std::string gone = "Delete Folder.";
+    const std::string forged = "a\\x0D\\x0AERROR: b";
+    const std::tuple<TreeLines, CDirCopy, std::string, Totals, TreeLines> cases[] = {
+        {{"source/sub/a.txt=" + std::string(4096, 'x')},
+         Entry(kTree, "@/source/", "@/x/dest"),
+         Block(made, "@/source/", "@/x", "") + Block(made, "@/source/", "@/x/dest/", "") +
+             Block(made, "@/source/sub/", "@/x/dest/sub", "") +
+             Block("Copying File.", "@/source/sub/a.txt", "@/x/dest/sub/a.txt", "4 KB"),
+         {.total = "1", .copy = 1},
+         {}},
+        // An entry of names gets its folder with its first file, that of masks in any case.
+        {{"source/a.txt=a", "source/b.txt=b"},
+         Names(DCF_NO_ATTRS, {"A.TXT"}),
+         Block(made, "@/source/", "@/dest/", "") + Block("Copying File."),
+         {.total = "1", .copy = 1},
+         {"dest/", "dest/a.txt=a", "source/", "source/a.txt=a", "source/b.txt=b"}},
+        {{"source/a.txt=a"}, Names(DCF_NO_ATTRS, {"none"}), "", {}, {"source/", "source/a.txt=a"}},
+        {{"source/a.txt=a"},
+         Entry(DCF_NO_ATTRS, "@/source", "@/dest", {"none"}),
+         Block(made, "@/source/", "@/dest/", ""),
+         {},
+         {"dest/", "source/", "source/a.txt=a"}},
+        // Deleted files have no destination, and folders stay.
+        {{"source/sub/a.tmp=a", "source/sub/b.txt=b"},
+         Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/source", "@/dest", {"*.tmp"}),
+         Block("Delete File.", "@/source/sub/a.tmp", ""),
+         {.total = "1", .deleted = 1},
+         {"source/", "source/sub/", "source/sub/b.txt=b"}},
+        // A deleted folder names its folders, children first.
+        {{"source/sub/deep/a.txt=a", "source/sub/deep/link->/"},
+         Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER),
+         Block(gone, "@/source/sub/deep/", "@/source/sub/deep/", "") +
+             Block(gone, "@/source/sub/", "@/source/sub/", "") +
+             Block(gone, "@/source/", "@/source/", ""),
+         {.total = "1", .deleted = 1},
+         {}},
+        {{"source/.hidden=a", "dest/"},
+         Entry(DCF_ALL_TYPES | DCF_ATTR_AND | DCF_ATTR_SYSTEM),
+         Block("Didn't process file because file attributes didn't match.", "@/source/.hidden",
+               "@/dest/.hidden"),
+         {.total = "1"},
+         {"dest/", "source/", "source/.hidden=a"}},
+        // An invalid source is one line without a block.
+        {{"dest/"},
+         Entry(kTree, "@/none"),
+         "ERROR: Source path is invalid. \n",
+         {.error = 1},
+         {"dest/"}},
+        // No name forges a line.
+        {{"source/a\r\nERROR: b=1", "dest/"},
+         Entry(kAll),
+         Block("Copying File.", "@/source/" + forged, "@/dest/" + forged),
+         {.total = "1", .copy = 1},
+         {"dest/", "dest/a\r\nERROR: b=1", "source/", "source/a\r\nERROR: b=1"}}};
+    for (const auto& [before, entry, body, totals, after] : cases) {
+        std::filesystem::remove_all(Path("@"));
+        Write(before);
+        const RunResult run = Run({entry});
+        EXPECT_EQ(run.log, Log(body, totals));
+        if (entry.m_strDest == Path("@/x/dest")) {
+            EXPECT_EQ(Tree("@/x/dest"), Tree("@/source"));
+            EXPECT_EQ(run.surface.bytes, 4096U);
+        } else {
+            EXPECT_EQ(Tree("@"), after);
+        }
+    }
 }
 
 TEST_F(RunTextTest, CopyAndSyncOverAnExistingFile)
 {
     constexpr std::int64_t kTime = 1'600'000'000;
-    const struct {
-        std::uint32_t flags;
-        std::int64_t destTime;
-        const char* action;
-        const char* dest;
-        Totals totals;
-    } cases[] = {
+    const std::tuple<std::uint32_t, std::int64_t, const char*, const char*, Totals> cases[] = {
         {0, kTime + 9, "Copying File.", "new", {.total = "1", .copy = 1}},
         {DCF_SYNC, kTime - 1, "Sync File.", "new", {.total = "1", .sync = 1}},
         {DCF_SYNC, kTime, "Didn't Sync File.", "old", {.total = "1", .didntSync = 1}},
-        {DCF_SYNC, kTime + 1, "Didn't Sync File.", "old", {.total = "1", .didntSync = 1}},
-    };
-    for (const auto& c : cases) {
+        {DCF_SYNC, kTime + 1, "Didn't Sync File.", "old", {.total = "1", .didntSync = 1}}};
+    for (const auto& [flags, destTime, action, dest, totals] : cases) {
         Write({"source/a.txt=new", "dest/a.txt=old"});
         SetModified(Path("@/source/a.txt"), kTime, 999'999'999);  // whole seconds are compared
-        SetModified(Path("@/dest/a.txt"), c.destTime);
-        EXPECT_EQ(Run({Entry(kAll | c.flags)}).log, Log(Block(c.action), c.totals));
-        EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), c.dest);
+        SetModified(Path("@/dest/a.txt"), destTime);
+        EXPECT_EQ(Run({Entry(kAll | flags)}).log, Log(Block(action), totals));
+        EXPECT_EQ(ContentOf(Path("@/dest/a.txt")), dest);
     }
 }
 
@@ -109,55 +126,6 @@ TEST_F(RunTextTest, IncrementalBackupInThreeRounds)
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt=2", "a1.txt=1"}));
 }
 
-TEST_F(RunTextTest, DeletedFilesHaveNoDestinationAndFoldersStay)
-{
-    Write({"source/sub/a.tmp=a", "source/sub/b.txt=b"});
-    const RunResult run =
-        Run({Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/source", "@/dest", {"*.tmp"})});
-    EXPECT_EQ(run.log, Log(R"(
-Action: Delete File.
-Current File: @/source/sub/a.tmp
-File Size: 1 KB
-)",
-                           {.total = "1", .deleted = 1}));
-    EXPECT_EQ(Tree("@"), (TreeLines{"source/", "source/sub/", "source/sub/b.txt=b"}));
-}
-
-TEST_F(RunTextTest, ADeletedFolderNamesItsFoldersChildrenFirst)
-{
-    Write({"source/sub/deep/a.txt=a", "source/sub/deep/link->/"});
-    const RunResult run = Run({Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER)});
-    std::string body;
-    for (const std::string folder : {"@/source/sub/deep/", "@/source/sub/", "@/source/"}) {
-        body += "\nAction: Delete Folder.\nCurrent File: " + folder +
-                "\nDestination File: " + folder + "\n";
-    }
-    EXPECT_EQ(run.log, Log(body, {.total = "1", .deleted = 1}));
-    EXPECT_FALSE(std::filesystem::exists(Path("@/source")));
-}
-
-TEST_F(RunTextTest, AFileThatTheAttributesTurnAwayHasItsBlock)
-{
-    Write({"source/.hidden=a", "dest/"});
-    EXPECT_EQ(Run({Entry(DCF_ALL_TYPES | DCF_ATTR_AND | DCF_ATTR_SYSTEM)}).log,
-              Log(R"(
-Action: Didn't process file because file attributes didn't match.
-Current File: @/source/.hidden
-Destination File: @/dest/.hidden
-File Size: 1 KB
-)",
-                  {.total = "1"}));
-    EXPECT_EQ(Tree("@/dest"), TreeLines{});
-}
-
-TEST_F(RunTextTest, AnInvalidSourceIsOneLineWithoutABlock)
-{
-    Write({"dest/"});
-    const RunResult run = Run({Entry(kTree, "@/none")});
-    EXPECT_EQ(run.log, Log("ERROR: Source path is invalid. \n", {.error = 1}));
-    EXPECT_EQ(run.counters, "error 1");
-}
-
 TEST_F(RunTextTest, AnErrorStandsBetweenItsActionAndItsFileWithAnEmptyLineAfterIt)
 {
     Write({"source/a.txt=a", "dest/a.txt=mine"});
@@ -176,19 +144,6 @@ TEST_F(RunTextTest, AReadOnlyFileIsGuardedAlsoInAFolderThatTheRunHasMade)
         std::filesystem::permissions(Path(item), std::filesystem::perms(0444));
     EXPECT_EQ(Run({Entry(DCF_SUBFOLDERS | kAll)}).counters, "copy 1 error 1");
     EXPECT_EQ(Tree("@/dest").size(), 1U);
-}
-
-TEST_F(RunTextTest, NoNameForgesALine)
-{
-    Write({"source/a\r\nERROR: b=1", "dest/"});
-    EXPECT_EQ(Run({Entry(kAll)}).log, Log(R"(
-Action: Copying File.
-Current File: @/source/a\x0D\x0AERROR: b
-Destination File: @/dest/a\x0D\x0AERROR: b
-File Size: 1 KB
-)",
-                                          {.total = "1", .copy = 1}));
-    EXPECT_EQ(Tree("@/dest"), Tree("@/source"));
 }
 
 TEST_F(RunTextTest, LinesReachTheFileWhileWorkGoesOnWithoutALine)
@@ -216,15 +171,6 @@ TEST_F(RunTextTest, LinesReachTheFileWhileWorkGoesOnWithoutALine)
               [&](FailingFileSystem& disk) { disk.RunBefore(Call::CopyFile, 1, look); });
     EXPECT_THAT(seen, ElementsAre("\r\n", "File Size: 1 KB\r\n", "File Size: 1 KB\r\n",
                                   "Action: Copying File.\r\n"));
-}
-
-TEST_F(RunTextTest, AnEmptyDocumentHasOnlyAFooter)
-{
-    const RunResult run = Run({});
-    EXPECT_EQ(run.log, Footer({}));
-    const std::vector<RecordingSurface::Box> expected{{"The Batch File is empty.", ""}};
-    EXPECT_EQ(run.surface.messages, expected);
-    EXPECT_EQ(run.surface.events, (std::vector<std::string>{"view log on", "ended"}));
 }
 
 }  // namespace

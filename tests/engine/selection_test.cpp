@@ -13,86 +13,58 @@ namespace {
 
 using List = std::vector<std::string>;
 
-struct NameCase {
-    List list;
-    std::string name;
-    bool selected;
-};
-
-template <std::size_t N>
-void ExpectSelection(const NameCase (&cases)[N], std::uint32_t nKind, std::uint32_t dwFlags = 0)
+TEST(MatchFileType, FollowsTheTable)
 {
-    for (const NameCase& c : cases)
-        EXPECT_EQ(MatchFileType(c.list, c.name, nKind, dwFlags), c.selected)
-            << c.name << " against " << testing::PrintToString(c.list);
-}
-
-TEST(MatchFileType, ComparesTheEndOfTheNameWithTheMaskWithoutItsFirstCharacter)
-{
-    const NameCase cases[] = {
-        {{"*.txt"}, "A.TXT", true},
-        {{"*.txt"}, ".txt", false},  // the name must be longer than the suffix
-        {{"*.txt"}, "a.txt.bak", false},
-        {{"*.htm"}, "index.html", false},
-        {{"*.t?t"}, "a.txt", false},  // no wildcards but the first character
-        {{"*.t?t"}, "a.t?t", true},
-        {{".txt"}, "a.txt", true},  // whatever the first character is, it goes
-        {{".txt"}, "atxt", true},
-        {{"*"}, "a", true},
-        {{""}, "a", true},
-        {{"*.*"}, "no dot", true},
-        {{"*.* "}, "a.b", false},  // exactly "*.*" only
-        {{"*.a", "*.b"}, "x.b", true},
-        {{"*.\xC3\x84"}, "x.\xC3\xA4", false},  // letters without case are those of ASCII
-        {{"*.[x"}, "a.{x", false},
-        {{}, "a.txt", false},
-    };
-    ExpectSelection(cases, DCK_TYPES);
-}
-
-TEST(MatchFileType, ExcludeTurnsTheListRoundExceptForAllFiles)
-{
-    const NameCase cases[] = {
-        {{"*.tmp", "*.bak"}, "a.tmp", false}, {{"*.tmp", "*.bak"}, "b.BAK", false},
-        {{"*.tmp", "*.bak"}, "c.txt", true},  {{"*.*", "*.tmp"}, "a.tmp", true},
-        {{"*.tmp", "*.*"}, "a.tmp", false},   {{}, "a.tmp", true},
-    };
-    ExpectSelection(cases, DCK_TYPES, DCF_EXCLUDE);
-}
-
-TEST(MatchFileType, ComparesWholeNames)
-{
-    const NameCase cases[] = {
-        {{"Report.doc"}, "REPORT.DOC", true},
-        {{"Report.doc"}, "Report.docx", false},
-        {{"*.*"}, "a.b", false},
-        {{}, "a", false},
-    };
-    ExpectSelection(cases, DCK_NAMES);
-    const NameCase excluding[] = {
-        {{"a.txt"}, "A.txt", false},
-        {{"a.txt"}, "b.txt", true},
-        {{"*.*"}, "a.b", true},
-        {{}, "a", true},
-    };
-    ExpectSelection(excluding, DCK_NAMES, DCF_EXCLUDE);
-}
-
-TEST(MatchFileType, AFolderDeletedAsAUnitTakesEveryFile)
-{
-    EXPECT_TRUE(MatchFileType({}, "a", DCK_NAMES, DCF_DELETE_FOLDER));
-    EXPECT_TRUE(MatchFileType({"*.a"}, "x.a", DCK_TYPES, DCF_DELETE_FOLDER | DCF_EXCLUDE));
+    const struct {
+        List list;
+        std::string name;
+        bool selected;
+        std::uint32_t kind = DCK_TYPES;
+        std::uint32_t flags = 0;
+    } cases[] = {// The end of the name against the mask without its first character.
+                 {{"*.txt"}, "A.TXT", true},
+                 {{"*.txt"}, ".txt", false},  // the name must be longer than the suffix
+                 {{"*.txt"}, "a.txt.bak", false},
+                 {{"*.htm"}, "index.html", false},
+                 {{"*.t?t"}, "a.txt", false},  // no wildcards but the first character
+                 {{"*.t?t"}, "a.t?t", true},
+                 {{".txt"}, "atxt", true},  // whatever the first character is, it goes
+                 {{"*"}, "a", true},
+                 {{""}, "a", true},
+                 {{"*.*"}, "no dot", true},
+                 {{"*.* "}, "a.b", false},  // exactly "*.*" only
+                 {{"*.a", "*.b"}, "x.b", true},
+                 {{"*.\xC3\x84"}, "x.\xC3\xA4", false},  // letters without case are those of ASCII
+                 {{"*.[x"}, "a.{x", false},
+                 {{}, "a.txt", false},
+                 // Excluding turns the list round except for all files.
+                 {{"*.tmp", "*.bak"}, "a.tmp", false, DCK_TYPES, DCF_EXCLUDE},
+                 {{"*.tmp", "*.bak"}, "b.BAK", false, DCK_TYPES, DCF_EXCLUDE},
+                 {{"*.tmp", "*.bak"}, "c.txt", true, DCK_TYPES, DCF_EXCLUDE},
+                 {{"*.*", "*.tmp"}, "a.tmp", true, DCK_TYPES, DCF_EXCLUDE},
+                 {{"*.tmp", "*.*"}, "a.tmp", false, DCK_TYPES, DCF_EXCLUDE},
+                 {{}, "a.tmp", true, DCK_TYPES, DCF_EXCLUDE},
+                 // Whole names.
+                 {{"Report.doc"}, "REPORT.DOC", true, DCK_NAMES},
+                 {{"Report.doc"}, "Report.docx", false, DCK_NAMES},
+                 {{"*.*"}, "a.b", false, DCK_NAMES},
+                 {{}, "a", false, DCK_NAMES},
+                 {{"a.txt"}, "A.txt", false, DCK_NAMES, DCF_EXCLUDE},
+                 {{"a.txt"}, "b.txt", true, DCK_NAMES, DCF_EXCLUDE},
+                 {{"*.*"}, "a.b", true, DCK_NAMES, DCF_EXCLUDE},
+                 // A folder deleted as a unit takes every file.
+                 {{}, "a", true, DCK_NAMES, DCF_DELETE_FOLDER},
+                 {{"*.a"}, "x.a", true, DCK_TYPES, DCF_DELETE_FOLDER | DCF_EXCLUDE}};
+    for (const auto& c : cases)
+        EXPECT_EQ(MatchFileType(c.list, c.name, c.kind, c.flags), c.selected)
+            << c.name << " against " << testing::PrintToString(c.list) << c.kind << c.flags;
 }
 
 TEST(MatchAttributes, FollowsTheRelationship)
 {
     constexpr std::uint32_t kReadOnly = kAttributeReadOnly;
     constexpr std::uint32_t kArchive = kAttributeArchive;
-    const struct {
-        std::uint32_t attributes;
-        std::uint32_t flags;
-        bool passes;
-    } cases[] = {
+    const std::tuple<std::uint32_t, std::uint32_t, bool> cases[] = {
         // Equality, not a subset.
         {kReadOnly, DCF_ATTR_AND | DCF_ATTR_READONLY, true},
         {kReadOnly | kArchive, DCF_ATTR_AND | DCF_ATTR_READONLY, false},
@@ -117,11 +89,10 @@ TEST(MatchAttributes, FollowsTheRelationship)
         {kReadOnly, DCF_ATTR_AND | DCF_ATTR_OR | DCF_ATTR_READONLY | DCF_ATTR_HIDDEN, false},
         {kReadOnly, DCF_ATTR_READONLY, false},
         {kAttributeNormal, 0, false},
-        {kArchive, DCF_NO_ATTRS | DCF_ATTR_AND | DCF_ATTR_READONLY, true},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(MatchAttributes(c.attributes, c.flags, c.flags & DCF_ATTR_MASK), c.passes)
-            << std::hex << "attributes " << c.attributes << ", flags " << c.flags;
+        {kArchive, DCF_NO_ATTRS | DCF_ATTR_AND | DCF_ATTR_READONLY, true}};
+    for (const auto& [attributes, flags, passes] : cases)
+        EXPECT_EQ(MatchAttributes(attributes, flags, flags & DCF_ATTR_MASK), passes)
+            << std::hex << "attributes " << attributes << ", flags " << flags;
 }
 
 }  // namespace

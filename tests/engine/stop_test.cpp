@@ -54,22 +54,18 @@ TEST_F(StopTest, TheFileUnderWorkIsFinished)
 
 TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
 {
-    const struct {
-        Call call;
-        int number;
-        const char* counters;
-    } cases[] = {
+    const std::tuple<Call, int, const char*> cases[] = {
         {Call::OpenFolder, 2, "left 3"},       // between the passes
         {Call::OpenSource, 1, "left 3"},       // when the first file is in hand
         {Call::StillThere, 1, "left 3"},       // while its folder is looked at
         {Call::Probe, 2, "left 2 copy 1"},     // while the second file's destination is looked at
         {Call::CopyFile, 2, "left 2 copy 2"},  // past the last test: it is copied
     };
-    for (const auto& c : cases) {
+    for (const auto& [call, number, counters] : cases) {
         std::filesystem::remove_all(Path("@/dest"));
         Write({"dest/"});
-        const RunResult run = Run({Entry(kAll)}, SetBefore(g_bStopRun, c.call, c.number));
-        EXPECT_EQ(run.counters, c.counters) << static_cast<int>(c.call);
+        const RunResult run = Run({Entry(kAll)}, SetBefore(g_bStopRun, call, number));
+        EXPECT_EQ(run.counters, counters) << static_cast<int>(call);
         EXPECT_THAT(run.log, HasSubstr("Stopped by user."));
     }
 }

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "engine/run_fixture.h"
+#include "engine/source_queue.h"
 
 namespace quorbit {
 namespace {
@@ -309,7 +310,7 @@ TEST_F(TreeWalkTest, LeftoversOfKilledRunsAreNeitherCopiedNorCountedAndGoAtTheDe
     EXPECT_EQ(Run({Entry(kTree | DCF_DELETE | DCF_DELETE_FOLDER)}).counters, "delete 1");
 }
 
-TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrderAndHoldsNoMoreThanItMay)
+TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
 {
     for (int i = 0; i < 300; ++i)
         Write({"source/" + std::to_string(i) + "=x"});
@@ -321,31 +322,38 @@ TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrderAndHoldsNoMoreThanItMay)
         listed.push_back(data.name);
 
     ReadAheadPolicy policy;
-    EXPECT_EQ(policy.Window(), 1U);
-    policy.Learn(false);
-    EXPECT_EQ(policy.Window(), 64U);
+    policy.Learn(false, 0);
     auto listing = files.List(**folder);
     const std::vector<std::string> list;
     const WalkRules rules{list, kAll, 0, DCK_TYPES, {}};
-    {
-        SourceQueue queue(files, **folder, **listing, rules, policy);
-        QueuedItem item;
-        for (const std::string& name : listed) {
-            ASSERT_TRUE(*queue.Next(item));
-            EXPECT_EQ(item.data.name, name);
-            EXPECT_EQ(item.source->Details().name, name);
-        }
-        EXPECT_FALSE(*queue.Next(item));
+    SourceQueue queue(files, **folder, **listing, rules, policy);
+    QueuedItem item;
+    for (const std::string& name : listed) {
+        ASSERT_TRUE(*queue.Next(item));
+        EXPECT_EQ(item.data.name, name);
+        EXPECT_EQ(item.source->Details().name, name);
     }
-    policy.Learn(false);
-    for (int i = 0; i < 256; ++i)
-        policy.Opened();
-    EXPECT_EQ(policy.Window(), 1U);
-    for (int i = 0; i < 256; ++i)
-        policy.Taken();
-    for (int i = 0; i < 128; ++i)
-        policy.Learn(true);
-    EXPECT_EQ(policy.Window(), 1U);
+    EXPECT_FALSE(*queue.Next(item));
+}
+
+TEST(ReadAheadPolicyTest, BeginsWithAFileThatIsNotInMemoryAndEndsWhenAllAre)
+{
+    ReadAheadPolicy policy;
+    int asked = 0;
+    for (int i = 0; i < 64; ++i)
+        asked += policy.Next() == ReadAhead::Start ? 1 : 0;
+    EXPECT_EQ(asked, 4);
+    policy.Learn(true, 0);
+    EXPECT_FALSE(policy.Pays());
+
+    policy.Learn(false, 500);  // 500 of an earlier time
+    EXPECT_EQ(policy.Next(), ReadAhead::No);
+    for (const std::size_t inVain : {500U, 627U, 3U, 127U}) {
+        policy.LearnFetched(inVain);
+        EXPECT_TRUE(policy.Pays()) << inVain;
+    }
+    policy.LearnFetched(128);
+    EXPECT_FALSE(policy.Pays());
 }
 
 }  // namespace

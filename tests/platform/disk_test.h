@@ -5,25 +5,19 @@
 
 #pragma once
 
-#include <gtest/gtest.h>
-
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "platform/posix_file_system.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 
-class DiskTest : public testing::Test {
+class DiskTest : public FolderTest {
 protected:
-    DiskTest() { WriteTree(m_folder.Path(), {"source/", "dest/"}); }
+    DiskTest() { Write({"source/", "dest/"}); }
 
-    [[nodiscard]] std::string Path(const std::string& name = "") const
-    {
-        return m_folder.Path() + (name.empty() ? "" : "/" + name);
-    }
     [[nodiscard]] std::string Source(const std::string& name = "") const
     {
         return Path("source" + (name.empty() ? "" : "/" + name));
@@ -38,20 +32,23 @@ protected:
         EXPECT_TRUE(folder.Ok()) << path << ": " << folder.GetError().Text();
         return folder ? std::move(*folder) : nullptr;
     }
+    PosixVolume& VolumeOf(const Folder& folder)
+    {
+        return static_cast<const PosixFolder&>(folder).Volume();
+    }
 
     // Copies one item of "source" into "dest".
     Status Copy(const std::string& name, const CopyOptions& options = {})
     {
         return CopyAs(name, name, options);
     }
-    Status CopyAs(const std::string& name, const std::string& newName, const CopyOptions& options)
+    Status CopyAs(const std::string& name, const std::string& newName,
+                  const CopyOptions& options = {})
     {
-        const std::unique_ptr<Folder> from = Open(Source());
-        const std::unique_ptr<Folder> into = Open(Dest());
-        return CopyBetween(*from, *into, name, newName, options);
+        return CopyBetween(*Open(Source()), *Open(Dest()), name, newName, options);
     }
     Status CopyBetween(const Folder& from, const Folder& into, const std::string& name,
-                       const std::string& newName, const CopyOptions& options)
+                       const std::string& newName, const CopyOptions& options = {})
     {
         FindData item;
         item.name = name;
@@ -61,33 +58,34 @@ protected:
         return file ? m_files.CopyFile(**file, into, newName, options) : Status(file.GetError());
     }
 
-    TempFolder m_folder;
     PosixFileSystem m_files;
 };
-
-inline ErrorKind KindOf(const Status& status)
-{
-    EXPECT_FALSE(status.Ok());
-    return status.Ok() ? ErrorKind::Other : status.GetError().Kind();
-}
-
-template <class T>
-ErrorKind KindOf(const Result<T>& result)
-{
-    EXPECT_FALSE(result.Ok());
-    return result.Ok() ? ErrorKind::Other : result.GetError().Kind();
-}
 
 // Content that shows where a piece of it is missing or in the wrong place.
 inline std::string Pattern(std::size_t size)
 {
     std::string content(size, '\0');
     std::uint32_t state = 1;
-    for (char& byte : content) {
-        state = state * 1664525U + 1013904223U;
-        byte = static_cast<char>(state >> 24U);
-    }
+    for (char& byte : content)
+        byte = static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U);
     return content;
 }
+
+// Counts what is copied, and acts once, in the middle of a copy.
+class Meanwhile final : public CopyProgress {
+public:
+    explicit Meanwhile(std::function<void()> action = {}) : m_action(std::move(action)) {}
+    void OnBytesCopied(std::uint64_t bytes) override
+    {
+        m_total += bytes;
+        if (const auto action = std::exchange(m_action, {}))
+            action();
+    }
+    [[nodiscard]] std::uint64_t Total() const { return m_total; }
+
+private:
+    std::function<void()> m_action;
+    std::uint64_t m_total = 0;
+};
 
 }  // namespace quorbit

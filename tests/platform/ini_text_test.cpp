@@ -23,35 +23,7 @@ std::string WriteAndRead(const std::string& section, const std::string& name,
 
 TEST(IniText, KeepsAnyBytesButNulInValuesAndNames)
 {
-    std::vector<std::string> texts = {
-        "",
-        " ",
-        "  a  ",
-        "\t",
-        "=",
-        "a=b",
-        "[x]",
-        "x]y",
-        ";c",
-        "#c",
-        "@",
-        "\\",
-        "\\x",
-        "\\x4",
-        "\\x41",
-        "\\\\",
-        "\\x5C",
-        "\\\\x41",
-        "\"q\"",
-        "\\x4\n",
-        "\\\n",
-        "a\r",
-        "\xEF\xBB\xBF"
-        "a",
-        "C:\\Data\\new",
-        "\xFF\xFE",
-        "\xC3\xA4",
-    };
+    std::vector<std::string> texts = {"\\\\x41", "\\x4\n", "\xEF\xBB\xBF"};
     for (int byte = 1; byte < 256; ++byte) {
         texts.push_back(std::string(1, static_cast<char>(byte)));
         texts.push_back("a" + texts.back() + "b");
@@ -59,11 +31,9 @@ TEST(IniText, KeepsAnyBytesButNulInValuesAndNames)
     std::mt19937 random(1);
     const std::string nasty = "\\\\x4F5c= []@;#\n\r\t\xFF\xC3\xA4";
     for (int i = 0; i < 2000; ++i) {
-        std::string text;
-        for (auto left = random() % 12; left > 0; --left) {
-            text += nasty[random() % nasty.size()];
-        }
-        texts.push_back(text);
+        texts.emplace_back();
+        for (auto left = random() % 12; left > 0; --left)
+            texts.back() += nasty[random() % nasty.size()];
     }
     for (const std::string& text : texts) {
         ASSERT_EQ(WriteAndRead("Section", "Name", text), text);
@@ -72,31 +42,20 @@ TEST(IniText, KeepsAnyBytesButNulInValuesAndNames)
     }
 }
 
-TEST(IniText, StaysReadableForAPerson)
-{
-    IniText ini("");
-    ini.Set("Options", "OptFlags", "3");
-    ini.Set("Options\\Default", "FileTypes", "*.txt*.doc");
-    ini.Set("Options", "Qrb File Path", "/home/J\xC3\xBCrgen/a \\b/");
-    ini.Set("QRB.Document\\shell\\open\\command", "", "/usr/bin/quorbit \"%1\" \"%2\"");
-    ini.Set("Recent File List", "File1", "/mnt/\xFF\n");
-    EXPECT_EQ(ini.Text(),
-              "[Options]\nOptFlags=3\nQrb File Path=/home/J\xC3\xBCrgen/a \\b/\n"
-              "\n[Options\\Default]\nFileTypes=*.txt*.doc\n"
-              "\n[QRB.Document\\shell\\open\\command]\n@=/usr/bin/quorbit \"%1\" \"%2\"\n"
-              "\n[Recent File List]\nFile1=/mnt/\\xFF\\x0A\n");
-}
-
-TEST(IniText, LeavesWhatAPersonWroteWhereItStands)
+TEST(IniText, StaysReadableForAPersonAndLeavesWhatOneWroteWhereItStands)
 {
     IniText ini(
         "; mine\n\n[drives]\n C = /mnt/c \n# old\nnonsense\n[unclosed\n=nothing\n\n[Other]\na=1\n");
     ini.Set("Drives", "c", "/mnt/new");
-    ini.Set("Drives", "D", "/mnt/d");
+    ini.Set("Drives", "D d", "/home/J\xC3\xBCrgen/a \\b/");
     ini.Set("Other", "a", "1");
+    ini.Set("QRB.Document\\shell", "", "/usr/bin/quorbit \"%1\" \"%2\"");
+    ini.Set("Recent File List", "File1", "/mnt/\xFF\n");
     EXPECT_EQ(ini.Text(),
-              "; mine\n\n[drives]\nC=/mnt/new\nD=/mnt/d\n# old\nnonsense\n[unclosed\n=nothing\n\n"
-              "[Other]\na=1\n");
+              "; mine\n\n[drives]\nC=/mnt/new\nD d=/home/J\xC3\xBCrgen/a \\b/\n# old\nnonsense\n"
+              "[unclosed\n=nothing\n\n[Other]\na=1\n"
+              "\n[QRB.Document\\shell]\n@=/usr/bin/quorbit \"%1\" \"%2\"\n"
+              "\n[Recent File List]\nFile1=/mnt/\\xFF\\x0A\n");
 }
 
 TEST(IniText, ReadsWhatAnEditorMayMakeOfIt)

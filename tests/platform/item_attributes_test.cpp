@@ -4,9 +4,6 @@
 #include "platform/item_attributes.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 
 #include <cerrno>
 
@@ -22,6 +19,7 @@ constexpr std::uint32_t kH = kAttributeHidden;
 constexpr std::uint32_t kS = kAttributeSystem;
 constexpr std::uint32_t kA = kAttributeArchive;
 constexpr std::uint32_t kFolder = kAttributeFolder;
+constexpr const char* kDos = "user.DOSATTRIB";
 
 class ItemAttributesTest : public DiskTest {
 protected:
@@ -37,50 +35,55 @@ protected:
     {
         return m_files.SetAttributes(*Open(Source()), name, word);
     }
-    [[nodiscard]] std::string Stored(const std::string& name,
-                                     const char* attribute = "user.DOSATTRIB") const
+    [[nodiscard]] std::string Stored(const std::string& name, const char* attribute = kDos) const
     {
-        std::string value(200, '\0');
-        const ssize_t size =
-            ::lgetxattr(Source(name).c_str(), attribute, value.data(), value.size());
-        return size < 0 ? "(none)" : value.substr(0, static_cast<std::size_t>(size));
-    }
-    bool Store(const std::string& name, std::string_view value,
-               const char* attribute = "user.DOSATTRIB") const
-    {
-        return ::setxattr(Source(name).c_str(), attribute, value.data(), value.size(), 0) == 0;
+        return AttributeOf(Source(name), attribute);
     }
     bool CanStore()
     {
-        WriteTree(Source(), {"probe="});
-        return Store("probe", "0x20");
+        Write({"source/probe="});
+        return SetAttribute(Source("probe"), kDos, "0x20");
+    }
+};
+
+// Where the volume keeps attributes of users.
+class StoredAttributesTest : public ItemAttributesTest {
+protected:
+    void SetUp() override
+    {
+        if (!CanStore())
+            GTEST_SKIP() << "no extended attributes of users in " << Path();
     }
 };
 
 TEST_F(ItemAttributesTest, FollowFromNameAndPermissionsWhereNothingIsStored)
 {
-    WriteTree(Source(), {"file=", ".dot=", "readonly=", "sub/", ".sub/", "closed/", "link->file",
-                         ".link->x", "pipe|"});
-    ASSERT_EQ(::chmod(Source("readonly").c_str(), 0466), 0);
-    ASSERT_EQ(::chmod(Source("closed").c_str(), 0555), 0);
-    const std::vector<std::pair<std::string, std::uint32_t>> cases = {
+    Write({"source/file=", "source/.dot=", "source/readonly=", "source/sub/", "source/.sub/",
+           "source/closed/", "source/link->file", "source/.link->x", "source/pipe|"});
+    SetMode(Source("readonly"), 0466);
+    SetMode(Source("closed"), 0555);
+    const std::pair<const char*, std::uint32_t> cases[] = {
         {"file", kA},     {".dot", kA | kH},      {"readonly", kA | kR},
         {"sub", kFolder}, {".sub", kFolder | kH}, {"closed", kFolder | kR},
         {"link", kA},     {".link", kA | kH},     {"pipe", kA}};
-    for (const auto& [name, word] : cases) {
+    for (const auto& [name, word] : cases)
         EXPECT_EQ(WordOf(name), word) << name;
-    }
     FindData missing;
     missing.name = "missing";
     EXPECT_EQ(KindOf(m_files.ReadAttributes(*Open(Source()), missing)), ErrorKind::Missing);
     EXPECT_EQ(KindOf(Set("missing", kA)), ErrorKind::Missing);
+    // A link has none of its own, and its target is kept out of it.
+    const TreeLines before = ReadTreeWithDetails(Source());
+    EXPECT_TRUE(Set("link", kR | kH).Ok());
+    EXPECT_EQ(ReadTreeWithDetails(Source()), before);
+    EXPECT_EQ(Stored("file"), "(none)");
 }
 
 TEST_F(ItemAttributesTest, ReadOnlyIsThePermissionAndNothingElseIsWritten)
 {
-    WriteTree(Source(), {"file=", "closed/inner="});
-    ASSERT_EQ(::chmod(Source("file").c_str(), 0664), 0);
-    ASSERT_EQ(::chmod(Source("closed").c_str(), 0055), 0);
+    Write({"source/file=", "source/closed/inner="});
+    SetMode(Source("file"), 0664);
+    SetMode(Source("closed"), 0055);
     EXPECT_TRUE(Set("file", kR | kA).Ok());
     EXPECT_EQ(ModeOf(Source("file")), 0444U);
     EXPECT_EQ(WordOf("file"), kR | kA);
@@ -89,16 +92,12 @@ TEST_F(ItemAttributesTest, ReadOnlyIsThePermissionAndNothingElseIsWritten)
     // Its content can be deleted now.
     EXPECT_TRUE(Set("closed", kFolder).Ok());
     EXPECT_EQ(ModeOf(Source("closed")), 0755U);
-    EXPECT_EQ(Stored("file"), "(none)");
-    EXPECT_EQ(Stored("closed"), "(none)");
+    EXPECT_EQ(Stored("file") + Stored("closed"), "(none)(none)");
 }
 
-TEST_F(ItemAttributesTest, GiveBackWhatWasSet)
+TEST_F(StoredAttributesTest, GiveBackWhatWasSet)
 {
-    if (!CanStore()) {
-        GTEST_SKIP() << "no extended attributes of users in " << Path();
-    }
-    WriteTree(Source(), {"file=", ".dot=", "sub/"});
+    Write({"source/file=", "source/.dot=", "source/sub/"});
     for (const std::uint32_t bits : {kR | kH | kS | kA, 0U, kH, kS | kA, kR, kA}) {
         for (const char* name : {"file", ".dot"}) {
             EXPECT_TRUE(Set(name, bits).Ok()) << name << bits;
@@ -110,14 +109,11 @@ TEST_F(ItemAttributesTest, GiveBackWhatWasSet)
     EXPECT_EQ(static_cast<unsigned char>(Stored("sub")[12]), kA | kFolder);
 }
 
-TEST_F(ItemAttributesTest, KeepTheStoredFormAndCarryItIntoTheCopy)
+TEST_F(StoredAttributesTest, KeepTheirFormAndCarryItIntoTheCopy)
 {
-    if (!CanStore()) {
-        GTEST_SKIP() << "no extended attributes of users in " << Path();
-    }
     const std::string version4 =
         std::string("\0\0\4\0\4\0\0\0\x51\0\0\0\x22\0\0\0", 16) + "itime678create78";
-    ASSERT_TRUE(Store("probe", version4));
+    ASSERT_TRUE(SetAttribute(Source("probe"), kDos, version4));
     EXPECT_EQ(WordOf("probe"), kH | kA);
     EXPECT_TRUE(Set("probe", kR | kA).Ok());
     std::string expected = version4;
@@ -125,33 +121,18 @@ TEST_F(ItemAttributesTest, KeepTheStoredFormAndCarryItIntoTheCopy)
     EXPECT_EQ(Stored("probe"), expected);
     EXPECT_EQ(ModeOf(Source("probe")) & 0222U, 0U);
     EXPECT_TRUE(Copy("probe").Ok());
-    std::string copied(40, '\0');
-    EXPECT_EQ(::getxattr(Dest("probe").c_str(), "user.DOSATTRIB", copied.data(), copied.size()),
-              32);
-    EXPECT_EQ(copied.substr(0, 32), expected);
+    EXPECT_EQ(AttributeOf(Dest("probe"), kDos), expected);
 }
 
-TEST_F(ItemAttributesTest, NeverOverwriteWhatIsNotUnderstood)
+TEST_F(StoredAttributesTest, AreNeverOverwrittenWhereTheyAreNotUnderstood)
 {
-    if (!CanStore()) {
-        GTEST_SKIP() << "no extended attributes of users in " << Path();
-    }
-    ASSERT_TRUE(Store("probe", "something else"));
+    ASSERT_TRUE(SetAttribute(Source("probe"), kDos, "something else"));
     EXPECT_EQ(WordOf("probe"), kA);
     EXPECT_EQ(KindOf(Set("probe", kH)), ErrorKind::NotSupported);
     EXPECT_EQ(Stored("probe"), "something else");
     EXPECT_TRUE(Set("probe", kR | kA).Ok());
     EXPECT_EQ(WordOf("probe"), kR | kA);
     EXPECT_EQ(Stored("probe"), "something else");
-}
-
-TEST_F(ItemAttributesTest, LinksHaveNoneOfTheirOwnAndKeepTheirTargetOutOfIt)
-{
-    WriteTree(Source(), {"file=", "link->file"});
-    const unsigned before = ModeOf(Source("file"));
-    EXPECT_TRUE(Set("link", kR | kH).Ok());
-    EXPECT_EQ(ModeOf(Source("file")), before);
-    EXPECT_EQ(Stored("file"), "(none)");
 }
 
 // A FAT volume with one file.
@@ -175,74 +156,61 @@ private:
     int& m_sets;
 };
 
-TEST_F(ItemAttributesTest, ComeFromTheVolumeItselfOnFat)
-{
-    std::uint32_t word = kH | kA;
-    int sets = 0;
-    WriteTree(Source(), {".dot=", "link->.dot"});
-    const auto folder = Open(Source());
-    static_cast<PosixFolder&>(*folder).Volume().attributes =
-        std::make_unique<FatAttributes>(std::make_unique<FakeFat>(word, sets));
-    word = kS;
-    EXPECT_EQ(WordOf(".dot"), kS);
-    EXPECT_TRUE(Set(".dot", kS).Ok());
-    EXPECT_EQ(sets, 0);
-    EXPECT_TRUE(Set(".dot", kH | kA).Ok());
-    EXPECT_EQ(word, kH | kA);
-    EXPECT_EQ(Stored(".dot"), "(none)");
-    word = FakeFat::kNotFat;
-    EXPECT_EQ(WordOf(".dot"), kH | kA);
-    EXPECT_EQ(WordOf("link"), kA);
-}
-
-TEST_F(ItemAttributesTest, TravelBetweenVolumesThatKeepThemInDifferentWays)
+TEST_F(ItemAttributesTest, ComeFromTheVolumeItselfOnFatAndTravelBetweenVolumes)
 {
     const bool canStore = CanStore();
-    WriteTree(Source(), {".dot=x"});
+    Write({"source/.dot=x", "dest/link->.dot"});
     std::uint32_t word = kA;
     int sets = 0;
     PosixVolume fat;
     fat.attributes = std::make_unique<FatAttributes>(std::make_unique<FakeFat>(word, sets));
     const PosixFolder onFat(UniqueFd(::open(Dest().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
                             {}, fat);
+    const auto wordOnFat = [&](const std::string& name) {
+        FindData item;
+        item.name = name;
+        EXPECT_TRUE(m_files.ReadAttributes(onFat, item).Ok());
+        return item.attributes;
+    };
     const auto elsewhere = Open(Source());
-    EXPECT_TRUE(CopyBetween(*elsewhere, onFat, ".dot", ".dot", {}).Ok());
+    EXPECT_TRUE(CopyBetween(*elsewhere, onFat, ".dot", ".dot").Ok());
     EXPECT_EQ(word, kH | kA);
     word = kS | kA;
-    EXPECT_TRUE(CopyBetween(onFat, *elsewhere, ".dot", "back", {}).Ok());
+    EXPECT_EQ(wordOnFat(".dot"), kS | kA);
+    EXPECT_TRUE(CopyBetween(onFat, *elsewhere, ".dot", "back").Ok());
     EXPECT_EQ(WordOf("back"), canStore ? kS | kA : kA);
+    sets = 0;
+    EXPECT_TRUE(m_files.SetAttributes(onFat, ".dot", kS | kA).Ok());
+    EXPECT_EQ(sets, 0);
+    EXPECT_TRUE(m_files.SetAttributes(onFat, ".dot", kH).Ok());
+    EXPECT_EQ(word, kH);
+    EXPECT_EQ(AttributeOf(Dest(".dot"), kDos), "(none)");
+    word = FakeFat::kNotFat;
+    EXPECT_EQ(wordOnFat(".dot"), kH | kA);
+    EXPECT_EQ(wordOnFat("link"), kA);
 }
 
-TEST_F(ItemAttributesTest, ComeFromAWordInAnExtendedAttributeOnNtfsAndCifs)
+TEST_F(StoredAttributesTest, ComeFromAWordInAnExtendedAttributeOnNtfsAndCifs)
 {
-    if (!CanStore()) {
-        GTEST_SKIP() << "no extended attributes of users in " << Path();
-    }
     const char* attribute = "user.word";
-    struct Case {
-        WordLayout layout;
-        std::string before;  // hidden, archive and others
-        std::string after;   // read-only and the same others
-    };
-    const std::vector<Case> cases = {
+    // before: hidden, archive and others; after: read-only and the same others
+    const std::tuple<WordLayout, std::string, std::string> cases[] = {
         {{attribute, 4, true}, std::string("\0\0\x20\x22", 4), std::string("\0\0\x20\x01", 4)},
         {{attribute, 4, false}, std::string("\x22\x20\0\0", 4), std::string("\x01\x20\0\0", 4)},
-        {{attribute, 1, false}, "\x22", "\x01"},
-    };
+        {{attribute, 1, false}, "\x22", "\x01"}};
     const std::string name = "probe";
     const auto folder = Open(Source());
     const AttributeItem item{static_cast<PosixFolder&>(*folder).Descriptor(), name, ItemKind::File};
-    for (const Case& one : cases) {
-        ASSERT_TRUE(Store(name, one.before, attribute));
-        WordAttributes source(one.layout);
+    for (const auto& [layout, before, after] : cases) {
+        WordAttributes source(layout);
+        (void)::removexattr(Source(name).c_str(), attribute);
+        EXPECT_EQ(*ReadAttributeBits(source, item, 0644), kA);
+        ASSERT_TRUE(SetAttribute(Source(name), attribute, before));
         EXPECT_EQ(*ReadAttributeBits(source, item, 0644), kH | kA);
         EXPECT_TRUE(WriteAttributeBits(source, item, 0644, kR).Ok());
-        EXPECT_EQ(Stored(name, attribute), one.after);
-        ASSERT_EQ(::chmod(Source(name).c_str(), 0644), 0);
+        EXPECT_EQ(Stored(name, attribute), after);
+        SetMode(Source(name), 0644);
     }
-    ASSERT_EQ(::removexattr(Source(name).c_str(), attribute), 0);
-    WordAttributes source(cases[0].layout);
-    EXPECT_EQ(*ReadAttributeBits(source, item, 0644), kA);
 }
 
 }  // namespace

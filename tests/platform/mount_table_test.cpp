@@ -13,37 +13,13 @@ namespace quorbit {
 namespace {
 
 using testing::ElementsAre;
-using testing::SizeIs;
 
 std::vector<std::string> VisiblePoints(const std::string& table)
 {
     std::vector<std::string> points;
-    for (const MountEntry& mount : VisibleMounts(ParseMountTable(table))) {
+    for (const MountEntry& mount : VisibleMounts(ParseMountTable(table)))
         points.push_back(mount.mountPoint + " " + mount.type);
-    }
     return points;
-}
-
-TEST(MountTable, ReadsEveryFieldWhateverTheNumberOfOptionalOnes)
-{
-    const auto mounts = ParseMountTable(
-        "41 26 254:3 /data/me /tmp/b2 rw,noatime shared:7 master:1 propagate_from:2 - ext4 "
-        "/dev/vda3 rw,errors=continue\n"
-        "43 26 0:38 / /tmp/sp\\040ace\\134n\\011t\\012e ro - tmpfs  rw,size=4k\n");
-    ASSERT_THAT(mounts, SizeIs(2));
-    EXPECT_EQ(mounts[0].id, 41U);
-    EXPECT_EQ(mounts[0].parent, 26U);
-    EXPECT_EQ(mounts[0].major, 254U);
-    EXPECT_EQ(mounts[0].minor, 3U);
-    EXPECT_EQ(mounts[0].root, "/data/me");
-    EXPECT_EQ(mounts[0].mountPoint, "/tmp/b2");
-    EXPECT_EQ(mounts[0].options, "rw,noatime");
-    EXPECT_EQ(mounts[0].type, "ext4");
-    EXPECT_EQ(mounts[0].source, "/dev/vda3");
-    EXPECT_EQ(mounts[0].superOptions, "rw,errors=continue");
-    EXPECT_EQ(mounts[1].mountPoint, "/tmp/sp ace\\n\tt\ne");
-    EXPECT_EQ(mounts[1].source, "") << "an empty field is a field";
-    EXPECT_EQ(mounts[1].superOptions, "rw,size=4k");
 }
 
 TEST(MountTable, PassesOverLinesOfAnotherForm)
@@ -78,31 +54,6 @@ TEST(MountTable, SeesOnlyWhatLiesOnTop)
     EXPECT_THAT(VisiblePoints("77 76 8:2 / /home rw - ext4 /dev/sda2 rw\n"),
                 ElementsAre("/home ext4"))
         << "in a changed root the parents may be out of sight";
-}
-
-TEST(MountTable, FindsTheMountOfAPathByWholeComponents)
-{
-    const auto mounts = ParseMountTable(
-        "20 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
-        "21 20 8:2 / /mnt/a rw - ext4 /dev/sda2 rw\n");
-    EXPECT_EQ(MountOf(mounts, "/mnt/a/x")->minor, 2U);
-    EXPECT_EQ(MountOf(mounts, "/mnt/a")->minor, 2U);
-    EXPECT_EQ(MountOf(mounts, "/mnt/ab")->minor, 1U);
-    EXPECT_EQ(MountOf({}, "/mnt"), nullptr);
-}
-
-TEST(MountTable, OptionsAreComparedWhole)
-{
-    EXPECT_TRUE(HasMountOption("rw,user_id=10,x", "user_id=10"));
-    EXPECT_FALSE(HasMountOption("rw,user_id=100", "user_id=10"));
-    EXPECT_FALSE(HasMountOption("indirect", "direct"));
-}
-
-TEST(MountTable, ReadsTheTableOfThisMachine)
-{
-    const auto mounts = ReadMountTable();
-    ASSERT_TRUE(mounts.Ok());
-    EXPECT_NE(MountOf(VisibleMounts(*mounts), "/proc/self/mountinfo"), nullptr);
 }
 
 }  // namespace

@@ -13,13 +13,7 @@ namespace {
 
 TEST(PathText, TellsDrivesSeparatorsAndRoots)
 {
-    struct Case {
-        const char* path;
-        bool drive;
-        bool root;
-        const char* withSeparator;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, bool, bool, const char*> cases[] = {
         {"", false, false, ""},
         {"/", false, true, "/"},
         {"//", false, true, "//"},
@@ -31,64 +25,48 @@ TEST(PathText, TellsDrivesSeparatorsAndRoots)
         {"c:\\", true, true, "c:\\"},
         {"C:\\Data", true, false, "C:\\Data\\"},
         {"C:/Data/", true, false, "C:/Data/"},
-        {"My Computer", false, false, "My Computer/"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.path);
-        EXPECT_EQ(IsDrivePath(c.path), c.drive);
-        EXPECT_EQ(IsRoot(c.path), c.root);
-        EXPECT_EQ(WithSeparator(c.path), c.withSeparator);
+        {"My Computer", false, false, "My Computer/"}};
+    for (const auto& [path, drive, root, withSeparator] : cases) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(IsDrivePath(path), drive);
+        EXPECT_EQ(IsRoot(path), root);
+        EXPECT_EQ(WithSeparator(path), withSeparator);
     }
 }
 
 TEST(PathText, SplitsOnlyAtASeparatorOfThePathsOwnKind)
 {
-    struct Case {
-        const char* path;
-        const char* parent;
-        const char* last;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"/a/b/", "/a", "b"},    {"/a", "", "a"},
         {"a", "", "a"},          {"", "", ""},
         {"/", "", ""},           {"/a//b//", "/a", "b"},
         {"/a\\b", "", "a\\b"},   {"a/b", "a", "b"},
         {"C:\\x\\", "C:", "x"},  {"C:\\", "C:", ""},
         {"C:x", "C:", "x"},      {"C:\\x\\y z", "C:\\x", "y z"},
-        {"C:/x/y", "C:/x", "y"}, {"/a/b.c.d", "/a", "b.c.d"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.path);
-        EXPECT_EQ(SplitLast(c.path), (std::pair<std::string, std::string>(c.parent, c.last)));
-    }
+        {"C:/x/y", "C:/x", "y"}, {"/a/b.c.d", "/a", "b.c.d"}};
+    for (const auto& [path, parent, last] : cases)
+        EXPECT_EQ(SplitLast(path), std::pair(std::string(parent), std::string(last))) << path;
 }
 
-TEST(PathText, GivesAParentThatCanBeOpened)
-{
-    EXPECT_EQ(ParentFolder("/a/b/"), "/a");
-    EXPECT_EQ(ParentFolder("/a"), "/");
-    EXPECT_EQ(ParentFolder("a"), ".");
-    EXPECT_EQ(ParentFolder("C:\\x\\y"), "C:\\x");
-    EXPECT_EQ(ParentFolder("C:\\x"), "C:");
-}
+using Texts = std::pair<const char*, const char*>;
 
-TEST(PathText, NamesAVolumeAfterItsLetterOrItsMountPath)
+TEST(PathText, GivesAParentThatCanBeOpenedAndNamesAVolumeAfterItsLetterOrMountPath)
 {
-    EXPECT_EQ(VolumeName("C:\\"), "C");
-    EXPECT_EQ(VolumeName("d:"), "d");
-    EXPECT_EQ(VolumeName("/mnt/usb-1/"), "mnt-usb-1");
-    EXPECT_EQ(VolumeName("/"), "root");
-    EXPECT_EQ(VolumeName("//media//me/a b"), "media-me-a b");
+    for (const auto& [path, parent] :
+         {Texts{"/a/b/", "/a"}, {"/a", "/"}, {"a", "."}, {"C:\\x\\y", "C:\\x"}, {"C:\\x", "C:"}})
+        EXPECT_EQ(ParentFolder(path), parent) << path;
+    for (const auto& [path, name] : {Texts{"C:\\", "C"},
+                                     {"d:", "d"},
+                                     {"/mnt/usb-1/", "mnt-usb-1"},
+                                     {"/", "root"},
+                                     {"//media//me/a b", "media-me-a b"}})
+        EXPECT_EQ(VolumeName(path), name) << path;
 }
 
 TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
 {
     const DriveMap drives = {{'C', "/mnt/c"}, {'D', "/"}, {'E', "/mnt/e//"}, {'F', ""}, {'G', "g"}};
-    struct Case {
-        const char* path;
-        const char* native;
-    };
-    const Case cases[] = {
+    const Texts cases[] = {
         {"/home/me/a\\b", "/home/me/a\\b"},
         {"", ""},
         {"C:\\Data\\x", "/mnt/c/Data/x"},
@@ -102,35 +80,31 @@ TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
         {"E:\\x", "/mnt/e/x"},
         {"F:\\etc", ""},  // an empty or relative folder in the map must not turn into the root
         {"G:\\etc", ""},
-        {"X:\\etc", ""},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(ToNative(c.path, drives), c.native) << c.path;
-    }
+        {"X:\\etc", ""}};
+    for (const auto& [path, native] : cases)
+        EXPECT_EQ(ToNative(path, drives), native) << path;
 }
 
 TEST(PathText, MakesPathsAbsoluteAsText)
 {
     const std::string here = std::filesystem::current_path().string();
     const std::string above = std::filesystem::current_path().parent_path().string();
-    EXPECT_EQ(MakeAbsolute("a.qrb"), WithSeparator(here) + "a.qrb");
-    EXPECT_EQ(MakeAbsolute("./x//y/../z/"), WithSeparator(here) + "x/z/");
-    EXPECT_EQ(MakeAbsolute("."), here);
-    EXPECT_EQ(MakeAbsolute("../a"), WithSeparator(above) + "a");
-    EXPECT_EQ(MakeAbsolute("/a/./b//../c"), "/a/c");
-    EXPECT_EQ(MakeAbsolute("/../.."), "/");
-    EXPECT_EQ(MakeAbsolute("/a/..hidden/..."), "/a/..hidden/...");
-    EXPECT_EQ(MakeAbsolute("C:\\a\\..\\b"), "C:\\a\\..\\b");
-    EXPECT_EQ(MakeAbsolute(""), "");
+    const std::pair<std::string, std::string> cases[] = {
+        {"./x//y/../z/", WithSeparator(here) + "x/z/"},
+        {".", here},
+        {"", ""},
+        {"/../..", "/"},
+        {"../a", WithSeparator(above) + "a"},
+        {"/a/./b//../c", "/a/c"},
+        {"/a/..hidden/...", "/a/..hidden/..."},
+        {"C:\\a\\..\\b", "C:\\a\\..\\b"}};
+    for (const auto& [path, absolute] : cases)
+        EXPECT_EQ(MakeAbsolute(path), absolute) << path;
 }
 
 TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
 {
-    struct Case {
-        std::string text;
-        std::string shown;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {"plain \\x0A name~", "plain \\x0A name~"},
         {"a\nb\r\tc", "a\\x0Ab\\x0D\\x09c"},
@@ -149,11 +123,9 @@ TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
         {"\xF5\x80\x80\x80", "\\xF5\\x80\\x80\\x80"},
         {"\xE2\x82", "\\xE2\\x82"},    // cut off at the end
         {"\xE2\x82z", "\\xE2\\x82z"},  // cut off by a letter
-        {"\xF0\x9F\x98\n", "\\xF0\\x9F\\x98\\x0A"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Printable(c.text), c.shown);
-    }
+        {"\xF0\x9F\x98\n", "\\xF0\\x9F\\x98\\x0A"}};
+    for (const auto& [text, shown] : cases)
+        EXPECT_EQ(Printable(text), shown);
 }
 
 }  // namespace

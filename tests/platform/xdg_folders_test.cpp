@@ -3,79 +3,62 @@
 
 #include "platform/xdg_folders.h"
 
-#include <gtest/gtest.h>
 #include <pwd.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
+#include "support/folder_test.h"
 #include "support/scoped_variable.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
 
 namespace quorbit {
 namespace {
 
-namespace fs = std::filesystem;
+class XdgFolders : public FolderTest {};
 
-TEST(XdgFolders, FollowTheEnvironmentAndIgnoreRelativeValues)
+TEST_F(XdgFolders, FollowTheEnvironmentAndIgnoreRelativeValues)
 {
-    struct Case {
-        std::optional<std::string> xdg;
-        std::optional<std::string> home;
-        std::string config;
-        std::string state;
-    };
     const std::string passwd = ::getpwuid(::getuid())->pw_dir;
-    const Case cases[] = {
-        {"/x", "/h", "/x/quorbit", "/x/quorbit"},
-        {"/x/", "/h", "/x/quorbit", "/x/quorbit"},
-        {std::nullopt, "/h", "/h/.config/quorbit", "/h/.local/state/quorbit"},
-        {"", "/h\xFF/", "/h\xFF/.config/quorbit", "/h\xFF/.local/state/quorbit"},
-        {"rel", "/h", "/h/.config/quorbit", "/h/.local/state/quorbit"},
-        {"./x", std::nullopt, passwd + "/.config/quorbit", passwd + "/.local/state/quorbit"},
-        {std::nullopt, "h", passwd + "/.config/quorbit", passwd + "/.local/state/quorbit"},
-    };
-    for (const Case& c : cases) {
-        const ScopedVariable config("XDG_CONFIG_HOME", c.xdg);
-        const ScopedVariable state("XDG_STATE_HOME", c.xdg);
-        const ScopedVariable home("HOME", c.home);
-        EXPECT_EQ(ConfigFolder(), c.config);
-        EXPECT_EQ(StateFolder(), c.state);
+    const std::tuple<std::optional<std::string>, std::optional<std::string>, std::string,
+                     std::string>
+        cases[] = {{"/x", "/h", "/x", "/x"},
+                   {"/x/", "/h", "/x", "/x"},
+                   {{}, "/h", "/h/.config", "/h/.local/state"},
+                   {"", "/h\xFF/", "/h\xFF/.config", "/h\xFF/.local/state"},
+                   {"rel", "/h", "/h/.config", "/h/.local/state"},
+                   {"./x", {}, passwd + "/.config", passwd + "/.local/state"},
+                   {{}, "h", passwd + "/.config", passwd + "/.local/state"}};
+    for (const auto& [xdg, home, config, state] : cases) {
+        const ScopedVariable setConfig("XDG_CONFIG_HOME", xdg);
+        const ScopedVariable setState("XDG_STATE_HOME", xdg);
+        const ScopedVariable setHome("HOME", home);
+        EXPECT_EQ(ConfigFolder(), config + "/quorbit");
+        EXPECT_EQ(StateFolder(), state + "/quorbit");
     }
 }
 
-TEST(XdgFolders, FindInstalledFilesTheUsersOwnFirst)
+TEST_F(XdgFolders, FindInstalledFilesTheUsersOwnFirst)
 {
-    const TempFolder folder;
-    const std::string own = folder.Path() + "/own";
-    const std::string system = folder.Path() + "/system";
-    const ScopedVariable home("XDG_DATA_HOME", own);
-    const ScopedVariable dirs("XDG_DATA_DIRS", "rel::" + folder.Path() + "/none:" + system);
-    EXPECT_EQ(FindDataFile("help/index.html"), "");
-    WriteTree(folder.Path(), {"own/quorbit/help/index.html/",  // a folder is no file
-                              "system/quorbit/help/index.html=help"});
-    EXPECT_EQ(FindDataFile("help/index.html"), system + "/quorbit/help/index.html");
-    fs::remove(own + "/quorbit/help/index.html");
-    WriteContent(own + "/quorbit/help/index.html", "my help");
-    EXPECT_EQ(FindDataFile("help/index.html"), own + "/quorbit/help/index.html");
+    const ScopedVariable home("XDG_DATA_HOME", Path("own"));
+    const ScopedVariable dirs("XDG_DATA_DIRS", "rel::" + Path("none") + ":" + Path("system"));
+    EXPECT_EQ(FindDataFile("index.html"), "");
+    Write({"own/quorbit/index.html/",  // a folder is no file
+           "system/quorbit/index.html=help"});
+    EXPECT_EQ(FindDataFile("index.html"), Path("system/quorbit/index.html"));
+    std::filesystem::remove(Path("own/quorbit/index.html"));
+    Write({"own/quorbit/index.html=my help"});
+    EXPECT_EQ(FindDataFile("index.html"), Path("own/quorbit/index.html"));
 }
 
-TEST(XdgFolders, NewFoldersAreForTheUserAlone)
+TEST_F(XdgFolders, NewFoldersAreForTheUserAlone)
 {
-    const TempFolder folder;
-    fs::create_directory(folder.Path() + "/open");
-    fs::permissions(folder.Path() + "/open", fs::perms(0755));
-    ASSERT_TRUE(CreateFolders(folder.Path() + "/open/a/b/").Ok());
-    ASSERT_TRUE(CreateFolders(folder.Path() + "/open/a/b").Ok());
-    EXPECT_EQ(fs::status(folder.Path() + "/open").permissions(), fs::perms(0755));
-    EXPECT_EQ(fs::status(folder.Path() + "/open/a").permissions(), fs::perms(0700));
-    EXPECT_EQ(fs::status(folder.Path() + "/open/a/b").permissions(), fs::perms(0700));
-
-    WriteContent(folder.Path() + "/file", "x");
-    EXPECT_EQ(CreateFolders(folder.Path() + "/file/a").GetError().Kind(), ErrorKind::NotAFolder);
+    Write({"open/", "file=x"});
+    SetMode(Path("open"), 0755);
+    for (const char* name : {"open/a/b/", "open/a/b"})
+        ASSERT_TRUE(CreateFolders(Path(name)).Ok());
+    EXPECT_EQ(ModeOf(Path("open")), 0755U);
+    EXPECT_EQ(ModeOf(Path("open/a")), 0700U);
+    EXPECT_EQ(ModeOf(Path("open/a/b")), 0700U);
+    EXPECT_EQ(KindOf(CreateFolders(Path("file/a"))), ErrorKind::NotAFolder);
     EXPECT_FALSE(CreateFolders("").Ok());
     EXPECT_FALSE(CreateFolders("relative").Ok());
 }

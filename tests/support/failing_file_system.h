@@ -40,60 +40,128 @@ enum class FileSystemCall {
 };
 
 class FailingFileSystem final : public FileSystem {
+    using Call = FileSystemCall;
+    using Name = const std::string&;
+
 public:
     // The file system beneath must outlive this object.
     explicit FailingFileSystem(FileSystem& inner) : m_inner(inner) {}
 
     // Calls of a kind are numbered from 1, since this object was made.
-    void FailAt(FileSystemCall call, int number, const Error& error)
+    void FailAt(Call call, int number, const Error& error)
     {
         m_failures.insert_or_assign({call, number}, error);
     }
     // Every call of the kind from now on.
-    void FailAlways(FileSystemCall call, const Error& error)
-    {
-        m_alwaysFailing.insert_or_assign(call, error);
-    }
-    void RunBefore(FileSystemCall call, int number, std::function<void()> action)
+    void FailAlways(Call call, const Error& error) { FailAt(call, kAlways, error); }
+    void RunBefore(Call call, int number, std::function<void()> action)
     {
         m_actions[{call, number}] = std::move(action);
     }
-    [[nodiscard]] int Count(FileSystemCall call) const;
+    [[nodiscard]] int Count(Call call) const
+    {
+        return m_counts.contains(call) ? m_counts.at(call) : 0;
+    }
 
     // For the listings that it gives out, too: counts, acts, and tells whether the call is to fail.
-    [[nodiscard]] Status Enter(FileSystemCall call);
+    [[nodiscard]] Status Enter(Call call);
 
-    Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
-    Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent,
-                                                  const std::string& name) override;
-    bool StillThere(const Folder& folder) override;
-    bool IsProtected(const Folder& folder) override;
+    Result<std::unique_ptr<Folder>> OpenFolder(Name path) override
+    {
+        return Through(Call::OpenFolder, &FileSystem::OpenFolder, path);
+    }
+    Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent, Name name) override
+    {
+        return Through(Call::OpenSubfolder, &FileSystem::OpenSubfolder, parent, name);
+    }
+    bool StillThere(const Folder& folder) override
+    {
+        return Enter(Call::StillThere) && m_inner.StillThere(folder);
+    }
+    bool IsProtected(const Folder& folder) override
+    {
+        return !Enter(Call::IsProtected) || m_inner.IsProtected(folder);
+    }
     Result<std::unique_ptr<Listing>> List(const Folder& folder) override;
-    Status ReadDetails(const Folder& folder, FindData& item) override;
-    Status ReadAttributes(const Folder& folder, FindData& item) override;
-    Result<FindData> Probe(const Folder& folder, const std::string& name) override;
-    Status SetAttributes(const Folder& folder, const std::string& name,
-                         std::uint32_t attributes) override;
+    Status ReadDetails(const Folder& folder, FindData& item) override
+    {
+        return Through(Call::ReadDetails, &FileSystem::ReadDetails, folder, item);
+    }
+    Status ReadAttributes(const Folder& folder, FindData& item) override
+    {
+        return Through(Call::ReadAttributes, &FileSystem::ReadAttributes, folder, item);
+    }
+    Result<FindData> Probe(const Folder& folder, Name name) override
+    {
+        return Through(Call::Probe, &FileSystem::Probe, folder, name);
+    }
+    Status SetAttributes(const Folder& folder, Name name, std::uint32_t attributes) override
+    {
+        return Through(Call::SetAttributes, &FileSystem::SetAttributes, folder, name, attributes);
+    }
     Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder, const FindData& item,
-                                                   ReadAhead readAhead) override;
-    Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
-                    const CopyOptions& options) override;
-    Status DeleteFile(const Folder& folder, const std::string& name) override;
-    Status RemoveFolder(const Folder& parent, const std::string& name) override;
-    Status CreateFolder(const Folder& parent, const std::string& name, const Folder* like) override;
-    Status Link(const Folder& folder, const std::string& name, const std::string& newName) override;
-    Status Rename(const Folder& folder, const std::string& name,
-                  const std::string& newName) override;
-    void SweepLeftovers(const Folder& folder) override;
-    Status SyncWritten() override;
+                                                   ReadAhead readAhead) override
+    {
+        return Through(Call::OpenSource, &FileSystem::OpenSource, folder, item, readAhead);
+    }
+    // Hints, that neither fail nor count.
+    void FetchAhead(const Folder& folder, const FindData& item) override
+    {
+        m_inner.FetchAhead(folder, item);
+    }
+    [[nodiscard]] std::size_t FetchedInVain() const override { return m_inner.FetchedInVain(); }
+    Status CopyFile(SourceFile& source, const Folder& destination, Name name,
+                    const CopyOptions& options) override
+    {
+        return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination, name, options);
+    }
+    Status DeleteFile(const Folder& folder, Name name) override
+    {
+        return Through(Call::DeleteFile, &FileSystem::DeleteFile, folder, name);
+    }
+    Status RemoveFolder(const Folder& parent, Name name) override
+    {
+        return Through(Call::RemoveFolder, &FileSystem::RemoveFolder, parent, name);
+    }
+    Status CreateFolder(const Folder& parent, Name name, const Folder* like) override
+    {
+        return Through(Call::CreateFolder, &FileSystem::CreateFolder, parent, name, like);
+    }
+    Status Link(const Folder& folder, Name name, Name newName) override
+    {
+        return Through(Call::Link, &FileSystem::Link, folder, name, newName);
+    }
+    Status Rename(const Folder& folder, Name name, Name newName) override
+    {
+        return Through(Call::Rename, &FileSystem::Rename, folder, name, newName);
+    }
+    void SweepLeftovers(const Folder& folder) override
+    {
+        if (Enter(Call::SweepLeftovers))
+            m_inner.SweepLeftovers(folder);
+    }
+    Status SyncWritten() override { return Through(Call::SyncWritten, &FileSystem::SyncWritten); }
 
 private:
-    using Moment = std::pair<FileSystemCall, int>;
+    // What the call gives, or the failure in its place.
+    template <class Value, class... Parameters, class... Arguments>
+    Value Through(Call call, Value (FileSystem::*function)(Parameters...), Arguments&&... arguments)
+    {
+        const Status entered = Enter(call);
+        if (entered)
+            return (m_inner.*function)(std::forward<Arguments>(arguments)...);
+        if constexpr (std::is_same_v<Value, Status>)
+            return entered;
+        else
+            return entered.GetError();
+    }
+
+    using Moment = std::pair<Call, int>;
+    static constexpr int kAlways = 0;
 
     FileSystem& m_inner;
-    std::map<FileSystemCall, int> m_counts;
+    std::map<Call, int> m_counts;
     std::map<Moment, Error> m_failures;
-    std::map<FileSystemCall, Error> m_alwaysFailing;
     std::map<Moment, std::function<void()>> m_actions;
 };
 

@@ -8,7 +8,9 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <cstdio>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,15 +24,15 @@ struct ProgramCall {
 };
 
 struct ProgramResult {
-    int exitCode = -1;      // -1 if it was ended by a signal or could not be started
+    int exitCode = -1;      // -1 if it was ended by a signal; 127 if it could not be started
     int endedBySignal = 0;  // 0 if it ended by itself
     bool timedOut = false;
     std::string out;  // standard output
-    std::string err;  // standard error; the reason if it could not be started
+    std::string err;  // standard error
 };
 
 // A program that has been started, with an empty standard input, in a process group of its own.
-// Kills what is left of it when it goes.
+// Kills it and what it started, unless it has been waited for.
 class Program {
 public:
     explicit Program(const ProgramCall& call);
@@ -40,22 +42,17 @@ public:
 
     // Sends a signal to the program, not to what it started.
     void Signal(int number) const;
-    // Collects the output and returns when the program has ended and nobody holds its output any
-    // more, or when the time of the call is over. Call it once.
+    // Returns when the program has ended, or when the time of the call is over. Call it once.
     [[nodiscard]] ProgramResult Wait();
 
 private:
-    [[nodiscard]] bool Start(const ProgramCall& call);
-    [[nodiscard]] bool ReadOutput(std::chrono::milliseconds atMost);
-    [[nodiscard]] bool HasEnded();
-    void KillAll();
+    using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
     std::chrono::steady_clock::time_point m_deadline;
-    pid_t m_pid = -1;  // -1 once it has been waited for
-    pid_t m_group = -1;
-    int m_fdOut = -1;  // -1 at its end
-    int m_fdErr = -1;
-    ProgramResult m_result;
+    File m_out{std::tmpfile(), std::fclose};
+    File m_err{std::tmpfile(), std::fclose};
+    pid_t m_pid;  // of its group, too; that stands until it has been waited for
+    bool m_bWaitedFor = false;
 };
 
 // Starts a program and waits for its end.

@@ -17,7 +17,6 @@
 #include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 
 namespace quorbit {
 
@@ -29,51 +28,39 @@ std::string ReadAll(int fd)
 {
     std::string content;
     std::array<char, 65536> buffer{};
-    for (ssize_t got = 0; (got = ::read(fd, buffer.data(), buffer.size())) > 0;) {
+    for (ssize_t got = 0; (got = ::read(fd, buffer.data(), buffer.size())) > 0;)
         content.append(buffer.data(), static_cast<std::size_t>(got));
-    }
     ::close(fd);
     return content;
 }
 
 std::string Shortened(const std::string& content)
 {
-    if (content.size() <= kLongContent) {
+    if (content.size() <= kLongContent)
         return content;
-    }
     return "(" + std::to_string(content.size()) + " bytes, " +
            std::to_string(std::hash<std::string>{}(content)) + ")";
 }
 
 std::string Describe(int folder, const std::string& name, const struct stat& details)
 {
-    if (S_ISDIR(details.st_mode)) {
+    if (S_ISDIR(details.st_mode))
         return "/";
-    }
-    if (S_ISLNK(details.st_mode)) {
-        std::array<char, PATH_MAX> target{};
-        const ssize_t size = ::readlinkat(folder, name.c_str(), target.data(), target.size());
-        return "->" +
-               std::string(target.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-    }
-    if (S_ISREG(details.st_mode)) {
+    if (S_ISREG(details.st_mode))
         return "=" + Shortened(ReadAll(::openat(folder, name.c_str(), O_RDONLY | O_CLOEXEC)));
-    }
-    return S_ISFIFO(details.st_mode) ? "|" : "?";
+    if (!S_ISLNK(details.st_mode))
+        return S_ISFIFO(details.st_mode) ? "|" : "?";
+    std::string target(PATH_MAX, '\0');
+    const ssize_t size = ::readlinkat(folder, name.c_str(), target.data(), target.size());
+    return "->" + target.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
 }
 
 std::string Details(const struct stat& details)
 {
     std::array<char, 64> text{};
-    (void)std::snprintf(text.data(), text.size(), " %04o", details.st_mode & 07777U);
-    std::string result = text.data();
-    if (!S_ISDIR(details.st_mode)) {
-        (void)std::snprintf(text.data(), text.size(), " %lld.%09ld",
-                            static_cast<long long>(details.st_mtim.tv_sec),
-                            details.st_mtim.tv_nsec);
-        result += text.data();
-    }
-    return result;
+    (void)std::snprintf(text.data(), text.size(), " %04o %lld.%09ld", details.st_mode & 07777U,
+                        static_cast<long long>(details.st_mtim.tv_sec), details.st_mtim.tv_nsec);
+    return S_ISDIR(details.st_mode) ? std::string(text.data(), 5) : text.data();
 }
 
 // Takes the descriptor.
@@ -144,6 +131,11 @@ void SetModified(const std::string& path, std::int64_t seconds, std::uint32_t na
     EXPECT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW), 0) << path;
 }
 
+void SetMode(const std::string& path, unsigned mode)
+{
+    EXPECT_EQ(::chmod(path.c_str(), mode), 0) << path;
+}
+
 unsigned ModeOf(const std::string& path)
 {
     struct stat details {};
@@ -153,13 +145,8 @@ unsigned ModeOf(const std::string& path)
 
 std::string ContentOf(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        return "(none)";
-    }
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    return fd < 0 ? "(none)" : ReadAll(fd);
 }
 
 void WriteContent(const std::string& path, const std::string& content)

@@ -34,6 +34,7 @@ void SetModified(const std::string& path, std::int64_t seconds, std::uint32_t na
 
 // Permission bits of an item; of what a link points to.
 [[nodiscard]] unsigned ModeOf(const std::string& path);
+void SetMode(const std::string& path, unsigned mode);
 
 // Content of a regular file; "(none)" if there is none.
 [[nodiscard]] std::string ContentOf(const std::string& path);

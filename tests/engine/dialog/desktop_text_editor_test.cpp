@@ -55,21 +55,19 @@ TEST_F(DesktopTextEditorTest, TellsWhyNothingWasStarted)
 
 TEST(ViewLogTest, EveryFaultHasItsMessage)
 {
-    const std::vector<std::pair<EditorStart, std::string>> cases{
+    const std::pair<EditorStart, const char*> cases[] = {
+        {EditorStart::Started, nullptr},
         {EditorStart::OutOfMemory, "System out of memory"},
         {EditorStart::FileNotFound, "File not found while attempting to open text editor."},
         {EditorStart::PathNotFound, "Path not found while attempting to open text editor."},
-        {EditorStart::BadFormat, "Bad format opening text editor."},
-    };
-    RecordingEditor editor;
-    ScriptedPrompts prompts;
-    ViewLog(editor, prompts, "/logs/a.log");
-    EXPECT_TRUE(prompts.boxes.empty());
+        {EditorStart::BadFormat, "Bad format opening text editor."}};
     for (const auto& [fault, text] : cases) {
+        RecordingEditor editor;
+        ScriptedPrompts prompts;
         editor.result = fault;
         ViewLog(editor, prompts, "/logs/a.log");
-        EXPECT_EQ(prompts.boxes.back(),
-                  (ScriptedPrompts::Box{text, "Quorbit", PromptIcon::Stop, PromptButtons::Ok}));
+        EXPECT_EQ(prompts.boxes,
+                  text ? Boxes({{text, "Quorbit", PromptIcon::Stop, PromptButtons::Ok}}) : Boxes());
     }
 }
 

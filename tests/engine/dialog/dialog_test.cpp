@@ -7,7 +7,6 @@
 #include <QElapsedTimer>
 #include <QThread>
 #include <cerrno>
-#include <chrono>
 
 namespace quorbit {
 
@@ -18,26 +17,6 @@ PromptAnswer ScriptedPrompts::Ask(const std::string& text, const std::string& ca
     if (whileOpen)
         whileOpen();
     return buttons == PromptButtons::Ok ? PromptAnswer::Ok : answer;
-}
-
-void Gate::Pass()
-{
-    std::unique_lock lock(m_mutex);
-    m_bReached = true;
-    m_opened.wait(lock, [this] { return m_bOpen; });
-}
-
-bool Gate::Reached()
-{
-    const std::lock_guard lock(m_mutex);
-    return m_bReached;
-}
-
-void Gate::Open()
-{
-    const std::lock_guard lock(m_mutex);
-    m_bOpen = true;
-    m_opened.notify_all();
 }
 
 DialogTest::DialogTest()
@@ -115,9 +94,13 @@ void DialogTest::Until(const std::function<bool()>& done)
 void DialogTest::UntilReached(Gate& gate)
 {
     Until([&] { return gate.Reached(); });
-    // Twice the time between two looks of the dialog.
-    const auto shown = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
-    Until([&] { return std::chrono::steady_clock::now() > shown; });
+    Wait(std::chrono::milliseconds(100));  // twice the time between two looks of the dialog
+}
+
+void DialogTest::Wait(std::chrono::milliseconds time)
+{
+    const auto end = std::chrono::steady_clock::now() + time;
+    Until([&] { return std::chrono::steady_clock::now() > end; });
 }
 
 void DialogTest::UntilEnded()

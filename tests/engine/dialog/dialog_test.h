@@ -5,12 +5,12 @@
 
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include <condition_variable>
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -44,6 +44,9 @@ public:
     std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
 };
 
+using Boxes = std::vector<ScriptedPrompts::Box>;
+using Lines = std::vector<std::string>;
+
 class RecordingEditor : public TextEditor {
 public:
     std::vector<std::string> opened;
@@ -59,15 +62,21 @@ public:
 // Holds the worker at a place until it is opened.
 class Gate {
 public:
-    void Pass();  // worker
-    [[nodiscard]] bool Reached();
-    void Open();
+    void Pass()  // worker
+    {
+        m_bReached = true;
+        m_bOpen.wait(false);
+    }
+    [[nodiscard]] bool Reached() const { return m_bReached; }
+    void Open()
+    {
+        m_bOpen = true;
+        m_bOpen.notify_all();
+    }
 
 private:
-    std::mutex m_mutex;
-    std::condition_variable m_opened;
-    bool m_bReached = false;
-    bool m_bOpen = false;
+    std::atomic<bool> m_bReached = false;
+    std::atomic<bool> m_bOpen = false;
 };
 
 class DialogTest : public testing::Test {
@@ -94,6 +103,8 @@ protected:
     void UntilReached(Gate& gate);
     void UntilEnded();   // the Cancel button reads "OK"
     void UntilClosed();  // the dialog has closed itself
+    // Serves events for some time.
+    void Wait(std::chrono::milliseconds time);
     // A whole run up to its end, OK pressed.
     void RunAndClose();
 

@@ -13,8 +13,6 @@
 namespace quorbit {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // A log that counts how often it is closed, and that can be full.
 class CountedLog : public LogOutput {
 public:
@@ -38,37 +36,28 @@ protected:
             return Result<std::unique_ptr<LogOutput>>(std::make_unique<CountedLog>(m_closed, full));
         };
     }
-    void RefuseLog(const Error& error)
-    {
-        m_services.createLog = [error](const std::string&) {
-            return Result<std::unique_ptr<LogOutput>>(error);
-        };
-    }
 
     std::atomic<int> m_closed = 0;
 };
 
 TEST_F(ProgressDialogEndTest, EveryModeEndsInItsOwnWay)
 {
-    struct Case {
+    const struct {
         std::uint32_t mode;
         std::uint32_t optFlags;
         bool fails;
         bool closesItself;
         Lines told;
-    };
-    const std::vector<Case> cases{
-        {0, 1, true, false, {}},
-        {0, 3, false, false, {"refresh"}},
-        {kRunAndQuit, 3, false, true, {"exit"}},
-        {kRunAndQuit, 3, true, true, {"exit code 1", "exit"}},
-        {kRunAndStayOpen, 3, false, false, {"exit"}},
-        {kRunAndStayOpen, 3, true, false, {"exit code 1", "exit"}},
-        {kRunInvisible, 2, true, true, {"exit code 1", "exit"}},
-    };
+    } cases[] = {{0, 1, true, false, {}},
+                 {0, 3, false, false, {"refresh"}},
+                 {kRunAndQuit, 3, false, true, {"exit"}},
+                 {kRunAndQuit, 3, true, true, {"exit code 1", "exit"}},
+                 {kRunAndStayOpen, 3, false, false, {"exit"}},
+                 {kRunAndStayOpen, 3, true, false, {"exit code 1", "exit"}},
+                 {kRunInvisible, 2, true, true, {"exit code 1", "exit"}}};
     Write({"from/a.txt=a"});
     AddCopy();
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE("mode " + std::to_string(c.mode) + (c.fails ? " with an error" : ""));
         m_told.clear();
         m_services.nRunMode = c.mode;
@@ -95,9 +84,9 @@ TEST_F(ProgressDialogEndTest, AnEmptyDocumentIsToldAndEndsAsAnyRun)
     m_services.nRunMode = kRunAndQuit;
     Open();
     UntilClosed();
-    EXPECT_EQ(m_prompts.boxes,
-              (std::vector{ScriptedPrompts::Box{"The Batch File is empty.", "",
-                                                PromptIcon::Exclamation, PromptButtons::Ok}}));
+    EXPECT_EQ(
+        m_prompts.boxes,
+        Boxes({{"The Batch File is empty.", "", PromptIcon::Exclamation, PromptButtons::Ok}}));
     EXPECT_TRUE(Log().starts_with("\r\n\r\nElapsed time: 0:0:0\r\nTotal Count: 0\r\n"));
     EXPECT_EQ(m_told, Lines{"exit"});
 }
@@ -106,32 +95,31 @@ TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
 {
     const Error missing = ErrorFromErrno(ENOENT);
     const Error busy(ErrorKind::Busy, "in use");
-    struct Case {
-        Error error;
-        std::uint32_t mode;
-        std::string text;
-        Lines told;
-    };
     const std::string cannot =
         "The log file cannot be created: " + m_strLog + ": " + missing.Text();
     const std::string inUse =
         "This batch file is being run already. Its log file is in use by that run: " + m_strLog;
-    const std::vector<Case> cases{{missing, 0, cannot, {"end 0"}},
-                                  {missing, kRunAndQuit, cannot, {"end 0"}},
-                                  {busy, 0, inUse, {}},
-                                  {busy, kRunAndQuit, inUse, {"end 2"}}};
+    const struct {
+        Error error;
+        std::uint32_t mode;
+        std::string text;
+        Lines told;
+    } cases[] = {{missing, 0, cannot, {"end 0"}},
+                 {missing, kRunAndQuit, cannot, {"end 0"}},
+                 {busy, 0, inUse, {}},
+                 {busy, kRunAndQuit, inUse, {"end 2"}}};
     Write({"from/a.txt=a"});
     AddCopy();
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         m_told.clear();
         m_prompts.boxes.clear();
         m_services.nRunMode = c.mode;
-        RefuseLog(c.error);
+        m_services.createLog = [&c](const std::string&) {
+            return Result<std::unique_ptr<LogOutput>>(c.error);
+        };
         Open();
         UntilClosed();
-        EXPECT_EQ(
-            m_prompts.boxes,
-            (std::vector{ScriptedPrompts::Box{c.text, "", PromptIcon::Stop, PromptButtons::Ok}}));
+        EXPECT_EQ(m_prompts.boxes, Boxes({{c.text, "", PromptIcon::Stop, PromptButtons::Ok}}));
         EXPECT_EQ(m_told, c.told);
         EXPECT_EQ(m_files.Count(FileSystemCall::OpenFolder), 0);
         m_pDialog.reset();

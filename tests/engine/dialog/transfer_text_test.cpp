@@ -16,8 +16,7 @@ TEST(TransferTextTest, AmountsHaveThreeDigits)
         {0, "0 bytes"},        {1, "1 byte"},          {1023, "1023 bytes"},
         {1024, "1.00 KB"},     {10'235, "10.0 KB"},    {102'400, "100 KB"},
         {1'023'000, "999 KB"}, {1'023'900, "0.98 MB"}, {1.5 * (1 << 20), "1.50 MB"},
-        {5e12, "4.55 TB"},     {5e18, "4441 PB"},
-    };
+        {5e12, "4.55 TB"},     {5e18, "4441 PB"}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(AmountText(bytes), text) << bytes;
 }
@@ -30,8 +29,7 @@ TEST(TransferTextTest, TimesAreCoarserTheLongerTheyAre)
         {56, "about 1 minute left"},   {89, "about 1 minute left"},
         {90, "about 2 minutes left"},  {3569, "about 59 minutes left"},
         {3570, "about 1 hour left"},   {5000, "about 1 hour 20 minutes left"},
-        {7200, "about 2 hours left"},
-    };
+        {7200, "about 2 hours left"}};
     for (const auto& [left, text] : cases)
         EXPECT_EQ(TimeLeftText(seconds(left)), text) << left;
 }

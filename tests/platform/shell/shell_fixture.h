@@ -5,9 +5,8 @@
 
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include <optional>
 #include <stop_token>
 #include <string>
 #include <utility>
@@ -16,40 +15,29 @@
 #include "platform/shell/desktop_folder.h"
 #include "platform/shell/shell_constants.h"
 #include "platform/shell/shell_pidl.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 
 inline constexpr std::uint32_t kEverything =
     SHCONTF_FOLDERS | SHCONTF_NONFOLDERS | SHCONTF_INCLUDEHIDDEN;
 
-class ShellTest : public testing::Test {
+class ShellTest : public FolderTest {
 protected:
-    [[nodiscard]] std::string Path(const std::string& name = "") const
-    {
-        return m_folder.Path() + (name.empty() ? "" : "/" + name);
-    }
-
     [[nodiscard]] ShellFolderPtr Desktop() const
     {
         return MakeDesktopFolder({[this] { return ParseMountTable(m_strMounts); }, m_strDesktop,
                                   m_drives, m_folder.Path() + "/dev/"});
     }
 
-    // The folder that a parsing name names, and the absolute list of that.
+    // The folder that a parsing name names.
     [[nodiscard]] ShellFolderPtr Bind(const std::string& name) const
     {
-        const ShellFolderPtr desktop = Desktop();
-        const auto list = desktop->ParseDisplayName(name);
+        ShellFolderPtr folder = Desktop();
+        const auto list = folder->ParseDisplayName(name);
         EXPECT_TRUE(list.Ok()) << name;
-        ShellFolderPtr folder = desktop;
-        for (ItemIdView id = list ? list->View() : ItemIdView(); folder && ItemIdSize(id) != 0;
-             id = CShellPidl::GetNextItemId(id)) {
-            auto bound = folder->BindToObject(id);
-            EXPECT_TRUE(bound.Ok()) << name;
-            folder = bound ? *bound : nullptr;
-        }
+        for (ItemIdView id = *list; ItemIdSize(id) != 0; id = CShellPidl::GetNextItemId(id))
+            folder = *folder->BindToObject(id);
         return folder;
     }
     [[nodiscard]] ShellFolderPtr BindTemp(const std::string& name = "") const
@@ -63,42 +51,34 @@ protected:
         std::vector<ItemIdList> ids;
         const auto items = folder.EnumObjects(flags, {});
         auto next = items->Next();
-        for (; next && next->has_value(); next = items->Next()) {
+        for (; next && next->has_value(); next = items->Next())
             ids.push_back(std::move(**next));
-        }
         EXPECT_TRUE(next.Ok());
         return ids;
     }
-
     [[nodiscard]] static std::vector<std::string> Names(const ShellFolder& folder,
                                                         std::uint32_t flags = kEverything,
                                                         std::uint32_t kind = SHGDN_NORMAL)
     {
         std::vector<std::string> names;
-        for (const ItemIdList& id : Ids(folder, flags)) {
+        for (const ItemIdList& id : Ids(folder, flags))
             names.push_back(CShellPidl::GetItemName(folder, id, kind).value_or("(none)"));
-        }
         return names;
     }
-
     [[nodiscard]] static ItemIdList IdOf(const ShellFolder& folder, const std::string& name)
     {
-        for (ItemIdList& id : Ids(folder)) {
-            if (CShellPidl::GetItemName(folder, id, SHGDN_NORMAL) == name) {
+        for (ItemIdList& id : Ids(folder))
+            if (CShellPidl::GetItemName(folder, id, SHGDN_NORMAL) == name)
                 return std::move(id);
-            }
-        }
         ADD_FAILURE() << "no item " << name;
         return {};
     }
-
     [[nodiscard]] static std::uint32_t AttributesOf(const ShellFolder& folder,
                                                     const std::string& name)
     {
         return folder.GetAttributesOf(IdOf(folder, name), 0xF0000170).Value();
     }
 
-    TempFolder m_folder;
     std::string m_strMounts = "20 1 8:1 / / rw - ext4 /dev/sda1 rw\n";
     std::string m_strDesktop = m_folder.Path() + "/Desktop";
     DriveMap m_drives;

@@ -4,15 +4,9 @@
 #include "platform/shell/volume_list.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
 
 #include "platform/shell/gvfs_name.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
@@ -22,11 +16,6 @@ using testing::IsEmpty;
 
 const std::string kRoot = "20 1 8:1 / / rw - ext4 /dev/sda1 rw\n";
 
-std::string LetterOf(VolumeKind kind)
-{
-    return std::string(1, "FROn"[static_cast<int>(kind)]);
-}
-
 // The labels in the order of the paths, with F, R, O or n for the kind.
 std::vector<std::string> Listed(const std::string& table, const DriveMap& drives = {},
                                 const std::string& devices = "/nowhere/")
@@ -34,7 +23,7 @@ std::vector<std::string> Listed(const std::string& table, const DriveMap& drives
     std::vector<std::string> result;
     for (const ShellVolume& volume : ListVolumes(ParseMountTable(table), drives, devices)) {
         EXPECT_TRUE(EndsInSeparator(volume.path));
-        result.push_back(LetterOf(volume.kind) + " " + volume.label);
+        result.push_back("FROn"[static_cast<int>(volume.kind)] + (" " + volume.label));
     }
     return result;
 }
@@ -118,21 +107,13 @@ TEST(VolumeList, ShowsEachContentOnceAndSubvolumesAndSharesForThemselves)
         << "a container";
 }
 
-TEST(VolumeList, AlwaysHasARootFolder)
-{
-    EXPECT_THAT(Listed(""), ElementsAre("F root (/)"));
-    EXPECT_THAT(Listed("31 20 8:2 / /data rw - ext4 /dev/sda2 rw\n"),
-                ElementsAre("F root (/)", "F data (/data)"));
-}
+class VolumeLabelTest : public FolderTest {};
 
-TEST(VolumeList, CallsAFileSystemByItsLabel)
+TEST_F(VolumeLabelTest, CallsAFileSystemByItsLabel)
 {
-    const TempFolder folder;
-    const std::string devices = folder.Path() + "/";
-    WriteTree(
-        folder.Path(),
-        {"sdb1=", "dm-0=", "mapper/vault->../dm-0", "disk/by-label/Old\\x20Photos->../../sdb1",
-         "disk/by-label/safe\\x->../../dm-0", "disk/by-label/gone->../../sdz9"});
+    const std::string devices = Path() + "/";
+    Write({"sdb1=", "dm-0=", "mapper/vault->../dm-0", "disk/by-label/Old\\x20Photos->../../sdb1",
+           "disk/by-label/safe\\x->../../dm-0", "disk/by-label/gone->../../sdz9"});
     EXPECT_THAT(
         Listed(kRoot + "30 20 8:17 / /mnt/usb rw - ext4 " + devices + "sdb1 rw\n" +
                    "31 20 253:0 / /mnt/v rw - ext4 " + devices + "mapper/vault rw\n" +
@@ -141,11 +122,16 @@ TEST(VolumeList, CallsAFileSystemByItsLabel)
         ElementsAre("F root (/)", "F Old Photos (/mnt/usb)", "F safe\\x (/mnt/v)", "F w (/mnt/w)"));
 }
 
-TEST(VolumeList, HoldsMappedDrivesWithTheirLetters)
+TEST(VolumeList, HoldsARootFolderInAnyCaseAndMappedDrivesWithTheirLetters)
 {
+    EXPECT_THAT(Listed(""), ElementsAre("F root (/)"));
     const std::string table = kRoot + "40 20 0:40 / /mnt/nas rw - cifs //nas/docs rw\n";
-    EXPECT_THAT(Listed(table, {{'C', "/mnt/c"}, {'N', "/mnt/nas/sub/"}, {'X', ""}, {'Y', "rel"}}),
-                ElementsAre("F root (/)", "n docs on nas (/mnt/nas)", "F c (C:)", "n sub (N:)"));
+    EXPECT_THAT(
+        Listed(
+            table,
+            {{'C', "/mnt/c"}, {'N', "/mnt/nas/sub/"}, {'O', "/mnt/nas2"}, {'X', ""}, {'Y', "rel"}}),
+        ElementsAre("F root (/)", "n docs on nas (/mnt/nas)", "F c (C:)", "n sub (N:)",
+                    "F nas2 (O:)"));
 }
 
 TEST(GvfsFolders, AreThoseOfTheUserWhoAsks)
@@ -161,7 +147,7 @@ TEST(GvfsFolders, AreThoseOfTheUserWhoAsks)
 
 TEST(GvfsName, TellsShareAndServer)
 {
-    const std::vector<std::pair<std::string, std::string>> cases = {
+    const std::pair<const char*, const char*> cases[] = {
         {"smb-share:port=4450,server=127.0.0.1,share=s", "s on 127.0.0.1"},
         {"smb-share:server=nas,share=my%20docs,user=me", "my docs on nas"},
         {"sftp:host=example.org,user=me", "example.org"},
@@ -169,11 +155,9 @@ TEST(GvfsName, TellsShareAndServer)
         {"smb-share:server=nas,share=a%0Ab", "a\\x0Ab on nas"},
         {"mtp:", "mtp:"},
         {"something", "something"},
-        {"bad\xFF", "bad\\xFF"},
-    };
-    for (const auto& [name, label] : cases) {
+        {"bad\xFF", "bad\\xFF"}};
+    for (const auto& [name, label] : cases)
         EXPECT_EQ(GvfsLabel(name), label);
-    }
 }
 
 }  // namespace
