@@ -5,12 +5,14 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 #include <chrono>
 
 #include "app/identity.h"
 #include "batch/machine_values.h"
+#include "look/pictures.h"
 #include "platform/mount_table.h"
 #include "platform/path_text.h"
 #include "platform/system_facts.h"
@@ -37,14 +39,27 @@ QLabel* ProductName(QWidget* parent)
     return label;
 }
 
-QLabel* Link(QWidget* parent)
+// The mark of the program beside its name, version and address.
+QLayout* Head(LinkServices services, QWidget* parent)
 {
-    const QString address = QLatin1String(kWebAddress);
-    auto* label =
-        new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(address.toHtmlEscaped()), parent);
-    label->setTextInteractionFlags(Qt::TextBrowserInteraction);
-    label->setOpenExternalLinks(true);
-    return label;
+    auto* link = new CHyperLink(services, parent);
+    link->setObjectName(QStringLiteral("m_link"));
+    link->SetText(QLatin1String(kWebAddress));
+
+    auto* names = new QVBoxLayout;
+    names->addWidget(ProductName(parent));
+    names->addWidget(Text(QStringLiteral("Version %1").arg(QLatin1String(QUORBIT_VERSION)),
+                          "m_stcVersion", parent));
+    names->addWidget(link, 0, Qt::AlignLeft);
+
+    const int side = parent->fontMetrics().height() * 4;
+    auto* mark = new QLabel(parent);
+    mark->setPixmap(Picture("quorbit").pixmap(QSize(side, side), parent->devicePixelRatioF()));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(parent->fontMetrics().averageCharWidth() * 2);
+    row->addWidget(mark, 0, Qt::AlignTop);
+    row->addLayout(names, 1);
+    return row;
 }
 
 QString FreeText(const AboutFacts& facts)
@@ -74,7 +89,7 @@ AboutFacts ReadAboutFacts()
     return facts;
 }
 
-CAboutDlg::CAboutDlg(QWidget* parent, const AboutFacts& facts) : QDialog(parent)
+CAboutDlg::CAboutDlg(QWidget* parent, const AboutFacts& facts, LinkServices link) : QDialog(parent)
 {
     setWindowTitle(QStringLiteral("About QRB"));
     auto* rows = new QFormLayout;
@@ -86,10 +101,7 @@ CAboutDlg::CAboutDlg(QWidget* parent, const AboutFacts& facts) : QDialog(parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
     auto* column = new QVBoxLayout(this);
-    column->addWidget(ProductName(this));
-    column->addWidget(Text(QStringLiteral("Version %1").arg(QLatin1String(QUORBIT_VERSION)),
-                           "m_stcVersion", this));
-    column->addWidget(Link(this));
+    column->addLayout(Head(link, this));
     column->addSpacing(fontMetrics().height());
     column->addLayout(rows);
     column->addSpacing(fontMetrics().height());

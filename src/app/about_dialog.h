@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 
+#include "look/hyper_link.h"
+
 namespace quorbit {
 
 struct AboutFacts {
@@ -22,7 +24,7 @@ struct AboutFacts {
 
 class CAboutDlg : public QDialog {
 public:
-    CAboutDlg(QWidget* parent, const AboutFacts& facts);
+    CAboutDlg(QWidget* parent, const AboutFacts& facts, LinkServices link);
 };
 
 }  // namespace quorbit

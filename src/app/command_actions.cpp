@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "batch/command_table.h"
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 
 namespace quorbit {
 namespace {
@@ -54,12 +56,14 @@ QAction* CommandActions::Get(int nId)
     QAction*& action = m_actions[nId];
     if (action == nullptr) {
         action = new QAction(&m_owner);
+        action->setData(nId);
         if (const Command* command = FindCommand(nId)) {
             const QString key = ToText(command->keyName);
             action->setText(ToText(command->text) +
                             (key.isEmpty() ? key : QLatin1Char('\t') + key));
             action->setStatusTip(ToText(command->help));
         }
+        SetHelpTopic(*action, HelpTopicOfCommand(nId));
         QObject::connect(action, &QAction::triggered, &m_owner, [this, nId] { m_run(nId); });
     }
     return action;

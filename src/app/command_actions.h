@@ -25,8 +25,8 @@ public:
     CommandActions(QWidget& owner, std::function<CommandState(int)> stateOf,
                    std::function<void(int)> run);
 
-    // The action of a command for a menu or bar, one a command. A number that is not in the table
-    // gets an action without text.
+    // The action of a command for a menu or bar, one a command; its data is the number. A number
+    // that is not in the table gets an action without text.
     [[nodiscard]] QAction* Get(int nId);
     // Brings all of them up to date. A key asks by itself when it is pressed.
     void UpdateStates();

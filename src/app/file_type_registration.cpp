@@ -4,6 +4,7 @@
 #include "app/file_type_registration.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <string_view>
 
 #include "app/identity.h"
@@ -68,9 +69,42 @@ bool Exists(const std::string& path)
     return content || content.GetError().Kind() != ErrorKind::Missing;
 }
 
+bool RemoveFile(const std::string& path)
+{
+    return std::remove(path.c_str()) == 0;
+}
+
 bool StartsProgram(const std::string& entry, const std::string& program)
 {
     return entry.find("\nExec=" + ExecArgument(program) + " ") != std::string::npos;
+}
+
+// Whether an entry is what this program writes for some path of its own, to the letter.
+bool IsOwnEntry(const std::string& entry)
+{
+    const std::string pattern = EntryText({});
+    const std::size_t start = pattern.find("\"\" %f");
+    const std::string before = pattern.substr(0, start);
+    const std::string after = pattern.substr(start + 2);
+    return entry.size() >= before.size() + after.size() && entry.starts_with(before) &&
+           entry.ends_with(after) &&
+           entry.substr(0, entry.size() - after.size()).find('\n', start) == std::string::npos;
+}
+
+// What a start laid down before the program was installed for all users would go on hiding the
+// entry of the installed one. What a user changed stays.
+void WithdrawFromDesktop(const Registration& registration)
+{
+    const std::string& data = registration.dataFolder;
+    const auto entry = ReadWholeFile(EntryPath(data), kLargestEntry);
+    if (entry && IsOwnEntry(*entry) && RemoveFile(EntryPath(data))) {
+        registration.startProgram("update-desktop-database",
+                                  {WithSeparator(data) + "applications"});
+    }
+    const auto type = ReadWholeFile(MimePath(data), kLargestEntry);
+    if (type && *type == MimeText() && RemoveFile(MimePath(data))) {
+        registration.startProgram("update-mime-database", {WithSeparator(data) + "mime"});
+    }
 }
 
 bool WriteNew(const std::string& path, const std::string& content)
@@ -129,7 +163,8 @@ void RegisterWithDesktop(const Registration& registration)
         return;
     }
     for (const std::string& folder : registration.systemFolders) {
-        if (Exists(EntryPath(folder))) {
+        if (folder != registration.dataFolder && Exists(EntryPath(folder))) {
+            WithdrawFromDesktop(registration);
             return;
         }
     }

@@ -27,7 +27,8 @@ struct Registration {
 void RegisterShellFileTypes(const SettingsStores& stores, const std::string& program);
 
 // Writes desktop entry and MIME type if they are missing or start another program, and has the
-// desktop's caches brought up to date. Does nothing where the program is installed for all users.
+// desktop's caches brought up to date. Where the program is installed for all users it only takes
+// back what it wrote, and nobody changed, since that would hide the installed entry.
 void RegisterWithDesktop(const Registration& registration);
 
 // A path as the value of "Exec" takes it, by the Desktop Entry Specification 1.5.

@@ -20,6 +20,7 @@
 #include "app/main_tool_bar.h"
 #include "app/pane_area.h"
 #include "app/qrb_app.h"
+#include "look/pictures.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -81,6 +82,7 @@ CMainFrame::CMainFrame(CQRBApp& app)
     m_app.m_nScreenCY = screen.height();
     setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
+    (void)MenuSpawn().LoadToolBar(ToolBarCommands(), CommandPicture);
     MakeMenus();
     m_wndToolBar = MakeMainToolBar(this, m_actions);
     addToolBar(m_wndToolBar);
@@ -166,8 +168,13 @@ bool CMainFrame::OnCommand(int nId)
             return true;
         case CMD_HELP_TOPICS:
         case CMD_HELP_DEFAULT:
-        case CMD_HELP:
             m_app.OpenHelp();
+            return true;
+        case CMD_HELP:
+            m_app.OpenHelpOnFocus();
+            return true;
+        case CMD_CONTEXT_HELP:
+            HelpDesk::AskByClick();
             return true;
         case CMD_OPTIONS:
             m_app.ShowOptions();
@@ -200,6 +207,7 @@ bool CMainFrame::OnUpdateCommand(int nId, CommandState& state)
         case CMD_HELP_TOPICS:
         case CMD_HELP_DEFAULT:
         case CMD_HELP:
+        case CMD_CONTEXT_HELP:
             state.enabled = true;
             return true;
         case CMD_SHOW_TOOLBAR:

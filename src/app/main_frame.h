@@ -6,9 +6,7 @@
 
 #pragma once
 
-#include <QMainWindow>
 #include <QTimer>
-#include <QToolBar>
 #include <string>
 #include <vector>
 
@@ -16,6 +14,8 @@
 #include "app/command_route.h"
 #include "app/frameless_frame.h"
 #include "batch/command_target.h"
+#include "look/flat_tool_bar.h"
+#include "look/spawn_frame_wnd.h"
 #include "panes/pane_services.h"
 
 namespace quorbit {
@@ -23,7 +23,7 @@ namespace quorbit {
 class CQRBApp;
 class PaneArea;
 
-class CMainFrame : public QMainWindow, public CommandTarget {
+class CMainFrame : public CSpawnFrameWnd, public CommandTarget {
 public:
     // app must outlive the frame. Stores the size of the screen in it. Stays hidden.
     explicit CMainFrame(CQRBApp& app);
@@ -63,7 +63,7 @@ private:
     CommandActions m_actions;
     std::vector<QAction*> m_recentActions;
     FramelessFrame m_caption;
-    QToolBar* m_wndToolBar;  // owned by the window, as the panes
+    CFlatToolBar* m_wndToolBar;  // owned by the window, as the panes
     PaneArea* m_pPanes = nullptr;
     QTimer m_idle;
 };

@@ -3,13 +3,11 @@
 
 #include "app/main_tool_bar.h"
 
-#include <QApplication>
 #include <QMenu>
-#include <QStyle>
-#include <QToolButton>
 #include <array>
 
 #include "batch/command_table.h"
+#include "look/pictures.h"
 
 namespace quorbit {
 namespace {
@@ -26,77 +24,48 @@ QString ToText(std::string_view text)
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// For a theme that lacks the picture.
-QStyle::StandardPixmap StandardPicture(int nId)
+void AddButton(CFlatToolBar& bar, CommandActions& actions, const Command& command)
 {
-    switch (nId) {
-        case CMD_FILE_OPEN:
-            return QStyle::SP_DialogOpenButton;
-        case CMD_FILE_SAVE:
-            return QStyle::SP_DialogSaveButton;
-        case CMD_EDIT_ENTRY:
-            return QStyle::SP_FileDialogDetailedView;
-        case CMD_DELETE:
-            return QStyle::SP_TrashIcon;
-        case CMD_START_BATCH:
-            return QStyle::SP_MediaPlay;
-        case CMD_REFRESH:
-            return QStyle::SP_BrowserReload;
-        case CMD_LOG_FILE:
-            return QStyle::SP_FileDialogInfoView;
-        case CMD_VIEWS:
-            return QStyle::SP_FileDialogListView;
-        default:
-            return QStyle::SP_FileIcon;
+    QAction* action = actions.Get(command.nId);
+    action->setIcon(CommandPicture(command.nId));
+    action->setIconText(ToText(command.label));
+    action->setToolTip(ToText(command.help));
+    bar.addAction(action);
+    bar.widgetForAction(action)->setAccessibleName(ToText(command.label));
+}
+
+// The menu is the action's, so it is also there when the window is too narrow for the button.
+void AddViewsMenu(CFlatToolBar& bar, CommandActions& actions)
+{
+    auto* menu = new QMenu(&bar);
+    for (const int nView : kViews) {
+        menu->addAction(actions.Get(nView));
     }
+    QObject::connect(menu, &QMenu::aboutToShow, &bar, [&actions] { actions.UpdateStates(); });
+    actions.Get(CMD_VIEWS)->setMenu(menu);
+    (void)bar.SetButtonDropDown(CMD_VIEWS);
 }
 
 }  // namespace
 
-QIcon IconOfCommand(int nId)
+std::span<const int> ToolBarCommands()
 {
-    const Command* command = FindCommand(nId);
-    if (command == nullptr || command->icon.empty()) {
-        return {};
-    }
-    const QIcon themed = QIcon::fromTheme(ToText(command->icon));
-    return themed.isNull() ? QApplication::style()->standardIcon(StandardPicture(nId)) : themed;
+    return kButtons;
 }
 
-QToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions)
+CFlatToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions)
 {
-    auto* bar = new QToolBar(QStringLiteral("Toolbar"), parent);
+    auto* bar = new CFlatToolBar(QStringLiteral("Toolbar"), parent);
     bar->setObjectName(QStringLiteral("toolbar"));
-    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    const int side = bar->style()->pixelMetric(QStyle::PM_SmallIconSize);
-    bar->setIconSize(QSize(side, side));
+    bar->SetFlatLook();
     for (const int nId : kButtons) {
-        const Command* command = nId == kGap ? nullptr : FindCommand(nId);
-        if (command == nullptr) {
+        if (nId == kGap) {
             bar->addSeparator();
-            continue;
+        } else if (const Command* command = FindCommand(nId)) {
+            AddButton(*bar, actions, *command);
         }
-        auto* button = new QToolButton(bar);
-        QAction* action = actions.Get(nId);
-        action->setIcon(IconOfCommand(nId));
-        action->setIconText(ToText(command->label));
-        action->setToolTip(ToText(command->help));
-        button->setDefaultAction(action);
-        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-        button->setMinimumWidth(bar->fontMetrics().averageCharWidth() * 9);
-        button->setAccessibleName(ToText(command->label));
-        if (nId == CMD_VIEWS) {
-            auto* menu = new QMenu(button);
-            for (const int view : kViews) {
-                menu->addAction(actions.Get(view));
-            }
-            QObject::connect(menu, &QMenu::aboutToShow, bar,
-                             [&actions] { actions.UpdateStates(); });
-            button->setMenu(menu);
-            button->setPopupMode(QToolButton::MenuButtonPopup);
-        }
-        bar->addWidget(button);
     }
+    AddViewsMenu(*bar, actions);
     return bar;
 }
 

@@ -5,16 +5,17 @@
 
 #pragma once
 
-#include <QToolBar>
+#include <span>
 
 #include "app/command_actions.h"
+#include "look/flat_tool_bar.h"
 
 namespace quorbit {
 
-// The bar, which belongs to the parent.
-[[nodiscard]] QToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions);
+// Its commands from left to right, 0 for a separator.
+[[nodiscard]] std::span<const int> ToolBarCommands();
 
-// The picture of a command; null if it has none.
-[[nodiscard]] QIcon IconOfCommand(int nId);
+// The bar, which belongs to the parent, as the actions do to their owner.
+[[nodiscard]] CFlatToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions);
 
 }  // namespace quorbit

@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <array>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+
 namespace quorbit {
 namespace {
 
@@ -40,6 +43,11 @@ PaneArea::PaneArea(const PaneServices& services, QWidget* parent)
     for (QSplitter* splitter : {static_cast<QSplitter*>(this), m_pTopSplitter}) {
         splitter->setChildrenCollapsible(false);
     }
+    SetHelpTopics({
+        {m_pDriveView, kTopicDriveTree},
+        {m_pFileView, kTopicFileList},
+        {m_pEditView, kTopicEntryList},
+    });
     setTabOrder(m_pDriveView, m_pFileView);
     setTabOrder(m_pFileView, m_pEditView);
     SetSizes(*services.pProfile);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QStatusBar>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -13,9 +14,12 @@
 #include "app/about_dialog.h"
 #include "app/exit_code.h"
 #include "app/identity.h"
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 #include "batch/reg_key.h"
 #include "dialogs/options_dialog.h"
 #include "engine/run_context.h"
+#include "look/pictures.h"
 #include "platform/path_text.h"
 #include "platform/posix_file_system.h"
 #include "platform/posix_process_runner.h"
@@ -46,8 +50,7 @@ CQRBApp::CQRBApp(CommandLine line, AppServices services)
       m_run(
           *m_services.pPrompts, [this] { return MakeProgressServices(); },
           // A minimised window would take the dialog along.
-          [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; },
-          [this] { OpenHelp(); }),
+          [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; }),
       m_desktop(MakeDesktopFolder(SystemShellSources(m_profile.ReadDrives()))),
       m_dlgFileType(MakeDialogServices()),
       m_dlgFile(MakeDialogServices()),
@@ -66,18 +69,21 @@ bool CQRBApp::InitInstance()
     if (!ReadFirstRun()) {
         return false;
     }
+    if (!m_bFirstRun && m_nRunMode == 0 && m_services.showSplash) {
+        m_services.showSplash();
+    }
     const auto helpFile = m_machine.GetRegValue(MachineValue::HelpFile);
     if (!helpFile) {
         return false;
     }
-    m_strHelpFile = *helpFile;
+    m_help = std::make_unique<HelpDesk>(*helpFile, MakeHelpServices());
     RegisterFileTypes();
     if (!ProcessShellCommand()) {
         return false;
     }
     m_pMainWnd->ShowFrame();
     if (m_bFirstRun) {
-        (void)ShowHelpFile();
+        OpenHelp();
     }
     if (m_nRunMode != 0) {
         m_pMainWnd->PostCommand(CMD_START_BATCH);
@@ -123,6 +129,7 @@ bool CQRBApp::ProcessShellCommand()
     }
     m_pMainWnd = std::make_unique<CMainFrame>(*this);
     m_pMainWnd->MakePanes(MakePaneServices());
+    SetHelpTopic(*m_pMainWnd->statusBar(), kTopicStatusBar);
     m_files.SetOnRenamed([this] { m_pMainWnd->OnUpdateFrameTitle(); });
     return true;
 }
@@ -292,23 +299,18 @@ void CQRBApp::OnOpenRecent(std::size_t index)
 
 void CQRBApp::OnAbout()
 {
-    CAboutDlg(m_pMainWnd.get(), ReadAboutFacts()).exec();
-}
-
-bool CQRBApp::ShowHelpFile()
-{
-    return !m_strHelpFile.empty() && !IsMissing(m_strHelpFile) &&
-           m_services.openHelp(m_strHelpFile);
+    const LinkServices link{m_services.pLinkOpener, m_services.pPrompts};
+    CAboutDlg(m_pMainWnd.get(), ReadAboutFacts(), link).exec();
 }
 
 void CQRBApp::OpenHelp()
 {
-    if (!ShowHelpFile()) {
-        const std::string text = m_strHelpFile.empty()
-                                     ? std::string("The help is not installed.")
-                                     : "The help cannot be shown: " + Printable(m_strHelpFile);
-        (void)m_services.pPrompts->Ask(text, {}, PromptIcon::Exclamation, PromptButtons::Ok);
-    }
+    m_help->OpenContents();
+}
+
+void CQRBApp::OpenHelpOnFocus()
+{
+    m_help->OpenChapterOf(QApplication::focusWidget());
 }
 
 void CQRBApp::ViewLogFile()
@@ -352,6 +354,7 @@ DialogServices CQRBApp::MakeDialogServices()
     services.pIcons = &m_icons;
     services.desktop = m_desktop;
     services.drives = m_profile.ReadDrives();
+    services.pProfile = &m_profile;
     services.parent = [this]() -> QWidget* { return m_pMainWnd.get(); };
     return services;
 }
@@ -363,12 +366,23 @@ PaneServices CQRBApp::MakePaneServices()
     services.pProfile = &m_profile;
     services.pPrompts = m_services.pPrompts;
     services.pIcons = &m_icons;
+    services.marks = {Picture("entry-delete"), Picture("entry")};
     services.desktop = m_desktop;
     services.nRunMode = m_nRunMode;
     services.sendCommand = [this](int nId) { (void)m_pMainWnd->OnCmdMsg(nId); };
     services.postCommand = [this](int nId) { m_pMainWnd->PostCommand(nId); };
     services.setActive = [this](CView* view) { m_pMainWnd->Route().SetActiveView(view); };
     services.isFrameMinimised = [this] { return m_pMainWnd->isMinimized(); };
+    return services;
+}
+
+HelpWindowServices CQRBApp::MakeHelpServices()
+{
+    HelpWindowServices services;
+    services.pProfile = &m_profile;
+    if (m_services.showTips) {
+        services.showTip = [this] { m_pMainWnd->PostCommand(CMD_TIP_OF_THE_DAY); };
+    }
     return services;
 }
 

@@ -26,6 +26,8 @@
 #include "dialogs/file_dialog.h"
 #include "dialogs/file_type_dialog.h"
 #include "engine/dialog/text_editor.h"
+#include "look/help_desk.h"
+#include "look/link_opener.h"
 #include "panes/item_icons.h"
 #include "panes/pane_services.h"
 #include "platform/shell/shell_folder.h"
@@ -39,9 +41,10 @@ struct AppServices {
     TextEditor* pTextEditor = nullptr;
     std::uint64_t nOpenFileLimit = 0;  // for scripts; see PosixProcessRunner
     Registration registration{};
-    std::function<bool(const std::string&)> openHelp{};  // a file, in whatever shows help
-    std::function<void()> showTips{};                    // null: there are none
-    std::function<void(int)> endLoop{};                  // leaves the event loop with an exit code
+    LinkOpener* pLinkOpener = nullptr;
+    std::function<void()> showSplash{};  // null: there is none
+    std::function<void()> showTips{};    // null: there are none
+    std::function<void(int)> endLoop{};  // leaves the event loop with an exit code
 };
 
 class CQRBApp : public CommandTarget, public FatalHandler {
@@ -73,8 +76,12 @@ public:
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
-    // Shows the first page of the help, or tells that there is none.
+    // Shows the contents of the help.
     void OpenHelp();
+    // Shows the chapter on what has the focus; the contents if there is none.
+    void OpenHelpOnFocus();
+    // Null before InitInstance.
+    [[nodiscard]] HelpDesk* Help() { return m_help.get(); }
     // Shows the log of the last run.
     void ViewLogFile();
     // Runs the options dialog.
@@ -100,13 +107,13 @@ private:
     // Nothing if it cannot be read.
     [[nodiscard]] std::optional<std::string> InstallPath() const;
     [[nodiscard]] std::string QrbFilePath() const;
-    [[nodiscard]] bool ShowHelpFile();
 
     [[nodiscard]] DocumentServices MakeDocumentServices();
     [[nodiscard]] DocumentFilesServices MakeFilesServices();
     [[nodiscard]] ProgressServices MakeProgressServices();
     [[nodiscard]] DialogServices MakeDialogServices();
     [[nodiscard]] PaneServices MakePaneServices();
+    [[nodiscard]] HelpWindowServices MakeHelpServices();
     void EndProgram(int code);
     void CloseAsExit();
 
@@ -115,7 +122,6 @@ private:
     MachineValues m_machine;
     Profile m_profile;
     RecentFiles m_recent;
-    std::string m_strHelpFile;
     std::optional<int> m_endCode;  // the process ends whatever else happens
 
     std::unique_ptr<FileSystem> m_pRunFiles;  // of the run that is open
@@ -129,6 +135,7 @@ private:
     CQRBDoc m_doc;
     DocumentFiles m_files;
     std::unique_ptr<CMainFrame> m_pMainWnd;
+    std::unique_ptr<HelpDesk> m_help;
 };
 
 }  // namespace quorbit

@@ -4,11 +4,11 @@
 #include "app/window_program.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFile>
+#include <QPointer>
 #include <QProcess>
 #include <QSessionManager>
-#include <QUrl>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -20,12 +20,19 @@
 #include "app/qt_prompts.h"
 #include "app/stop_notifier.h"
 #include "engine/dialog/desktop_text_editor.h"
+#include "look/desktop_link_opener.h"
+#include "look/pictures.h"
+#include "look/splash_wnd.h"
+#include "look/tip_dialog.h"
+#include "look/tip_file.h"
 #include "platform/stop_signals.h"
 #include "platform/system_facts.h"
 #include "platform/xdg_folders.h"
 
 namespace quorbit {
 namespace {
+
+constexpr std::chrono::milliseconds kSplashTime{2500};
 
 // Qt ends the process by abort(3) where no window can be made; there is a word and an exit code for
 // that instead. Of what else Qt says at the start, only the state of the display concerns anybody.
@@ -56,21 +63,44 @@ void StartInBackground(const std::string& program, const std::vector<std::string
     (void)process.startDetached();
 }
 
-bool OpenHelpFile(const std::string& path)
+void ShowTips(const SettingsStore& store, Prompts& prompts)
 {
-    return QDesktopServices::openUrl(
-        QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(path))));
+    const Profile profile(store);
+    CTipDlg({&profile, &prompts, FindTips(ProgramPath())}, QApplication::activeWindow()).exec();
 }
 
-AppServices MakeServices(Prompts& prompts, TextEditor& editor)
+// What the services are made of.
+struct Tools {
+    QtPrompts prompts;
+    DesktopTextEditor editor;
+    DesktopLinkOpener linkOpener;
+    QPointer<CMySplashWnd> splash;
+};
+
+// For a program that ends without an event loop, in which the window would delete itself.
+void EndSplash(const QPointer<CMySplashWnd>& splash)
+{
+    if (splash) {
+        splash->End();
+        QCoreApplication::sendPostedEvents(splash, QEvent::DeferredDelete);
+    }
+}
+
+AppServices MakeServices(Tools& tools)
 {
     AppServices services{OpenSettingsStores()};
-    services.pPrompts = &prompts;
-    services.pTextEditor = &editor;
+    services.pPrompts = &tools.prompts;
+    services.pTextEditor = &tools.editor;
+    services.pLinkOpener = &tools.linkOpener;
+    services.showSplash = [&tools] {
+        tools.splash = CMySplashWnd::Create(Picture("splash"), kSplashTime);
+    };
+    services.showTips = [&tools, store = services.stores.profile] {
+        ShowTips(store, tools.prompts);
+    };
     services.nOpenFileLimit = RaiseOpenFileLimit();
     services.registration = {ProgramPath(), SharedDataFolder(), SystemDataFolders(),
                              StartInBackground};
-    services.openHelp = OpenHelpFile;
     services.endLoop = [](int code) { QCoreApplication::exit(code); };
     return services;
 }
@@ -100,15 +130,16 @@ int RunInWindow(const CommandLine& line, const char* programName)
     qInstallMessageHandler(usual);
     QApplication::setDesktopFileName(QLatin1String(kDesktopId));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(Picture("quorbit"));
     IgnoreWriteSignals();
 
-    QtPrompts prompts;
-    DesktopTextEditor editor;
-    CQRBApp app(line, MakeServices(prompts, editor));
+    Tools tools;
+    CQRBApp app(line, MakeServices(tools));
     const StopNotifier notifier([&app] { app.OnStopSignal(); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&app](QSessionManager& session) { OnSessionEnd(app, session); });
     if (!app.InitInstance()) {
+        EndSplash(tools.splash);
         return app.ExitInstance(kExitOk);
     }
     return app.ExitInstance(QApplication::exec());

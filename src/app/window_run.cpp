@@ -36,11 +36,8 @@ std::optional<std::string> WindowRun::RunPrompts::AskSaveFile(const FileQuestion
 }
 
 WindowRun::WindowRun(Prompts& prompts, std::function<ProgressServices()> services,
-                     std::function<QWidget*()> parent, std::function<void()> openHelp)
-    : m_prompts(prompts),
-      m_services(std::move(services)),
-      m_parent(std::move(parent)),
-      m_openHelp(std::move(openHelp))
+                     std::function<QWidget*()> parent)
+    : m_prompts(prompts), m_services(std::move(services)), m_parent(std::move(parent))
 {
 }
 
@@ -53,9 +50,6 @@ void WindowRun::DoModal(CQRBDoc& doc)
     ProgressServices services = m_services();
     services.pPrompts = &m_prompts;
     CProgressDlg dialog(m_parent(), &doc, std::move(services));
-    if (m_openHelp) {
-        QObject::connect(&dialog, &CProgressDlg::HelpRequested, &dialog, [this] { m_openHelp(); });
-    }
     m_pDialog = &dialog;
     (void)dialog.exec();
     m_pDialog = nullptr;

@@ -20,10 +20,9 @@ namespace quorbit {
 class WindowRun : public RunDialog {
 public:
     // services is asked anew for each run and leaves the prompts out; parent gives the window that
-    // the dialog stands over, or null for none; openHelp may be null. prompts must outlive this
-    // object.
+    // the dialog stands over, or null for none. prompts must outlive this object.
     WindowRun(Prompts& prompts, std::function<ProgressServices()> services,
-              std::function<QWidget*()> parent, std::function<void()> openHelp);
+              std::function<QWidget*()> parent);
 
     // Does nothing if a run is open.
     void DoModal(CQRBDoc& doc) override;
@@ -53,7 +52,6 @@ private:
     RunPrompts m_prompts;
     std::function<ProgressServices()> m_services;
     std::function<QWidget*()> m_parent;
-    std::function<void()> m_openHelp;
     QPointer<CProgressDlg> m_pDialog;
 };
 

@@ -13,6 +13,8 @@ constexpr const char* kOptions = "Options";
 constexpr const char* kDefaultEntry = "Options\\Default";
 constexpr const char* kStartup = "Startup";
 constexpr const char* kTip = "Tip";
+constexpr const char* kHelp = "Help";
+constexpr const char* kDialogs = "Dialogs";
 constexpr const char* kRecent = "Recent File List";
 
 constexpr SettingInfo Integer(Setting id, const char* section, const char* name,
@@ -69,6 +71,18 @@ constexpr SettingInfo kTable[] = {
     Integer(TipStartUp, kTip, "StartUp", 0, "above 0: no tips at the start"),
     Integer(TipFilePos, kTip, "FilePos", 0, "position of the next tip in the tips file, bytes"),
     Text(TipTimeStamp, kTip, "TimeStamp", "", "time stamp of the tips file"),
+
+    Positive(HelpSizeX, kHelp, "SizeX", 0, "width of the help window, pixels; 0: never stored"),
+    Positive(HelpSizeY, kHelp, "SizeY", 0, "its height"),
+    Positive(HelpContentsX, kHelp, "ContentsX", 0, "width of the contents in it"),
+
+    Text(FileDialogSize, kDialogs, "FileEntry", "", "size of the dialog of file and folder entries, pixels, such as \"640x480\"; empty: never stored"),
+    Text(FileTypeDialogSize, kDialogs, "FileTypeEntry", "", "of file-type entries"),
+    Text(FolderTypesDialogSize, kDialogs, "FolderFileTypes", "", "of the file types of folders"),
+    Text(ScriptDialogSize, kDialogs, "ScriptEntry", "", "of script entries"),
+    Text(SelectFolderSize, kDialogs, "SelectFolder", "", "of the picker of folders"),
+    Text(SelectFileSize, kDialogs, "SelectFile", "", "of the picker of files"),
+    Text(OptionsDialogSize, kDialogs, "Options", "", "of the options"),
 
     Text(RecentFile1, kRecent, "File1", "", "path of the batch file used last"),
     Text(RecentFile2, kRecent, "File2", "", "of the one before"),

@@ -4,40 +4,23 @@
 #include "panes/edit_view.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QHeaderView>
 #include <QMenu>
-#include <QStyle>
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
 namespace quorbit {
-namespace {
-
-QIcon Picture(const char* name, QStyle::StandardPixmap otherwise)
-{
-    return QIcon::fromTheme(QLatin1String(name), QApplication::style()->standardIcon(otherwise));
-}
-
-}  // namespace
 
 CQRBEditView::CQRBEditView(const PaneServices& services, QWidget* parent)
     : CListViewEx(services.setActive, QStringLiteral("Entries"), parent),
       m_services(services),
-      m_model(Picture("user-trash", QStyle::SP_TrashIcon),
-              Picture("document-save", QStyle::SP_DialogSaveButton))
+      m_model(services.marks.deletes, services.marks.others)
 {
     SetModel(m_model);
     SetKeepsSelection(false);
     Report().header()->setSectionsClickable(false);
-    std::vector<int> widths;
-    for (int column = 0; column < kEntryColumns; ++column) {
-        const Setting setting = NthSetting(Setting::EditHeader0, column);
-        const int stored = m_services.pProfile->GetProfileInt(setting);
-        widths.push_back(stored > 0 ? stored : InfoOf(setting).defaultInteger);
-    }
-    SetColumnWidths(widths);
+    ReadColumnWidths(*m_services.pProfile, Setting::EditHeader0);
 }
 
 CQRBEditView::~CQRBEditView() = default;
@@ -48,7 +31,20 @@ void CQRBEditView::FillEntries()
     rows.reserve(m_services.pDoc->m_arrEntries.size());
     std::transform(m_services.pDoc->m_arrEntries.begin(), m_services.pDoc->m_arrEntries.end(),
                    std::back_inserter(rows), MakeEntryRow);
+    const int before = m_model.rowCount();
+    const int after = static_cast<int>(rows.size());
+    const int same = m_model.SameRows(rows);
+    const int current = CurrentRow();
+    const int top = Report().TopRow().row();
     m_model.SetRows(std::move(rows));
+    if (after == before + 1 && same == before) {
+        SetCurrentRow(before);
+    } else if (after == before && same >= before - 1 && after > 0) {
+        Report().PutOnTop(m_model.index(std::max(top, 0), 0));
+        SetCurrentRow(std::max(current, 0));
+    } else {
+        Report().scrollToTop();
+    }
 }
 
 void CQRBEditView::OnUpdate(CView*, int nHint, const HintObject*)
@@ -99,11 +95,6 @@ bool CQRBEditView::OnUpdateCommand(int nId, CommandState& state)
     return true;
 }
 
-bool CQRBEditView::OnRowPressed(int, Qt::KeyboardModifiers)
-{
-    return false;
-}
-
 void CQRBEditView::OnRowDoubleClicked(int row)
 {
     m_services.pDoc->EditEntry(m_model.RowAt(row).nId);
@@ -123,20 +114,14 @@ void CQRBEditView::OnContextMenu(int, const QPoint& position, Qt::KeyboardModifi
     menu.popup(position);
 }
 
-void CQRBEditView::OnBeginDrag(int, Qt::MouseButton, Qt::KeyboardModifiers) {}
-
 void CQRBEditView::SaveLayout() const
 {
     if (m_services.isFrameMinimised && m_services.isFrameMinimised()) {
         return;
     }
-    std::vector<std::pair<Setting, std::int32_t>> values{{Setting::EditViewSizeX, width()},
-                                                         {Setting::EditViewSizeY, height()}};
-    const std::vector<int> widths = ColumnWidths();
-    for (int column = 0; column < kEntryColumns; ++column) {
-        values.emplace_back(NthSetting(Setting::EditHeader0, column),
-                            widths[static_cast<std::size_t>(column)]);
-    }
+    std::vector<std::pair<Setting, std::int32_t>> values = ColumnWidths(Setting::EditHeader0);
+    values.emplace_back(Setting::EditViewSizeX, width());
+    values.emplace_back(Setting::EditViewSizeY, height());
     m_services.pProfile->WriteProfileInts(values);
 }
 

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <QIcon>
 #include <cstdint>
 #include <functional>
 
@@ -17,11 +18,18 @@
 
 namespace quorbit {
 
+// Pictures in front of the entries: of one that deletes, and of every other one.
+struct EntryMarks {
+    QIcon deletes;
+    QIcon others;
+};
+
 struct PaneServices {
     CQRBDoc* pDoc = nullptr;
     const Profile* pProfile = nullptr;
     Prompts* pPrompts = nullptr;
     const ItemIcons* pIcons = nullptr;
+    EntryMarks marks{};
     ShellFolderPtr desktop;
     std::uint32_t nRunMode = 0;             // of the application; 0 in an interactive start
     std::function<void(int)> sendCommand;   // to the main window; returns when it is carried out

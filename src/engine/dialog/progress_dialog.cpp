@@ -6,12 +6,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 #include "batch/settings.h"
 #include "engine/dialog/transfer_text.h"
 #include "engine/run_driver.h"
@@ -102,6 +103,7 @@ CProgressDlg::CProgressDlg(QWidget* pParent, const CQRBDoc* pDoc, ProgressServic
     // A window of no size would still leave its frame.
     setAttribute(Qt::WA_DontShowOnScreen, (m_services.nRunMode & kRunInvisible) != 0);
     LayOut();
+    SetTopics();
 
     connect(m_btnStart, &QPushButton::clicked, this, &CProgressDlg::OnStartBatch);
     connect(m_btnStopCounting, &QPushButton::clicked, this, &CProgressDlg::OnStopCounting);
@@ -133,14 +135,6 @@ void CProgressDlg::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     if (!std::exchange(m_bInitialised, true))
         OnInitDialog();
-}
-
-void CProgressDlg::keyPressEvent(QKeyEvent* event)
-{
-    if (event->matches(QKeySequence::HelpContents))
-        Q_EMIT HelpRequested(focusWidget());
-    else
-        QDialog::keyPressEvent(event);
 }
 
 void CProgressDlg::AddValue(QGridLayout* pGrid, int row, int column, const QString& label,
@@ -208,6 +202,32 @@ void CProgressDlg::LayOut()
     pColumn->addLayout(MakeButtons());
     setMinimumWidth(fontMetrics().averageCharWidth() * 90);
     m_progress->setAccessibleName(QStringLiteral("Progress"));
+}
+
+void CProgressDlg::SetTopics()
+{
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({
+        {m_stcCurrentFile, kTopicRunCurrentFile},
+        {m_stcDestFile, kTopicRunDestFile},
+        {m_stcFileStatus, kTopicRunFileStatus},
+        {m_stcFileSize, kTopicRunFileSize},
+        {m_stcElapsed, kTopicRunElapsed},
+        {m_stcFilesLeft, kTopicRunFilesLeft},
+        {m_stcTotalCount, kTopicRunTotalCount},
+        {m_stcDeleteCount, kTopicRunDeleteCount},
+        {m_stcErrorCount, kTopicRunErrorCount},
+        {m_stcCopyCount, kTopicRunCopyCount},
+        {m_stcSyncCount, kTopicRunSyncCount},
+        {m_stcDidntSyncCount, kTopicRunDidntSyncCount},
+        {m_stcBackupCount, kTopicRunBackupCount},
+        {m_progress, kTopicRunProgress},
+        {m_stcTransfer, kTopicRunTransfer},
+        {m_btnStart, kTopicRunStart},
+        {m_btnStopCounting, kTopicRunStopCounting},
+        {m_btnViewLog, kTopicRunViewLog},
+        {m_btnCancel, kTopicRunCancel},
+    });
 }
 
 void CProgressDlg::OnInitDialog()

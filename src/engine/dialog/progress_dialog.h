@@ -33,8 +33,6 @@ class QGroupBox;
 namespace quorbit {
 
 class CProgressDlg : public QDialog {
-    Q_OBJECT
-
 public:
     // pDoc must outlive the dialog and must not change while the run is on. Every control has the
     // name of its member as object name.
@@ -47,13 +45,8 @@ public:
     // otherwise asks the run to stop.
     void reject() override;
 
-Q_SIGNALS:
-    // F1 on a control.
-    void HelpRequested(QWidget* pControl);
-
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void OnInitDialog();
@@ -64,6 +57,7 @@ private:
     void OnCancel();
 
     void LayOut();
+    void SetTopics();
     QGroupBox* MakeFileGroup();
     QGroupBox* MakeStatsGroup();
     QLayout* MakeButtons();

@@ -46,10 +46,6 @@ void AppTest::Make(std::uint32_t nRunMode, const std::string& file)
     AppServices services{stores};
     services.pPrompts = &prompts;
     services.pTextEditor = &editor;
-    services.openHelp = [this](const std::string& path) {
-        helpOpened.push_back(path);
-        return true;
-    };
     services.endLoop = [this](int code) {
         ended = code;
         // Without a loop to leave, Qt would take it for the next one.

@@ -65,7 +65,6 @@ protected:
     Profile profile{stores.profile};
     FakePrompts prompts;
     Editor editor;
-    std::vector<std::string> helpOpened;
     std::optional<int> ended;  // the event loop was left with this
     std::unique_ptr<CQRBApp> app;
 };

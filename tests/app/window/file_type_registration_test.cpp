@@ -35,6 +35,10 @@ protected:
                  started.push_back(name + " " + arguments.at(0));
              }});
     }
+    [[nodiscard]] bool Exists(const std::string& name) const
+    {
+        return ContentOf(Path(name)) != "(none)";
+    }
     [[nodiscard]] std::string ExecLine() const
     {
         const std::string text = ContentOf(Path("data/") + kEntry);
@@ -75,6 +79,34 @@ TEST_F(FileTypeRegistrationTest, LeavesADesktopAloneWhereTheProgramIsInstalledFo
     Register("/opt/quorbit");
     EXPECT_EQ(ReadTree(folder.Path()).size(), 3U);
     EXPECT_TRUE(started.empty());
+}
+
+TEST_F(FileTypeRegistrationTest, TakesBackItsOwnEntryOnceTheProgramIsInstalledForAll)
+{
+    Register("/build of mine/quorbit");
+    WriteTree(folder.Path(), {std::string("system1/") + kEntry + "=[Desktop Entry]"});
+    Register("/usr/bin/quorbit");
+    EXPECT_FALSE(Exists(std::string("data/") + kEntry));
+    EXPECT_FALSE(Exists(std::string("data/") + kMime));
+    EXPECT_EQ(started,
+              (std::vector<std::string>{"update-desktop-database " + Path("data/applications"),
+                                        "update-mime-database " + Path("data/mime")}));
+}
+
+TEST_F(FileTypeRegistrationTest, KeepsAnEntryThatTheUserChangedBesideTheInstalledOne)
+{
+    Register("/opt/quorbit");
+    const std::string entry = ContentOf(Path("data/") + kEntry);
+    WriteTree(folder.Path(), {std::string("system1/") + kEntry + "=[Desktop Entry]"});
+    const std::size_t name = entry.find("Name=Quorbit");
+    for (const std::string& changed :
+         {entry + "Hidden=true\n", entry.substr(0, name) + "Name=Mine" + entry.substr(name + 12),
+          entry.substr(0, entry.find(" %f")) + " %f\nPath=/srv" + entry.substr(entry.find(" %f")),
+          std::string()}) {
+        WriteContent(Path("data/") + kEntry, changed);
+        Register("/usr/bin/quorbit");
+        EXPECT_TRUE(Exists(std::string("data/") + kEntry)) << changed;
+    }
 }
 
 TEST_F(FileTypeRegistrationTest, GivesUpSilentlyWhereItMayNotWrite)

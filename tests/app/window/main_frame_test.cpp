@@ -112,6 +112,26 @@ TEST_F(MainFrameTest, HasTheMenusOfTheCommandTable)
     EXPECT_EQ(Texts("&Help"), (Lines{"&Help Topics", "&About QRB..."}));
 }
 
+TEST_F(MainFrameTest, ShowsThePicturesOfTheToolbarInItsMenus)
+{
+    const CMenuSpawn& spawn = Frame().MenuSpawn();
+    struct Case {
+        const char* menu;
+        const char* text;
+        int nImage;
+    };
+    for (const Case& c : {Case{"&File", "&New\tCtrl+N", 0}, Case{"&File", "Save &As...", -1},
+                          Case{"&Edit", "&Delete\tCtrl+X", 4}, Case{"&View", "Log &File\tF7", 7},
+                          Case{"&View", "&Toolbar", -1}}) {
+        const SpawnItem* item = spawn.ItemOf(Item(c.menu, c.text));
+        ASSERT_NE(item, nullptr) << c.text;
+        EXPECT_EQ(item->nImage, c.nImage) << c.text;
+    }
+    const auto* bar = Frame().findChild<CFlatToolBar*>();
+    EXPECT_EQ(bar->Button(CMD_VIEWS)->text(), QStringLiteral("Views"));
+    EXPECT_EQ(bar->Button(CMD_VIEWS)->defaultAction()->menu()->actions().size(), 5);
+}
+
 TEST_F(MainFrameTest, ListsRecentFilesByNumber)
 {
     app->Recent().Add("/home/me/a&b.qrb");
@@ -154,6 +174,8 @@ TEST_F(MainFrameTest, CarriesACommandOutForTheMenuAndForTheKey)
 
 TEST_F(MainFrameTest, DeletesByTheDeleteKeyAlone)
 {
+    // The pane with the focus would ask what to delete.
+    Frame().focusWidget()->clearFocus();
     QTest::keyClick(&Frame(), Qt::Key_X, Qt::ControlModifier);
     const auto deletes = [this] {
         return std::count(view.hints.begin(), view.hints.end(), HINT_DELETE);

@@ -3,9 +3,12 @@
 
 #include "app/qrb_app.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QTest>
 #include <QTimer>
+#include <QWhatsThis>
 #include <filesystem>
 #include <thread>
 
@@ -28,6 +31,14 @@ protected:
     [[nodiscard]] std::string Log(const std::string& name) const
     {
         return ContentOf(Path("state/quorbit/" + name + ".log"));
+    }
+    // The page that the help shows; empty if it was not opened.
+    [[nodiscard]] std::string HelpPage()
+    {
+        HelpWindow* help = app->Help()->Window();
+        return help == nullptr || !help->isVisible()
+                   ? ""
+                   : help->findChild<QTextBrowser*>()->source().toString().toStdString();
     }
     // Does something with the dialog on the screen as soon as it is ready for it.
     void WhenDialog(std::function<bool(QDialog&)> ready, std::function<void(QDialog&)> action)
@@ -78,21 +89,51 @@ TEST_F(QrbAppTest, OpensTheHelpOnTheFirstStartOnly)
 {
     WriteTree(folder.Path(), {"data/quorbit/help/index.html=help"});
     Start();
-    EXPECT_EQ(helpOpened, Lines{Path("data/quorbit/help/index.html")});
-    EXPECT_TRUE(prompts.asked.empty());
+    EXPECT_EQ(HelpPage(), "file://" + Path("data/quorbit/help/index.html"));
     Start();
-    EXPECT_EQ(helpOpened.size(), 1U);
     EXPECT_FALSE(app->m_bFirstRun);
+    EXPECT_EQ(HelpPage(), "");
+    fs::remove(Path("data/quorbit/help/index.html"));
+    Start();
     EXPECT_TRUE(Frame().OnCmdMsg(CMD_HELP_TOPICS));
-    EXPECT_EQ(helpOpened.size(), 2U);
+    EXPECT_EQ(HelpPage(), "qrc:/help/index.html") << "the built-in one, without a word";
+    EXPECT_TRUE(prompts.asked.empty());
 }
 
-TEST_F(QrbAppTest, SaysThatThereIsNoHelpOnlyToWhoAsksForIt)
+TEST_F(QrbAppTest, HelpCommandsOpenTheContentsAndF1ThePageOfThePane)
 {
+    SetUpProgram();
     Start();
-    EXPECT_TRUE(prompts.asked.empty());
-    EXPECT_TRUE(Frame().OnCmdMsg(CMD_HELP));
-    EXPECT_EQ(prompts.asked, Lines{"The help is not installed."});
+    struct Case {
+        int nId;
+        const char* pane;
+        std::string page;
+    };
+    for (const Case& c : {Case{CMD_HELP, "Entries", "window.html#entries"},
+                          Case{CMD_HELP, "Drives and folders", "window.html#tree"},
+                          Case{CMD_HELP_TOPICS, "Entries", "index.html"},
+                          Case{CMD_HELP, "Files", "window.html#files"},
+                          Case{CMD_HELP_DEFAULT, "Files", "index.html"},
+                          Case{CMD_HELP_INDEX, "Files", "index.html"}}) {
+        for (QWidget* pane : Frame().findChildren<QAbstractItemView*>()) {
+            if (pane->accessibleName() == QLatin1String(c.pane)) {
+                Frame().activateWindow();
+                ASSERT_TRUE(QTest::qWaitForWindowActive(&Frame()));
+                pane->setFocus();
+            }
+        }
+        EXPECT_TRUE(Frame().OnCmdMsg(c.nId));
+        EXPECT_EQ(HelpPage(), "qrc:/help/" + c.page) << c.nId << " " << c.pane;
+    }
+}
+
+TEST_F(QrbAppTest, ContextHelpWaitsForAClick)
+{
+    SetUpProgram();
+    Start();
+    EXPECT_TRUE(Frame().OnCmdMsg(CMD_CONTEXT_HELP));
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    QWhatsThis::leaveWhatsThisMode();
 }
 
 TEST_F(QrbAppTest, EndsWithZeroAfterAFatalMessage)
@@ -352,10 +393,11 @@ TEST(AboutDialogTest, TellsMemoryAndFreeSpace)
     const auto textOf = [](const CAboutDlg& dialog, const char* name) {
         return dialog.findChild<QLabel*>(QLatin1String(name))->text().toStdString();
     };
-    const CAboutDlg known(nullptr, {4194304, 1234567, "home"});
+    const CAboutDlg known(nullptr, {4194304, 1234567, "home"}, {});
     EXPECT_EQ(textOf(known, "m_stcMemory"), "4194304 KB");
     EXPECT_EQ(textOf(known, "m_stcFree"), "1234567 KB Free on home:");
-    EXPECT_EQ(textOf(CAboutDlg(nullptr, {1, std::nullopt, "home"}), "m_stcFree"), "Unavailable");
+    EXPECT_EQ(textOf(CAboutDlg(nullptr, {1, std::nullopt, "home"}, {}), "m_stcFree"),
+              "Unavailable");
 
     const AboutFacts facts = ReadAboutFacts();
     EXPECT_GT(facts.memoryKb, 1024U);

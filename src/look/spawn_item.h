@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// One entry of an owner-drawn menu.
+
+#pragma once
+
+#include <QString>
+
+namespace quorbit {
+
+// Kinds of entries that are no commands.
+enum : int {
+    SPAWN_SUBMENU = -2,    // opens a submenu
+    SPAWN_SEPARATOR = -3,  // its text is "--"
+    SPAWN_BAR = -4,        // stands in the menu bar
+};
+
+struct SpawnItem {
+    int nImage = -1;   // index of the picture, -1 if there is none; a kind stands here, too
+    int nCommand = 0;  // number of the command, or a kind
+    QString szText;    // with its '&' and, if any, a tab and the name of the key
+};
+
+}  // namespace quorbit
