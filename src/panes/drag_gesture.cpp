@@ -17,13 +17,15 @@ void DragGesture::Press(const QMouseEvent& event)
     m_start = event.position().toPoint();
 }
 
-bool DragGesture::Move(const QMouseEvent& event)
+Qt::MouseButton DragGesture::Move(const QMouseEvent& event)
 {
     if (m_button == Qt::NoButton || !event.buttons().testFlag(m_button)) {
-        return false;
+        return Qt::NoButton;
     }
     const QPoint way = event.position().toPoint() - m_start;
-    return way.manhattanLength() >= QApplication::startDragDistance();
+    return way.manhattanLength() >= QApplication::startDragDistance()
+               ? std::exchange(m_button, Qt::NoButton)
+               : Qt::NoButton;
 }
 
 bool DragGesture::Release(const QMouseEvent& event)

@@ -17,14 +17,14 @@ namespace quorbit {
 class DragGesture {
 public:
     void Press(const QMouseEvent& event);
-    // True once a press, when the drag is to begin.
-    [[nodiscard]] bool Move(const QMouseEvent& event);
+    // The button that was pressed, when the drag with it is to begin: once a press, and letting go
+    // is no click then. NoButton otherwise.
+    [[nodiscard]] Qt::MouseButton Move(const QMouseEvent& event);
     // Whether this button was pressed and no drag came of it: a click.
     [[nodiscard]] bool Release(const QMouseEvent& event);
     void Cancel() { m_button = Qt::NoButton; }
 
-    [[nodiscard]] Qt::MouseButton Button() const { return m_button; }
-    // Where it was pressed.
+    // Where a button was pressed last.
     [[nodiscard]] QPoint Start() const { return m_start; }
 
 private:

@@ -64,6 +64,18 @@ void DriveRefresh::Start()
     if (ShellTreeNode* root = m_tree.RootNode(); root != nullptr && root->m_bFilled) {
         Begin(*root, kFolders, &DriveRefresh::ApplyDrives);
     }
+    for (int i = 1; i < m_tree.topLevelItemCount(); ++i) {
+        if (ShellTreeNode* node = NodeOf(m_tree.topLevelItem(i)); node->Path()) {
+            UpdateIfOpen(*node);
+        }
+    }
+}
+
+void DriveRefresh::UpdateIfOpen(ShellTreeNode& node)
+{
+    if (node.isExpanded() && node.m_bFilled) {
+        Update(node);
+    }
 }
 
 void DriveRefresh::Update(ShellTreeNode& node)
@@ -209,10 +221,7 @@ void DriveRefresh::RemoveVanished(ShellTreeNode& node, const Read& read)
 void DriveRefresh::UpdateExpandedChildren(const ShellTreeNode& node)
 {
     for (int i = 0; i < node.childCount(); ++i) {
-        ShellTreeNode* child = NodeOf(node.child(i));
-        if (child->isExpanded() && child->m_bFilled) {
-            Update(*child);
-        }
+        UpdateIfOpen(*NodeOf(node.child(i)));
     }
 }
 

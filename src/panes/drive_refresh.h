@@ -27,8 +27,8 @@ public:
     DriveRefresh(const DriveRefresh&) = delete;
     DriveRefresh& operator=(const DriveRefresh&) = delete;
 
-    // Begins with the drives. What is still being read for an earlier refresh is read once more
-    // when it has been.
+    // Begins with the drives and with the folders of the desktop. What is still being read for an
+    // earlier refresh is read once more when it has been; the tree does not wait for it again.
     void Start();
     // Nothing is being read.
     [[nodiscard]] bool IsOver() const { return m_reads.empty(); }
@@ -39,6 +39,7 @@ private:
     using ByName = std::unordered_map<std::string, ShellTreeNode*>;  // by parsing name
 
     void Update(ShellTreeNode& node);
+    void UpdateIfOpen(ShellTreeNode& node);
     void Begin(ShellTreeNode& node, std::uint32_t flags, Apply apply);
     void OnBatch(Read& read, FolderBatch batch);
 

@@ -19,9 +19,9 @@ namespace quorbit {
 namespace {
 
 // By their commands from CMD_DROP_ADD_FILE_TYPES on.
-constexpr std::array<const char*, 4> kMenuTexts = {"Add File Types",
-                                                   "Add Default File Configuration",
-                                                   "Add *.* with defaults", "Delete Folder Setup"};
+constexpr std::array<const char*, 4> kMenuTexts = {
+    "Add &File Types", "Add &Default File Configuration", "&Add *.* with defaults",
+    "&Delete Folder Setup"};
 
 // The first node, from this one and its next siblings on and depth first, that an item is.
 ShellTreeNode* FindItem(ShellTreeNode* node, const ShellListItem& item)
@@ -152,6 +152,7 @@ void CDriveView::RefreshFileList()
 
 void CDriveView::Refresh()
 {
+    StopWaiting();
     m_refresh.Start();
     // At once: the list reads the disk by itself, and a drive that does not answer would hold it
     // up. If the selected node turns out to be gone, the selection that follows fills it again.

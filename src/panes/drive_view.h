@@ -59,6 +59,8 @@ public:
     // DrivePane
     // After a drag from the list it is the folder that the list shows.
     [[nodiscard]] std::string GetSourcePath() const override;
+    // Of the node that was dropped upon last. What it was before, if that node has no path
+    // ("Network Neighborhood"); empty if it is gone.
     [[nodiscard]] std::string GetDestPath() const override;
     [[nodiscard]] std::string GetDeletePath() const override;
     [[nodiscard]] bool DeleteMode() const override { return m_bDeleteMode; }
@@ -97,7 +99,7 @@ private:
     void OnSelected(ShellTreeNode* node);
     void Refresh();
     void SearchListRow(const ShellListItem& row, const std::function<void()>& onMissing);
-    void BeginDrag();
+    void BeginDrag(Qt::MouseButton button);
     void OnDropped(const TreeDrop& drop);
     void SetSource(const ShellTreeNode* node);
     void OpenContextMenu(const ShellTreeNode* node, const QPoint& screenPosition);

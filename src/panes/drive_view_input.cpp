@@ -43,12 +43,13 @@ void CDriveView::mousePressEvent(QMouseEvent* event)
     }
 }
 
+// A button that is held may begin a drag, and never selects what it passes over.
 void CDriveView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_gesture.Button() == Qt::NoButton) {
+    if (event->buttons() == Qt::NoButton) {
         ShellTree::mouseMoveEvent(event);
-    } else if (m_gesture.Move(*event)) {
-        BeginDrag();
+    } else if (const Qt::MouseButton button = m_gesture.Move(*event); button != Qt::NoButton) {
+        BeginDrag(button);
     }
 }
 
@@ -89,15 +90,14 @@ void CDriveView::contextMenuEvent(QContextMenuEvent* event)
     ShellTreeNode* node = SelectedNode();
     if (event->reason() != QContextMenuEvent::Mouse && node != nullptr) {
         scrollToItem(node);
-        OpenContextMenu(node, viewport()->mapToGlobal(visualItemRect(node).center()));
+        const QRect visible = visualItemRect(node) & viewport()->rect();
+        OpenContextMenu(node, viewport()->mapToGlobal(visible.center()));
     }
 }
 
-void CDriveView::BeginDrag()
+void CDriveView::BeginDrag(Qt::MouseButton button)
 {
     const ShellTreeNode* node = NodeOf(itemAt(m_gesture.Start()));
-    const Qt::MouseButton button = m_gesture.Button();
-    m_gesture.Cancel();
     std::string path;
     if (!GetItemPath(node, path)) {
         SetSource(nullptr);

@@ -22,7 +22,9 @@ public:
     explicit CQRBEditView(const PaneServices& services, QWidget* parent = nullptr);
     ~CQRBEditView() override;
 
-    // Rows for all entries of the document, in the place of those that are there.
+    // Rows for all entries of the document, in the place of those that are there. Nothing is
+    // selected then; an entry that has been added is brought into sight, and otherwise the list
+    // stays where it is as long as it is still the same one.
     virtual void FillEntries();
     // Writes size and column widths to the profile, unless the frame is minimised.
     void SaveLayout() const;
@@ -35,10 +37,8 @@ public:
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
 protected:
-    bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers) override;
     void OnRowDoubleClicked(int row) override;
     void OnContextMenu(int row, const QPoint& position, Qt::KeyboardModifiers modifiers) override;
-    void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) override;
 
 private:
     void DeleteSelected();

@@ -21,6 +21,16 @@ void EntryListModel::SetRows(std::vector<EntryRow> rows)
     endResetModel();
 }
 
+int EntryListModel::SameRows(const std::vector<EntryRow>& others) const
+{
+    const std::size_t both = std::min(m_rows.size(), others.size());
+    int same = 0;
+    for (std::size_t row = 0; row < both; ++row) {
+        same += m_rows[row] == others[row] ? 1 : 0;
+    }
+    return same;
+}
+
 void EntryListModel::Remove(std::uint32_t nId)
 {
     const auto found = std::find_if(m_rows.begin(), m_rows.end(),

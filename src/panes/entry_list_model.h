@@ -20,6 +20,8 @@ public:
     EntryListModel(QIcon deletes, QIcon others);
 
     void SetRows(std::vector<EntryRow> rows);
+    // How many of the rows that are there stand at the same place in the others.
+    [[nodiscard]] int SameRows(const std::vector<EntryRow>& others) const;
     // Removes the row of that entry; the others stay as they are.
     void Remove(std::uint32_t nId);
     [[nodiscard]] const EntryRow& RowAt(int row) const;

@@ -30,6 +30,7 @@ struct EntryRow {
     std::uint32_t dwFlags = 0;
     std::uint32_t nKind = DCK_TYPES;
     std::uint32_t nId = 0;  // of the entry
+    bool operator==(const EntryRow&) const = default;
 };
 
 // Names stand with ", " between them, masks with nothing.

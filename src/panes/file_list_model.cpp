@@ -3,10 +3,8 @@
 
 #include "panes/file_list_model.h"
 
-#include <algorithm>
 #include <array>
-#include <iterator>
-#include <numeric>
+#include <cstddef>
 #include <utility>
 
 #include "panes/file_list_columns.h"
@@ -16,7 +14,8 @@ namespace quorbit {
 void FileListModel::Clear()
 {
     beginResetModel();
-    m_rows.clear();
+    m_drawn.clear();
+    m_rows = {};
     endResetModel();
 }
 
@@ -25,55 +24,41 @@ void FileListModel::Append(std::vector<ShellListItem> items)
     if (items.empty()) {
         return;
     }
-    const int first = RowCount();
-    beginInsertRows({}, first, first + static_cast<int>(items.size()) - 1);
+    int row = RowCount();
+    beginInsertRows({}, row, row + static_cast<int>(items.size()) - 1);
     for (ShellListItem& item : items) {
-        item.m_nRow = RowCount();
-        m_rows.push_back({std::move(item), std::nullopt});
+        item.m_nRow = row++;
+    }
+    const auto portion = std::make_shared<const std::vector<ShellListItem>>(std::move(items));
+    m_rows.portions.push_back(portion);
+    for (const ShellListItem& item : *portion) {
+        m_rows.order.push_back(&item);
     }
     endInsertRows();
 }
 
-void FileListModel::Sort(int column)
+void FileListModel::SetOrder(std::vector<const ShellListItem*> order)
 {
-    std::vector<std::uint32_t> order(m_rows.size());
-    std::iota(order.begin(), order.end(), 0U);
-    const auto above = [&](std::uint32_t first, std::uint32_t second) {
-        return StandsAbove(m_rows[first].item, m_rows[second].item, column);
-    };
-    if (std::is_sorted(order.begin(), order.end(), above)) {
+    const auto later = m_rows.order.begin() + static_cast<std::ptrdiff_t>(order.size());
+    order.insert(order.end(), later, m_rows.order.end());
+    if (order == m_rows.order) {
         return;
     }
-    std::stable_sort(order.begin(), order.end(), above);
-    Rearrange(order);
-}
-
-// order: at each place the row that comes there.
-void FileListModel::Rearrange(const std::vector<std::uint32_t>& order)
-{
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    std::vector<Row> sorted;
-    sorted.reserve(m_rows.size());
-    std::vector<int> placeOf(m_rows.size());
-    for (const std::uint32_t from : order) {
-        placeOf[from] = static_cast<int>(sorted.size());
-        sorted.push_back(std::move(m_rows[from]));
+    std::vector<int> placeOf(order.size());  // by the rows that they were inserted as
+    for (std::size_t place = 0; place < order.size(); ++place) {
+        placeOf[static_cast<std::size_t>(order[place]->m_nRow)] = static_cast<int>(place);
     }
-    m_rows = std::move(sorted);
     const QModelIndexList before = persistentIndexList();
     QModelIndexList after;
     after.reserve(before.size());
-    std::transform(
-        before.begin(), before.end(), std::back_inserter(after), [&](const QModelIndex& index) {
-            return this->index(placeOf[static_cast<std::size_t>(index.row())], index.column());
-        });
+    for (const QModelIndex& index : before) {
+        const auto inserted = static_cast<std::size_t>(ItemAt(index.row()).m_nRow);
+        after.append(this->index(placeOf[inserted], index.column()));
+    }
+    m_rows.order = std::move(order);
     changePersistentIndexList(before, after);
     Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
-}
-
-const ShellListItem& FileListModel::ItemAt(int row) const
-{
-    return m_rows[static_cast<std::size_t>(row)].item;
 }
 
 int FileListModel::rowCount(const QModelIndex& parent) const
@@ -86,12 +71,13 @@ int FileListModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : kFileColumns;
 }
 
-const QIcon& FileListModel::IconOf(const Row& row) const
+// Found when a row is first drawn, and not asked for again.
+const QIcon& FileListModel::IconOf(const ShellListItem& item) const
 {
-    if (!row.icon) {
-        row.icon = m_icons.IconOf(row.item.m_pidlItem, false);
-    }
-    return *row.icon;
+    const auto found = m_drawn.find(&item);
+    return found != m_drawn.end()
+               ? found->second
+               : m_drawn.emplace(&item, m_icons.IconOf(item.m_pidlItem, false)).first->second;
 }
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const
@@ -99,12 +85,12 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || index.row() >= RowCount()) {
         return {};
     }
-    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    const ShellListItem& item = ItemAt(index.row());
     switch (role) {
         case Qt::DisplayRole:
-            return QString::fromStdString(CellText(row.item, index.column()));
+            return QString::fromStdString(CellText(item, index.column()));
         case Qt::DecorationRole:
-            return index.column() == kFileName ? QVariant(IconOf(row)) : QVariant();
+            return index.column() == kFileName ? QVariant(IconOf(item)) : QVariant();
         case Qt::TextAlignmentRole:
             return index.column() == kFileSize ? int(Qt::AlignRight | Qt::AlignVCenter)
                                                : int(Qt::AlignLeft | Qt::AlignVCenter);

@@ -7,14 +7,20 @@
 
 #include <QAbstractTableModel>
 #include <QIcon>
-#include <cstdint>
-#include <optional>
+#include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "panes/item_icons.h"
 #include "platform/shell/shell_list_item.h"
 
 namespace quorbit {
+
+// Rows in some order, and what they point into, which never changes.
+struct FileRows {
+    std::vector<std::shared_ptr<const std::vector<ShellListItem>>> portions;
+    std::vector<const ShellListItem*> order;
+};
 
 class FileListModel final : public QAbstractTableModel {
 public:
@@ -24,11 +30,17 @@ public:
     void Clear();
     // Behind the rows that are there; gives each its m_nRow.
     void Append(std::vector<ShellListItem> items);
-    // By StandsAbove; rows that are equal there keep their order, and what is selected stays so.
-    void Sort(int column);
-    // Valid until the next call that changes the rows.
-    [[nodiscard]] const ShellListItem& ItemAt(int row) const;
-    [[nodiscard]] int RowCount() const { return static_cast<int>(m_rows.size()); }
+    // The rows that are there; they stay alive as long as the copy does.
+    [[nodiscard]] const FileRows& Rows() const { return m_rows; }
+    // Rows() as they were a while ago, since the last Clear, in another order. Rows that came since
+    // stay behind them. What is selected stays so.
+    void SetOrder(std::vector<const ShellListItem*> order);
+    // Valid until Clear.
+    [[nodiscard]] const ShellListItem& ItemAt(int row) const
+    {
+        return *m_rows.order[static_cast<std::size_t>(row)];
+    }
+    [[nodiscard]] int RowCount() const { return static_cast<int>(m_rows.order.size()); }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -38,16 +50,11 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    struct Row {
-        ShellListItem item;
-        mutable std::optional<QIcon> icon;  // found when the row is first drawn
-    };
-
-    [[nodiscard]] const QIcon& IconOf(const Row& row) const;
-    void Rearrange(const std::vector<std::uint32_t>& order);
+    [[nodiscard]] const QIcon& IconOf(const ShellListItem& item) const;
 
     const ItemIcons& m_icons;
-    std::vector<Row> m_rows;
+    FileRows m_rows;
+    mutable std::unordered_map<const ShellListItem*, QIcon> m_drawn;  // icons found so far
 };
 
 }  // namespace quorbit

@@ -5,6 +5,9 @@
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QScrollBar>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "panes/drag_payload.h"
@@ -20,8 +23,6 @@ namespace quorbit {
 namespace {
 
 constexpr int kStyleBits = 3;
-// As many rows are sorted anew with every portion; more of them in the end only.
-constexpr int kCheapToSort = 5000;
 
 bool IsVolume(const ShellListItem& item)
 {
@@ -64,16 +65,12 @@ CFileView::CFileView(const PaneServices& services, QWidget* parent, DragRunner r
 {
     SetModel(m_model);
     const Profile& profile = *m_services.pProfile;
-    std::vector<int> widths;
-    for (int column = 0; column < kFileColumns; ++column) {
-        widths.push_back(profile.GetProfileInt(NthSetting(Setting::FileHeader0, column)));
-    }
-    SetColumnWidths(widths);
+    ReadColumnWidths(profile, Setting::FileHeader0);
     SetStyle(static_cast<ListStyle>(profile.GetProfileInt(Setting::ViewStyle) & kStyleBits));
     SetFullRow(profile.GetProfileInt(Setting::FullRowSel) != 0);
     connect(Report().header(), &QHeaderView::sectionClicked, this, [this](int column) {
         m_nSortColumn = column;
-        m_model.Sort(column);
+        Sort(Keep::ScrollPlace);
     });
 }
 
@@ -108,9 +105,9 @@ bool CFileView::ShowFolder(const ShellFolderPtr& folder)
     m_strParentText = tree != nullptr ? tree->GetSelectedText() : std::string();
     m_folder = folder;
     m_nSortColumn = kFileName;
+    m_sorter.Cancel();
     m_model.Clear();
     SetNotice({});
-    SetReading(true);
     FolderRequest request;
     request.flags = SHCONTF_FOLDERS | SHCONTF_NONFOLDERS | SHCONTF_INCLUDEHIDDEN;
     request.attributes = kListAttributes;
@@ -118,6 +115,7 @@ bool CFileView::ShowFolder(const ShellFolderPtr& folder)
     request.types = true;
     m_feed = std::make_unique<FolderFeed>(
         folder, request, [this](FolderBatch batch) { OnPortion(std::move(batch)); });
+    ShowWaiting();
     return true;
 }
 
@@ -131,28 +129,42 @@ void CFileView::OnPortion(FolderBatch batch)
         }
     }
     m_model.Append(std::move(rows));
-    if (batch.ended || m_model.RowCount() <= kCheapToSort) {
-        m_model.Sort(m_nSortColumn);
-    }
     if (batch.ended) {
         OnEnd(batch.error);
+    }
+    // Few rows are in order with every portion, many in the end only.
+    if (batch.ended || m_model.RowCount() <= RowSorter::kFew) {
+        Sort(Keep::TopRow);
     }
 }
 
 void CFileView::OnEnd(const std::optional<Error>& error)
 {
     m_feed.reset();
-    SetReading(false);
     if (error && m_model.RowCount() == 0) {
         SetNotice(QStringLiteral("This folder cannot be read: ") +
                   QString::fromStdString(Printable(error->Text())));
     }
 }
 
-// The cursor of the rows alone: the rest of the window can be used meanwhile.
-void CFileView::SetReading(bool reading)
+void CFileView::Sort(Keep keep)
 {
-    reading ? setCursor(Qt::WaitCursor) : unsetCursor();
+    m_sorter.Start(m_model.Rows(), m_nSortColumn, [this, keep](auto order) {
+        const bool scrolled = keep == Keep::TopRow && Report().verticalScrollBar()->value() > 0;
+        const QPersistentModelIndex top = scrolled ? Report().TopRow() : QModelIndex();
+        m_model.SetOrder(std::move(order));
+        if (top.isValid()) {
+            Report().PutOnTop(top);
+        }
+        ShowWaiting();
+    });
+    ShowWaiting();
+}
+
+// The cursor of the rows alone: the rest of the window can be used meanwhile.
+void CFileView::ShowWaiting()
+{
+    IsReading() ? setCursor(Qt::WaitCursor) : unsetCursor();
 }
 
 // --- selection ----------------------------------------------------------------------------------
@@ -334,10 +346,8 @@ void CFileView::SaveLayout() const
     if (!m_services.isFrameMinimised || !m_services.isFrameMinimised()) {
         values.emplace_back(Setting::FileViewSizeX, width());
         values.emplace_back(Setting::FileViewSizeY, height());
-        const std::vector<int> widths = ColumnWidths();
-        for (int column = 0; Style() == ListStyle::Report && column < kFileColumns; ++column) {
-            values.emplace_back(NthSetting(Setting::FileHeader0, column),
-                                widths[static_cast<std::size_t>(column)]);
+        if (Style() == ListStyle::Report) {
+            std::ranges::copy(ColumnWidths(Setting::FileHeader0), std::back_inserter(values));
         }
     }
     values.emplace_back(Setting::ViewStyle, static_cast<int>(Style()));

@@ -18,6 +18,7 @@
 #include "panes/file_list_model.h"
 #include "panes/list_view_ex.h"
 #include "panes/pane_services.h"
+#include "panes/row_sorter.h"
 #include "panes/selection_check.h"
 #include "platform/shell/folder_feed.h"
 #include "platform/shell/shell_pidl.h"
@@ -37,8 +38,8 @@ public:
     // tree's selected node; the rows come while the event loop runs, sorted by name in the end.
     // False without a folder.
     bool ShowFolder(const ShellFolderPtr& folder);
-    // Whether rows are still to come.
-    [[nodiscard]] bool IsReading() const { return m_feed != nullptr; }
+    // Whether rows are still to come, or to be put into their order.
+    [[nodiscard]] bool IsReading() const { return m_feed != nullptr || m_sorter.IsRunning(); }
 
     // Whether the selection, with the row (-1: none) that is about to be added, is of one kind; the
     // kind is kept. With the Ctrl key a mixture is warned of and the list is filled again.
@@ -71,7 +72,11 @@ private:
     void ShowSelectedNode();
     void OnPortion(FolderBatch batch);
     void OnEnd(const std::optional<Error>& error);
-    void SetReading(bool reading);
+    // Who has scrolled keeps the row at the top while rows come and find their places; a click on
+    // a column leaves the scroll bar alone.
+    enum class Keep { TopRow, ScrollPlace };
+    void Sort(Keep keep);
+    void ShowWaiting();
     [[nodiscard]] std::vector<std::string> NamesOf(const std::vector<int>& rows) const;
     void WarnOfMixture() const;
     void SetUpDelete();
@@ -81,8 +86,9 @@ private:
     DragRunner m_runDrag;
     FileListModel m_model;
     std::unique_ptr<FolderFeed> m_feed;  // while reading
-    ShellFolderPtr m_folder;             // the one that is shown
-    std::string m_strParentText;         // its node in the tree, as shown
+    RowSorter m_sorter;
+    ShellFolderPtr m_folder;      // the one that is shown
+    std::string m_strParentText;  // its node in the tree, as shown
     int m_nSortColumn = 0;
     bool m_bDeleteMode = false;
     SelectionKind m_nSelectionKind = SelectionKind::None;

@@ -14,6 +14,11 @@
 #include <utility>
 
 namespace quorbit {
+namespace {
+
+constexpr int kDefaultDigit = 5;  // width in pixels that the default widths of columns are for
+
+}  // namespace
 
 CListViewEx::CListViewEx(std::function<void(CView*)> setActive, const QString& name,
                          QWidget* parent)
@@ -130,18 +135,27 @@ void CListViewEx::ArrangeIcons()
     m_icons->setGridSize(cell);
 }
 
-void CListViewEx::SetColumnWidths(const std::vector<int>& widths)
+void CListViewEx::ReadColumnWidths(const Profile& profile, Setting first)
 {
-    for (std::size_t column = 0; column < widths.size(); ++column) {
-        m_report->header()->resizeSection(static_cast<int>(column), widths[column]);
+    QHeaderView& header = *m_report->header();
+    const int digit = m_report->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < header.count(); ++column) {
+        const Setting setting = NthSetting(first, column);
+        const int standard = InfoOf(setting).defaultInteger;
+        const int stored = profile.GetProfileInt(setting);
+        const bool chosen = stored > 0 && stored != standard;
+        header.resizeSection(column, chosen ? stored
+                                            : std::max(standard * digit / kDefaultDigit,
+                                                       header.sectionSizeHint(column)));
     }
 }
 
-std::vector<int> CListViewEx::ColumnWidths() const
+std::vector<std::pair<Setting, std::int32_t>> CListViewEx::ColumnWidths(Setting first) const
 {
-    std::vector<int> widths;
-    for (int column = 0; column < m_report->header()->count(); ++column) {
-        widths.push_back(m_report->header()->sectionSize(column));
+    const QHeaderView& header = *m_report->header();
+    std::vector<std::pair<Setting, std::int32_t>> widths;
+    for (int column = 0; column < header.count(); ++column) {
+        widths.emplace_back(NthSetting(first, column), header.sectionSize(column));
     }
     return widths;
 }
@@ -164,6 +178,13 @@ std::vector<int> CListViewEx::SelectedRows() const
 int CListViewEx::CurrentRow() const
 {
     return m_selection->currentIndex().row();
+}
+
+void CListViewEx::SetCurrentRow(int row)
+{
+    const QModelIndex index = m_pModel->index(row, 0);
+    m_selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    ActiveView().scrollTo(index);
 }
 
 int CListViewEx::RowAt(const QPoint& position) const
@@ -232,10 +253,11 @@ bool CListViewEx::eventFilter(QObject* watched, QEvent* event)
 // The menu key works where the keys are.
 void CListViewEx::OnMenuKey()
 {
-    const QAbstractItemView& view = ActiveView();
+    QAbstractItemView& view = ActiveView();
     const QModelIndex current = m_selection->currentIndex();
     QPoint position;
     if (current.isValid()) {
+        view.scrollTo(current.siblingAtColumn(0));
         const QRect visible = view.visualRect(current.siblingAtColumn(0)) & view.viewport()->rect();
         position = visible.center();
     }
@@ -270,15 +292,24 @@ bool CListViewEx::OnMousePress(const QMouseEvent& event)
     return m_bTakenOver;
 }
 
+bool CListViewEx::OnRowPressed(int, Qt::KeyboardModifiers)
+{
+    return false;
+}
+
+void CListViewEx::OnBeginDrag(int, Qt::MouseButton, Qt::KeyboardModifiers) {}
+
 // A press beside the rows may go on to select with a band.
 bool CListViewEx::OnMouseMove(const QMouseEvent& event)
 {
     if (event.buttons() == Qt::NoButton) {
         return false;
     }
-    if (!m_bTakenOver && m_pressedIndex.isValid() && m_gesture.Move(event)) {
+    const bool mayDrag = !m_bTakenOver && m_pressedIndex.isValid();
+    const Qt::MouseButton button = mayDrag ? m_gesture.Move(event) : Qt::NoButton;
+    if (button != Qt::NoButton) {
         m_bTakenOver = true;
-        OnBeginDrag(m_pressedIndex.row(), m_gesture.Button(), event.modifiers());
+        OnBeginDrag(m_pressedIndex.row(), button, event.modifiers());
     }
     return m_bTakenOver || m_pressedIndex.isValid();
 }

@@ -14,10 +14,13 @@
 #include <QListView>
 #include <QPersistentModelIndex>
 #include <QStackedWidget>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
+#include "batch/profile.h"
 #include "batch/view.h"
 #include "panes/drag_gesture.h"
 #include "panes/grid_delegate.h"
@@ -67,9 +70,13 @@ protected:
 
     // Once, with a model that outlives the use of this list.
     void SetModel(QAbstractItemModel& model);
-    // Pixels, from the first column on.
-    void SetColumnWidths(const std::vector<int>& widths);
-    [[nodiscard]] std::vector<int> ColumnWidths() const;
+    // Column widths of the profile, pixels, under settings from first on. Where none is stored, or
+    // just the default, that is for digits 5 pixels wide and grows with the font; a title fits.
+    void ReadColumnWidths(const Profile& profile, Setting first);
+    // The widths as they are, to be stored.
+    [[nodiscard]] std::vector<std::pair<Setting, std::int32_t>> ColumnWidths(Setting first) const;
+    // Where the keys start from; selects nothing. Scrolls there.
+    void SetCurrentRow(int row);
     void SetKeepsSelection(bool keeps) { m_report->SetKeepsSelection(keeps); }
     // A line in the place of rows; empty for none.
     void SetNotice(const QString& text);
@@ -77,13 +84,14 @@ protected:
     QMenu& NewPopupMenu();
 
     // The left button goes down on a row, before that selects anything. True if it shall not.
-    virtual bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers) = 0;
+    virtual bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers);
     virtual void OnRowDoubleClicked(int row) = 0;
     // row: -1 beside the rows. position: on the screen.
     virtual void OnContextMenu(int row, const QPoint& position,
                                Qt::KeyboardModifiers modifiers) = 0;
-    // A button went down on the row and is dragged away, the left or the right one.
-    virtual void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) = 0;
+    // A button went down on the row and is dragged away, the left or the right one. There is no
+    // drag unless it is begun here.
+    virtual void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -20,11 +20,10 @@ namespace quorbit {
 
 class NodeFill {
 public:
-    // running: kept until the reading is over, however it ends.
-    NodeFill(ShellFolderPtr folder, std::shared_ptr<void> running)
-        : m_folder(std::move(folder)), m_running(std::move(running))
-    {
-    }
+    explicit NodeFill(ShellFolderPtr folder) : m_folder(std::move(folder)) {}
+
+    // Kept until the reading is over, however it ends.
+    void SetRunning(std::shared_ptr<void> running) { m_running = std::move(running); }
 
     // deliver: as of FolderFeed; it may destroy this object.
     void Start(const FolderRequest& request, FolderFeed::Deliver deliver)

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace quorbit {
 
@@ -31,6 +32,13 @@ void ReportView::SetDropRow(int row)
 {
     m_nDropRow = row;
     viewport()->update();
+}
+
+void ReportView::PutOnTop(const QModelIndex& row)
+{
+    const int left = horizontalScrollBar()->value();
+    scrollTo(row, PositionAtTop);
+    horizontalScrollBar()->setValue(left);
 }
 
 QModelIndex ReportView::indexAt(const QPoint& point) const

@@ -23,6 +23,11 @@ public:
     // The row that something dragged would land on; -1 for none.
     void SetDropRow(int row);
 
+    // The row at the upper edge; invalid if there is none.
+    [[nodiscard]] QModelIndex TopRow() const { return QTreeView::indexAt({}); }
+    // Scrolls up or down until the row is there, or none comes below.
+    void PutOnTop(const QModelIndex& row);
+
     // Nothing beside the first cell, unless the whole row counts.
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
 

@@ -75,19 +75,29 @@ ShellTree::~ShellTree()
 std::shared_ptr<void> ShellTree::ShowRunning()
 {
     ++m_nRunning;
+    ++m_nWaitedFor;
     viewport()->setCursor(Qt::WaitCursor);
-    return {nullptr, [this](std::nullptr_t) {
-                if (--m_nRunning == 0) {
+    return {nullptr, [this, begun = m_nStops](std::nullptr_t) {
+                --m_nRunning;
+                if (begun == m_nStops && --m_nWaitedFor == 0) {
                     viewport()->unsetCursor();
                 }
             }};
+}
+
+void ShellTree::StopWaiting()
+{
+    ++m_nStops;
+    m_nWaitedFor = 0;
+    viewport()->unsetCursor();
 }
 
 void ShellTree::FillFromDesktop(std::function<void()> done)
 {
     m_fill.reset();
     clear();
-    m_fill = std::make_unique<NodeFill>(m_desktop, ShowRunning());
+    m_fill = std::make_unique<NodeFill>(m_desktop);
+    m_fill->SetRunning(ShowRunning());
     m_fill->m_done.push_back(std::move(done));
     m_fill->Start({m_dwFlags, kAttributes},
                   [this](FolderBatch batch) { OnBatch(nullptr, std::move(batch)); });
@@ -98,13 +108,14 @@ void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
     if (node.m_fill == nullptr && !node.m_bFilled && node.HasMark()) {
         auto folder = node.Item().m_pFolder->BindToObject(node.Item().m_pidlItem);
         if (folder) {
-            node.m_fill = std::make_unique<NodeFill>(std::move(*folder), ShowRunning());
+            node.m_fill = std::make_unique<NodeFill>(std::move(*folder));
             node.m_fill->Start({m_dwFlags, kAttributes}, [this, &node](FolderBatch batch) {
                 OnBatch(&node, std::move(batch));
             });
         }
     }
     if (node.m_fill != nullptr) {
+        node.m_fill->SetRunning(ShowRunning());  // waited for again, if it was not any more
         node.m_fill->m_done.push_back(std::move(done));
     } else if (done) {
         done();
@@ -227,6 +238,9 @@ void ShellTree::OnExpanded(ShellTreeNode& node)
 
 void ShellTree::OnCollapsed(ShellTreeNode& node)
 {
+    if (node.m_fill != nullptr) {
+        StopWaiting();
+    }
     if (currentItem() != &node && IsBelow(currentItem(), node)) {
         setCurrentItem(&node);
     }
@@ -235,6 +249,7 @@ void ShellTree::OnCollapsed(ShellTreeNode& node)
 void ShellTree::OnCurrentChanged(QTreeWidgetItem* current, QTreeWidgetItem*)
 {
     m_look.pSelected = current;
+    StopWaiting();
     if (current != nullptr) {
         FillNode(*NodeOf(current));
     }

@@ -4,7 +4,9 @@
 // A tree of the shell namespace from the desktop down, reduced to what a filter lets through. A
 // node's children are read when it is expanded or selected for the first time, in a thread that
 // nobody waits for: a mount that does not answer leaves its node without children and the window
-// alive. While something is read, the tree shows the wait cursor. User interface thread only.
+// alive. The tree shows the wait cursor while that is read which was asked for last; whoever goes
+// on to something else does not wait any more, though the reading goes on. User interface thread
+// only.
 
 #pragma once
 
@@ -90,9 +92,11 @@ public:
     // A highlight apart from the selection, for the target of a drag; null for none.
     void SetHighlight(const ShellTreeNode* node);
 
-    // For other work that reads: the wait cursor shows as long as the token is kept, which must not
-    // outlive the tree.
+    // For work that reads: the wait cursor shows as long as the token is kept, which must not
+    // outlive the tree, or until StopWaiting.
     [[nodiscard]] std::shared_ptr<void> ShowRunning();
+    // What is being read goes on without the wait cursor.
+    void StopWaiting();
 
 private:
     void OnExpanded(ShellTreeNode& node);
@@ -114,6 +118,8 @@ private:
     ShellTreeLook m_look;
     std::function<void(ShellTreeNode*)> m_onFilled;
     int m_nRunning = 0;                // readings that go on
+    int m_nWaitedFor = 0;              // those of them that show the wait cursor
+    unsigned m_nStops = 0;             // how often the waiting was stopped
     std::unique_ptr<NodeFill> m_fill;  // of the top level
 };
 

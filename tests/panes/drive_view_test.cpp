@@ -239,6 +239,21 @@ TEST_F(DriveViewTest, RefreshCollapsesANodeThatLostItsLastChild)
     EXPECT_THAT(Texts("D:\\a"), ElementsAre("later"));
 }
 
+TEST_F(DriveViewTest, RefreshFollowsAFolderOnTheDesktop)
+{
+    WriteTree(Path(), {"Desktop/work/a/", "Desktop/work/b/"});
+    Make({});
+    QTreeWidgetItem* work = m_view->topLevelItem(2);
+    work->setExpanded(true);
+    Settle();
+    m_view->setCurrentItem(work->child(1));
+    std::filesystem::remove(Path("Desktop/work/b"));
+    WriteTree(Path(), {"Desktop/work/c/"});
+    Refresh();
+    EXPECT_THAT(Texts(work), ElementsAre("a", "c"));
+    EXPECT_EQ(m_list.folder, Path("Desktop/work/a/")) << "the list leaves the folder that is gone";
+}
+
 TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
 {
     Make({"a/x/"});
@@ -284,7 +299,14 @@ TEST_F(DriveViewTest, ADriveThatDoesNotAnswerHoldsUpItselfAlone)
     Make({"a/"});
     m_view->FindVolume("E:\\")->setExpanded(true);
     m_view->setCurrentItem(m_view->FindVolume("E:\\"));
-    EXPECT_EQ(m_view->viewport()->cursor().shape(), Qt::WaitCursor);
+    const auto waits = [&] { return m_view->viewport()->cursor().shape() == Qt::WaitCursor; };
+    EXPECT_TRUE(waits());
+    m_view->setCurrentItem(m_view->FindVolume("D:\\"));
+    EXPECT_TRUE(WaitFor([&] { return !waits(); })) << "whoever goes elsewhere does not wait";
+    m_view->setCurrentItem(m_view->FindVolume("E:\\"));
+    EXPECT_TRUE(waits());
+    m_view->FindVolume("E:\\")->setExpanded(false);
+    EXPECT_FALSE(waits());
     m_view->FindVolume("D:\\")->setExpanded(true);
     EXPECT_TRUE(WaitFor([&] { return m_view->FindVolume("D:\\")->m_bFilled; }));
     WriteTree(Path("d"), {"b/"});
@@ -314,7 +336,8 @@ TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
     rightClick(m_view->FindNodeByPath("D:\\b"));
     ASSERT_NE(m_view->PopupMenu(), nullptr);
     ASSERT_EQ(m_view->PopupMenu()->actions().size(), 1);
-    EXPECT_EQ(m_view->PopupMenu()->actions()[0]->text(), QStringLiteral("Delete Folder Setup"));
+    EXPECT_EQ(m_view->PopupMenu()->actions()[0]->text().remove(QLatin1Char('&')),
+              QStringLiteral("Delete Folder Setup"));
     EXPECT_EQ(SelectedPath(), "D:\\a") << "the right button selects nothing";
     EXPECT_EQ(m_view->GetSourcePath(), "D:\\b");
     m_view->PopupMenu()->actions()[0]->trigger();

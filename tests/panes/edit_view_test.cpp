@@ -38,15 +38,28 @@ protected:
         }
     }
 
-    // Entries 10, 11, ... from "/s0", "/s1", ...
-    void Make(int entries)
+    static QIcon Mark(const QColor& color)
     {
-        for (int i = 0; i < entries; ++i) {
+        QPixmap picture(16, 16);
+        picture.fill(color);
+        return {picture};
+    }
+    // Entries 10, 11, ... from "/s0", "/s1", ...
+    void Add(int entries)
+    {
+        const int end = static_cast<int>(doc.m_arrEntries.size()) + entries;
+        for (int i = end - entries; i < end; ++i) {
             doc.m_arrEntries.emplace_back("/s" + std::to_string(i), "/d", i == 1 ? DCF_DELETE : 0U,
                                           DCK_TYPES, 10U + static_cast<std::uint32_t>(i));
             doc.m_arrEntries.back().m_listItems = {"*.a", "*.b"};
         }
-        view = std::make_unique<CQRBEditView>(Services());
+    }
+    void Make(int entries)
+    {
+        Add(entries);
+        PaneServices services = Services();
+        services.marks = {Mark(Qt::red), Mark(Qt::blue)};
+        view = std::make_unique<CQRBEditView>(services);
         doc.AddView(view.get());
         Show(*view);
         doc.UpdateAllViews(nullptr, HINT_REFRESH_ENTRIES);
@@ -80,6 +93,33 @@ TEST_F(EditViewTest, ShowsTheEntriesInTheirOrder)
     EXPECT_NE(picture(0).pixmap(16).toImage(), picture(1).pixmap(16).toImage());
     EXPECT_EQ(picture(0).pixmap(16).toImage(), picture(2).pixmap(16).toImage());
     EXPECT_EQ(activated, std::vector<CView*>({view.get()}));
+}
+
+TEST_F(EditViewTest, BringsAnAddedEntryIntoSightAndStaysWhereItIsAfterAnEdit)
+{
+    Make(200);
+    const auto refresh = [&] { doc.UpdateAllViews(nullptr, HINT_REFRESH_ENTRIES); };
+    const auto top = [&] { return view->Report().TopRow().row(); };
+    EXPECT_EQ(top(), 0);
+    Add(1);
+    refresh();
+    EXPECT_EQ(view->RowAt(PlaceOf(*view, 200)), 200);
+    EXPECT_GT(top(), 150);
+    EXPECT_EQ(view->CurrentRow(), 200);
+    EXPECT_EQ(view->SelectedRows(), Rows());
+
+    Click(*view, 120);
+    const int before = top();
+    ASSERT_GT(before, 0);
+    doc.m_arrEntries[120].m_strDest = "/elsewhere";
+    refresh();
+    EXPECT_EQ(top(), before);
+    EXPECT_EQ(view->CurrentRow(), 120);
+    EXPECT_EQ(view->SelectedRows(), Rows());
+
+    doc.m_arrEntries.erase(doc.m_arrEntries.begin(), doc.m_arrEntries.begin() + 9);
+    refresh();
+    EXPECT_EQ(top(), 0) << "another document";
 }
 
 TEST_F(EditViewTest, DeletesAllSelectedRowsAndOnlyThose)
@@ -174,7 +214,8 @@ TEST_F(EditViewTest, KeepsColumnWidthsAndSizeButNotOfAMinimisedWindow)
 {
     profile.WriteProfileInts({{Setting::EditHeader0, 0}, {Setting::EditHeader2, 77}});
     Make(0);
-    EXPECT_EQ(view->Report().columnWidth(0), 175);
+    EXPECT_EQ(view->Report().columnWidth(0),
+              175 * view->Report().fontMetrics().horizontalAdvance(QLatin1Char('0')) / 5);
     EXPECT_EQ(view->Report().columnWidth(2), 77);
     view->Report().setColumnWidth(3, 91);
     minimised = true;

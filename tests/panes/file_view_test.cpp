@@ -147,6 +147,64 @@ TEST_F(FileViewTest, PortionsEndUpInOneOrder)
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
 }
 
+// More rows than are sorted at once.
+TEST_F(FileViewTest, WhatIsSelectedStaysSoWhileManyRowsAreSorted)
+{
+    for (int i = 0; i < 6500; ++i) {
+        WriteContent(Path("data/") + std::to_string(i), i % 2 == 0 ? "" : std::string(2000, 'x'));
+    }
+    std::filesystem::create_directory(Path("other"));
+    WriteContent(Path("other/one"), "");
+    Make();
+    Select("data");
+    Click(*view, 3000);
+    const Texts selected = view->GetSelectedNames();
+    const auto clickOn = [this](int column) {
+        const QHeaderView& header = *view->Report().header();
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          {header.sectionViewportPosition(column) + 10, header.height() / 2});
+    };
+    clickOn(kFileSize);
+    Wait();
+    const Texts sizes = Column(*view, kFileSize);
+    EXPECT_TRUE(std::is_sorted(sizes.begin(), sizes.end()));
+    EXPECT_EQ(view->GetSelectedNames(), selected);
+    clickOn(kFileName);
+    EXPECT_TRUE(view->IsReading());
+    Select("other");
+    QTest::qWait(50);
+    EXPECT_EQ(Names(), Texts({"one"}));
+}
+
+TEST_F(FileViewTest, WhoHasScrolledKeepsTheRowAtTheTop)
+{
+    for (int i = 0; i < 6500; ++i) {
+        WriteContent(Path("data/") + std::to_string(i), "");
+    }
+    Make();
+    const ShellFolderPtr folder = BindTemp("data");
+    EXPECT_TRUE(view->ShowFolder(folder));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return view->Model().RowCount() > 5500; }));
+    view->Report().PutOnTop(view->Model().index(5400, 0));
+    const QPersistentModelIndex top = view->Report().TopRow();
+    Wait();
+    EXPECT_EQ(view->Report().TopRow(), top);
+}
+
+TEST_F(FileViewTest, DefaultWidthsShowATimeInAnyFont)
+{
+    const QFont before = QApplication::font();
+    for (const int points : {8, 24}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        const CFileView list(Services());
+        const int time = QFontMetrics(font).horizontalAdvance(QStringLiteral("12/28/08 08:05 PM"));
+        EXPECT_GE(list.Report().columnWidth(kFileModified), time + 12) << points;
+    }
+    QApplication::setFont(before);
+}
+
 TEST_F(FileViewTest, AnEmptyFolderIsNotTakenForOneThatCannotBeRead)
 {
     Make();
@@ -370,7 +428,8 @@ TEST_F(FileViewTest, RowDetailSurvivesARestartAndWidthsOnlyAReport)
 {
     profile.WriteProfileInts({{Setting::FileHeader1, 0}, {Setting::FileHeader2, 88}});
     Make();
-    EXPECT_EQ(view->Report().columnWidth(kFileSize), 70);
+    EXPECT_EQ(view->Report().columnWidth(kFileSize),
+              70 * view->Report().fontMetrics().horizontalAdvance(QLatin1Char('0')) / 5);
     EXPECT_EQ(view->Report().columnWidth(kFileType), 88);
     view->Report().setColumnWidth(kFileType, 99);
     view->OnCommand(CMD_VIEW_LIST);
