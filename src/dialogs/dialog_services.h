@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "batch/profile.h"
 #include "batch/prompts.h"
 #include "panes/item_icons.h"
 #include "platform/path_text.h"
@@ -21,7 +22,8 @@ struct DialogServices {
     const ItemIcons* pIcons = nullptr;
     ShellFolderPtr desktop;  // null: folders show nothing
     DriveMap drives;
-    std::function<QWidget*()> parent;  // window over which a dialog opens; may be empty
+    const Profile* pProfile = nullptr;  // null: no dialog remembers its size
+    std::function<QWidget*()> parent;   // window over which a dialog opens; may be empty
 
     [[nodiscard]] QWidget* Parent() const { return parent ? parent() : nullptr; }
 };

@@ -7,6 +7,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/set_attributes_dialog.h"
 
@@ -42,6 +44,16 @@ EntryWindow::EntryWindow(const DialogServices& services, const EntryWindowTexts&
     MakeBoxes(texts.boxes);
     MakeButtons();
     LayOut(texts);
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({
+        {m_source->Edit(), kTopicSource},
+        {m_source->BrowseButton(), kTopicSourceBrowse},
+        {m_dest->Edit(), kTopicDest},
+        {m_dest->BrowseButton(), kTopicDestBrowse},
+        {m_ok, kTopicOk},
+        {m_cancel, kTopicCancel},
+        {m_advanced, kTopicAdvanced},
+    });
 }
 
 FolderBox* EntryWindow::MakeFolderBox(FolderBox::Role role, const char* name,
@@ -62,6 +74,7 @@ void EntryWindow::MakeBoxes(const std::vector<EntryBoxText>& boxes)
     for (const EntryBoxText& entry : boxes) {
         auto* box = new QCheckBox(Text(entry.text), this);
         box->setVisible(entry.shown);
+        SetHelpTopic(*box, entry.topic);
         connect(box, &QCheckBox::clicked, this,
                 [this, which = entry.box](bool on) { OnBox(which, on); });
         m_boxes[static_cast<std::size_t>(entry.box)] = box;

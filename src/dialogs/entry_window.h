@@ -28,6 +28,7 @@ struct EntryBoxText {
     EntryBox box;
     const char* text;
     bool shown;
+    int topic;
 };
 
 struct EntryWindowTexts {

@@ -5,7 +5,10 @@
 
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 #include "dialogs/folder_setup_dialog.h"
+#include "dialogs/kept_size.h"
 
 namespace quorbit {
 namespace {
@@ -20,14 +23,15 @@ EntryWindowTexts TextsOf(const FileEntryForm& form)
         folders ? "Folders to c&hoose from" : "Files to c&hoose from",
         folders ? "Folders &to process" : "Files &to process",
         {
-            {DeleteFolder, "&Delete selected folders ", folders && form.bDelete},
-            {SubFolders, "&Include sub folders", folders},
-            {Preserve, "&Preserve folder structure", folders && copies},
-            {Sync, "&Sync Files (overwrite older files)", copies},
-            {Incremental, "Incremental bac&kup", copies},
+            {DeleteFolder, "&Delete selected folders ", folders && form.bDelete,
+             kTopicDeleteFolders},
+            {SubFolders, "&Include sub folders", folders, kTopicSubFolders},
+            {Preserve, "&Preserve folder structure", folders && copies, kTopicPreserve},
+            {Sync, "&Sync Files (overwrite older files)", copies, kTopicSync},
+            {Incremental, "Incremental bac&kup", copies, kTopicIncremental},
             {AllBut, "Process all &but specified files (in Files to process listbox below)",
-             form.bFiles},
-            {Overwrite, "Overwrite Read Only Files", copies},
+             form.bFiles, kTopicAllButFiles},
+            {Overwrite, "Overwrite Read Only Files", copies, kTopicOverwrite},
         },
         copies,
     };
@@ -43,6 +47,7 @@ FileEntryWindow::FileEntryWindow(const DialogServices& services, FileEntryForm f
         CFolderSetupDlg dialog(Services(), this);
         dialog.DoModal(m_form.folderTypes);
     });
+    SetHelpTopic(*typeSetup, kTopicTypeSetup);
     AddExtraButton(typeSetup);
     typeSetup->setVisible(!m_form.bFiles);
     SetTabOrder();
@@ -50,12 +55,18 @@ FileEntryWindow::FileEntryWindow(const DialogServices& services, FileEntryForm f
     Source().SetFolder(m_form.source);
     Dest().SetFolder(m_form.dest);
     ShowChecks(m_form.checks, EnabledBoxes(m_form.checks));
+    if (m_form.bFiles) {
+        Lists().SetListTopics(kTopicChooseFiles, kTopicProcessFiles);
+    } else {
+        Lists().SetListTopics(kTopicChooseFolders, kTopicProcessFolders);
+    }
     Lists().AddToProcess(m_form.names);
     Lists().SetEntryCheck([this](const std::string& text) { return AcceptsEntry(text); });
     m_listing.emplace(
         services.desktop, m_form.source, m_form.bFiles ? ListedKind::Files : ListedKind::Folders,
         [this](const std::vector<std::string>& names) { Lists().AddToChoose(names); });
     Lists().FocusSpeedBox();
+    KeepSize(*this, services.pProfile, Setting::FileDialogSize);
 }
 
 bool FileEntryWindow::AcceptsEntry(const std::string& text) const

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "batch/help_topics.h"
+#include "dialogs/kept_size.h"
 #include "dialogs/offered_masks.h"
 
 namespace quorbit {
@@ -19,15 +21,15 @@ EntryWindowTexts TextsOf(const FileTypeForm& form)
         "File types to c&hoose from",
         "File types &to process",
         {
-            {DeleteFolder, "&Delete source folder", form.bDelete},
-            {SubFolders, "&Include sub folders", true},
-            {Preserve, "&Preserve folder structure", copies},
-            {Sync, "&Sync Files (overwrite older files)", copies},
-            {Incremental, "Incremental bac&kup", copies},
-            {AllBut, "Process all &but specified file types (in File types to process below)",
-             true},
-            {AllTypes, "P&rocess all file types (*.*)", true},
-            {Overwrite, "Overwrite Read Only Files", copies},
+            {DeleteFolder, "&Delete source folder", form.bDelete, kTopicDeleteSource},
+            {SubFolders, "&Include sub folders", true, kTopicSubFolders},
+            {Preserve, "&Preserve folder structure", copies, kTopicPreserve},
+            {Sync, "&Sync Files (overwrite older files)", copies, kTopicSync},
+            {Incremental, "Incremental bac&kup", copies, kTopicIncremental},
+            {AllBut, "Process all &but specified file types (in File types to process below)", true,
+             kTopicAllButTypes},
+            {AllTypes, "P&rocess all file types (*.*)", true, kTopicAllTypes},
+            {Overwrite, "Overwrite Read Only Files", copies, kTopicOverwrite},
         },
         copies,
     };
@@ -39,12 +41,14 @@ FileTypeWindow::FileTypeWindow(const DialogServices& services, FileTypeForm form
     : EntryWindow(services, TextsOf(form)), m_form(std::move(form))
 {
     SetTabOrder();
+    Lists().SetListTopics(kTopicChooseTypes, kTopicProcessTypes);
     Lists().AddToChoose(OfferedMasks(services.pPrompts));
     Source().SetFolder(m_form.source);
     Dest().SetFolder(m_form.dest);
     Lists().AddToProcess(m_form.masks);
     Lists().FocusSpeedBox();
     ShowForm();
+    KeepSize(*this, services.pProfile, Setting::FileTypeDialogSize);
 }
 
 void FileTypeWindow::ShowForm()

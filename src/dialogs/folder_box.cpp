@@ -43,7 +43,7 @@ FolderBox::FolderBox(const DialogServices& services, Role role, const QString& n
     grid->addWidget(m_browse, 0, 1);
     grid->addWidget(m_hint, 1, 0, 1, 2);
     connect(m_browse, &QPushButton::clicked, this, [this] { OnBrowse(); });
-    connect(m_edit, &QLineEdit::editingFinished, this, [this] { OnLeave(); });
+    connect(m_edit, &QLineEdit::editingFinished, this, [this] { LookForFolder(); });
     connect(m_edit, &QLineEdit::textChanged, this, [this] {
         m_probe.Drop();
         m_hint->hide();
@@ -55,6 +55,7 @@ void FolderBox::SetFolder(const std::string& folder)
     m_strSet = folder;
     m_edit->setText(ShownText(folder));
     m_edit->setCursorPosition(0);
+    LookForFolder();
 }
 
 std::string FolderBox::Folder() const
@@ -66,11 +67,10 @@ void FolderBox::OnBrowse()
 {
     if (const auto chosen = m_pick(Folder())) {
         SetFolder(*chosen);
-        OnLeave();
     }
 }
 
-void FolderBox::OnLeave()
+void FolderBox::LookForFolder()
 {
     std::string folder = Folder();
     if (folder.empty() || folder == kMyComputer) {

@@ -41,7 +41,7 @@ public:
 
 private:
     void OnBrowse();
-    void OnLeave();
+    void LookForFolder();
 
     Role m_role;
     DriveMap m_drives;

@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+#include "dialogs/kept_size.h"
 #include "dialogs/offered_masks.h"
 #include "dialogs/ok_cancel_row.h"
 
@@ -27,7 +30,11 @@ CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent
     setWindowTitle(QStringLiteral("Folder File Type Setup"));
     connect(m_allTypes, &QCheckBox::toggled, this, [this](bool on) { m_lists->SetUsable(!on); });
     LayOut();
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopic(*m_allTypes, kTopicFolderAllTypes);
+    m_lists->SetListTopics(kTopicChooseTypes, kTopicFolderTypes);
     m_lists->AddToChoose(OfferedMasks(services.pPrompts));
+    KeepSize(*this, services.pProfile, Setting::FolderTypesDialogSize);
 }
 
 void CFolderSetupDlg::LayOut()

@@ -5,6 +5,9 @@
 
 #include <QPushButton>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+
 namespace quorbit {
 
 QHBoxLayout* MakeOkCancelRow(QDialog& dialog, const QString& ok, const QString& cancel)
@@ -12,6 +15,7 @@ QHBoxLayout* MakeOkCancelRow(QDialog& dialog, const QString& ok, const QString& 
     auto* accepts = new QPushButton(ok, &dialog);
     auto* rejects = new QPushButton(cancel, &dialog);
     accepts->setDefault(true);
+    SetHelpTopics({{accepts, kTopicOk}, {rejects, kTopicCancel}});
     QObject::connect(accepts, &QPushButton::clicked, &dialog, &QDialog::accept);
     QObject::connect(rejects, &QPushButton::clicked, &dialog, &QDialog::reject);
     auto* row = new QHBoxLayout;

@@ -10,6 +10,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+#include "dialogs/kept_size.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/shown_text.h"
@@ -29,6 +32,7 @@ COptionsDlg::COptionsDlg(const DialogServices& services, OptionSources sources, 
           [this, &services](const std::string& start) { return PickFolder(services, this, start); },
           this)),
       m_logFile(new QLineEdit(this)),
+      m_editor(new QLabel(QStringLiteral("Text editor for log file:  Notepad.exe"), this)),
       m_suppress(new QCheckBox(
           QStringLiteral("Suppress error message boxes while running qrb file."), this)),
       m_refresh(new QCheckBox(QStringLiteral("Refresh views after running a qrb file."), this))
@@ -39,6 +43,16 @@ COptionsDlg::COptionsDlg(const DialogServices& services, OptionSources sources, 
     m_logFile->setReadOnly(true);
     m_logFile->setAccessibleName(QStringLiteral("Log file path"));
     LayOut();
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({
+        {m_logFile, kTopicLogFilePath},
+        {m_refresh, kTopicRefreshAfterRun},
+        {m_suppress, kTopicSuppressErrors},
+        {m_editor, kTopicLogEditor},
+        {m_folder->Edit(), kTopicQrbFolder},
+        {m_folder->BrowseButton(), kTopicQrbFolderBrowse},
+    });
+    KeepSize(*this, services.pProfile, Setting::OptionsDialogSize);
 }
 
 void COptionsDlg::LayOut()
@@ -54,8 +68,7 @@ void COptionsDlg::LayOut()
     grid->addWidget(m_folder, 0, 1);
     grid->addWidget(logLabel, 1, 0);
     grid->addWidget(m_logFile, 1, 1);
-    grid->addWidget(new QLabel(QStringLiteral("Text editor for log file:  Notepad.exe"), group), 2,
-                    0, 1, 2);
+    grid->addWidget(m_editor, 2, 0, 1, 2);
     grid->addWidget(m_suppress, 3, 0, 1, 2);
     grid->addWidget(m_refresh, 4, 0, 1, 2);
 

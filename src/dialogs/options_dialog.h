@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <functional>
@@ -47,6 +48,7 @@ private:
     OptionSources m_sources;
     FolderBox* m_folder;
     QLineEdit* m_logFile;
+    QLabel* m_editor;
     QCheckBox* m_suppress;
     QCheckBox* m_refresh;
 };

@@ -9,6 +9,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+#include "dialogs/kept_size.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/open_dialog.h"
 #include "dialogs/shown_text.h"
@@ -33,7 +36,7 @@ QLabel* Text(const char* text, QWidget* parent)
     auto* label = new QLabel(QString::fromLatin1(text), parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 60);
+    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 75);
     return label;
 }
 
@@ -57,12 +60,21 @@ ScriptEntryWindow::ScriptEntryWindow(const DialogServices& services, ScriptEntry
     m_dosBatch->setChecked(m_form.type == ScriptType::DosBatch);
     connect(m_browse, &QPushButton::clicked, this, [this] { OnBrowse(); });
     LayOut();
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({
+        {m_file, kTopicScriptFile},
+        {m_browse, kTopicScriptBrowse},
+        {m_shellHost, kTopicScriptShellHost},
+        {m_dosBatch, kTopicScriptDosBatch},
+    });
     m_file->setFocus();
+    KeepSize(*this, services.pProfile, Setting::ScriptDialogSize);
 }
 
 void ScriptEntryWindow::LayOut()
 {
     QLabel* enter = Text(kEnter, this);
+    enter->setWordWrap(false);
     enter->setBuddy(m_file);
     auto* file = new QHBoxLayout;
     file->addWidget(m_file, 1);
@@ -87,12 +99,16 @@ void ScriptEntryWindow::LayOut()
 
 void ScriptEntryWindow::OnBrowse()
 {
-    COpenDialog dialog(this);
-    std::string path;
-    if (dialog.DoModal(path)) {
+    std::string path = File();
+    if (COpenDialog(m_services, this, path).DoModal(path)) {
         m_form.file = path;
         m_file->setText(ShownText(path));
     }
+}
+
+std::string ScriptEntryWindow::File() const
+{
+    return m_file->text() == ShownText(m_form.file) ? m_form.file : TypedName(m_file->text());
 }
 
 void ScriptEntryWindow::accept()
@@ -103,9 +119,7 @@ void ScriptEntryWindow::accept()
         }
         return;
     }
-    if (m_file->text() != ShownText(m_form.file)) {
-        m_form.file = TypedName(m_file->text());
-    }
+    m_form.file = File();
     m_form.type = m_shellHost->isChecked() ? ScriptType::ShellHost : ScriptType::DosBatch;
     QDialog::accept();
 }

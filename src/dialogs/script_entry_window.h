@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <string>
 
 #include "dialogs/dialog_services.h"
 #include "dialogs/script_entry_form.h"
@@ -29,6 +30,7 @@ public:
 private:
     void LayOut();
     void OnBrowse();
+    [[nodiscard]] std::string File() const;
 
     const DialogServices& m_services;
     ScriptEntryForm m_form;

@@ -8,6 +8,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
+#include "dialogs/kept_size.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/shown_text.h"
 #include "platform/shell/shell_constants.h"
@@ -53,6 +56,9 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
     m_pTree->setHeaderHidden(true);
     m_pTree->setRootIsDecorated(true);
     LayOut();
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({{m_edit, kTopicPickFolder}, {m_pTree, kTopicPickFolderTree}});
+    KeepSize(*this, services.pProfile, Setting::SelectFolderSize);
     // Until the tree has found its way, OK must not give a folder in the middle of it.
     ShowPath(m_strPath);
     connect(m_pTree, &QTreeWidget::currentItemChanged, this, [this] { OnNodeSelected(); });

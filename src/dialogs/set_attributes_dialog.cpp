@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 
 #include "batch/dir_copy.h"
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 
 namespace quorbit {
 namespace {
@@ -18,13 +20,14 @@ namespace {
 struct AttributeBox {
     const char* text;
     std::uint32_t bit;
+    int topic;
 };
 
 constexpr std::array<AttributeBox, 4> kBoxes = {{
-    {"&Read only files", DCF_ATTR_READONLY},
-    {"&System files", DCF_ATTR_SYSTEM},
-    {"&Hidden files", DCF_ATTR_HIDDEN},
-    {"&Archive files", DCF_ATTR_ARCHIVE},
+    {"&Read only files", DCF_ATTR_READONLY, kTopicReadOnly},
+    {"&System files", DCF_ATTR_SYSTEM, kTopicSystem},
+    {"&Hidden files", DCF_ATTR_HIDDEN, kTopicHidden},
+    {"&Archive files", DCF_ATTR_ARCHIVE, kTopicArchive},
 }};
 
 }  // namespace
@@ -40,12 +43,20 @@ CSetAttributes::CSetAttributes(QWidget* parent)
     setWindowTitle(QStringLiteral("Set File Processing Attributes"));
     for (std::size_t i = 0; i < kBoxes.size(); ++i) {
         m_attributes[i] = new QCheckBox(QString::fromLatin1(kBoxes[i].text), this);
+        SetHelpTopic(*m_attributes[i], kBoxes[i].topic);
     }
     m_relation->addButton(m_or);
     m_relation->addButton(m_and);
     connect(m_dontApply, &QCheckBox::clicked, this,
             [this](bool on) { ShowForm(ClickDontApply(ReadForm(), on)); });
     LayOut();
+    setWindowFlag(Qt::WindowContextHelpButtonHint);
+    SetHelpTopics({
+        {m_dontApply, kTopicDontApply},
+        {m_or, kTopicOr},
+        {m_and, kTopicAnd},
+        {m_logical, kTopicRelation},
+    });
 }
 
 void CSetAttributes::LayOut()

@@ -3,6 +3,7 @@
 
 #include "dialogs/two_lists.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -10,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "batch/help_topic.h"
+#include "batch/help_topics.h"
 #include "dialogs/shown_text.h"
 
 namespace quorbit {
@@ -20,13 +23,15 @@ QString WithoutMnemonic(QString text)
     return text.remove(QLatin1Char('&'));
 }
 
+// Rows of the names, whatever stands between these and the list.
 std::vector<int> SelectedRows(const QListView& list)
 {
     std::vector<int> rows;
+    const auto* filtered = dynamic_cast<const QSortFilterProxyModel*>(list.model());
     const QModelIndexList selected = list.selectionModel()->selectedRows();
     rows.reserve(selected.size());
     for (const QModelIndex& index : selected) {
-        rows.push_back(index.row());
+        rows.push_back(filtered != nullptr ? filtered->mapToSource(index).row() : index.row());
     }
     std::sort(rows.begin(), rows.end());
     return rows;
@@ -40,7 +45,8 @@ TwoLists::TwoLists(const QString& chooseLabel, const QString& processLabel, Comp
       m_compare(compare),
       m_speedBox(new CComboBoxEx(this)),
       m_addEntry(MakeButton(QStringLiteral("Add &Entry ->"), &TwoLists::OnAddEntry)),
-      m_choose(MakeList(m_chooseNames, chooseLabel, "m_lstChoose")),
+      m_filter(MakeFilter(chooseLabel)),
+      m_choose(MakeList(m_offered, chooseLabel, "m_lstChoose")),
       m_add(MakeButton(QStringLiteral("&Add ->"), &TwoLists::OnAdd)),
       m_remove(MakeButton(QStringLiteral("<- &Remove"), &TwoLists::OnRemove)),
       m_process(MakeList(m_processNames, processLabel, "m_lstProcess"))
@@ -48,11 +54,26 @@ TwoLists::TwoLists(const QString& chooseLabel, const QString& processLabel, Comp
     m_speedBox->SetLines(&m_chooseNames);
     m_speedBox->setObjectName(QStringLiteral("m_cmbSpeed"));
     m_speedBox->setAccessibleName(QStringLiteral("Speed typing box"));
-    m_speedBox->installEventFilter(this);
+    m_offered.setSourceModel(&m_chooseNames);
+    m_offered.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_filter, m_choose}) {
+        control->installEventFilter(this);
+    }
+    connect(m_filter, &QLineEdit::textChanged, &m_offered,
+            &QSortFilterProxyModel::setFilterFixedString);
+    connect(m_choose, &QListView::doubleClicked, this, [this] { OnAdd(); });
+    connect(m_process, &QListView::doubleClicked, this, [this] { OnRemove(); });
     LayOut(chooseLabel, processLabel);
+    SetHelpTopics({
+        {m_speedBox, kTopicSpeedBox},
+        {m_addEntry, kTopicAddEntry},
+        {m_add, kTopicAdd},
+        {m_remove, kTopicRemove},
+    });
 }
 
-QListView* TwoLists::MakeList(NameListModel& names, const QString& label, const char* objectName)
+QListView* TwoLists::MakeList(QAbstractItemModel& names, const QString& label,
+                              const char* objectName)
 {
     auto* list = new QListView(this);
     list->setModel(&names);
@@ -62,8 +83,18 @@ QListView* TwoLists::MakeList(NameListModel& names, const QString& label, const 
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setUniformItemSizes(true);
     const QFontMetrics metrics = list->fontMetrics();
-    list->setMinimumSize(metrics.averageCharWidth() * 24, metrics.lineSpacing() * 8);
+    list->setMinimumSize(metrics.averageCharWidth() * 24, metrics.lineSpacing() * 4);
     return list;
+}
+
+QLineEdit* TwoLists::MakeFilter(const QString& label)
+{
+    auto* filter = new QLineEdit(this);
+    filter->setObjectName(QStringLiteral("m_edtFilter"));
+    filter->setPlaceholderText(QStringLiteral("Filter"));
+    filter->setAccessibleName(QStringLiteral("Filter of ") + WithoutMnemonic(label));
+    filter->setClearButtonEnabled(true);
+    return filter;
 }
 
 QPushButton* TwoLists::MakeButton(const QString& text, void (TwoLists::*onClick)())
@@ -94,10 +125,11 @@ void TwoLists::LayOut(const QString& chooseLabel, const QString& processLabel)
     grid->addWidget(m_addEntry, 1, 1);
     grid->addWidget(label(chooseLabel, m_choose), 2, 0);
     grid->addWidget(label(processLabel, m_process), 2, 2);
-    grid->addWidget(m_choose, 3, 0);
-    grid->addLayout(between, 3, 1);
-    grid->addWidget(m_process, 3, 2);
-    grid->setRowStretch(3, 1);
+    grid->addWidget(m_filter, 3, 0);
+    grid->addWidget(m_choose, 4, 0);
+    grid->addLayout(between, 3, 1, 2, 1);
+    grid->addWidget(m_process, 3, 2, 2, 1);
+    grid->setRowStretch(4, 1);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(2, 1);
 }
@@ -113,10 +145,15 @@ void TwoLists::SetEntryCheck(std::function<bool(const std::string&)> accepts)
     m_accepts = std::move(accepts);
 }
 
+void TwoLists::SetListTopics(int choose, int process)
+{
+    SetHelpTopics({{m_filter, choose}, {m_choose, choose}, {m_process, process}});
+}
+
 void TwoLists::SetUsable(bool usable)
 {
-    for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_addEntry, m_choose, m_add,
-                                                            m_remove, m_process}) {
+    for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_addEntry, m_filter,
+                                                            m_choose, m_add, m_remove, m_process}) {
         control->setEnabled(usable);
     }
 }
@@ -132,22 +169,71 @@ std::vector<QWidget*> TwoLists::TabChain() const
     if (m_extra != nullptr) {
         chain.push_back(m_extra);
     }
-    chain.insert(chain.end(), {m_choose, m_add, m_remove, m_process});
+    chain.insert(chain.end(), {m_filter, m_choose, m_add, m_remove, m_process});
     return chain;
 }
 
-// Enter in the speed typing box presses Add Entry and not the dialog's OK.
 bool TwoLists::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_speedBox && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            QMetaObject::invokeMethod(
-                m_addEntry, [button = m_addEntry] { button->click(); }, Qt::QueuedConnection);
+    if (event->type() == QEvent::KeyPress) {
+        auto& key = *static_cast<QKeyEvent*>(event);
+        if ((watched == m_speedBox && OnSpeedBoxKey(key)) ||
+            (watched == m_filter && OnFilterKey(key)) ||
+            (watched == m_choose && OnChooseKey(key))) {
             return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Enter presses Add Entry and not the dialog's OK.
+bool TwoLists::OnSpeedBoxKey(const QKeyEvent& key)
+{
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        return false;
+    }
+    QMetaObject::invokeMethod(
+        m_addEntry, [button = m_addEntry] { button->click(); }, Qt::QueuedConnection);
+    return true;
+}
+
+// Enter leads on to what the filter has found; Escape takes the filter away before it cancels.
+bool TwoLists::OnFilterKey(const QKeyEvent& key)
+{
+    switch (key.key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            m_choose->setFocus(Qt::OtherFocusReason);
+            if (!m_choose->currentIndex().isValid()) {
+                m_choose->setCurrentIndex(m_offered.index(0, 0));
+            }
+            return true;
+        case Qt::Key_Escape:
+            if (m_filter->text().isEmpty()) {
+                return false;
+            }
+            m_filter->clear();
+            return true;
+        default:
+            return false;
+    }
+}
+
+// What is typed into the list goes to its filter.
+bool TwoLists::OnChooseKey(QKeyEvent& key)
+{
+    const Qt::KeyboardModifiers others =
+        key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool types =
+        !key.text().isEmpty() && key.text().front().isPrint() && key.key() != Qt::Key_Space;
+    if (others != Qt::NoModifier || !types) {
+        return false;
+    }
+    m_filter->setFocus(Qt::OtherFocusReason);
+    m_filter->end(false);
+    QCoreApplication::sendEvent(m_filter, &key);
+    return true;
 }
 
 bool TwoLists::IsOffered(const std::string& name) const

@@ -136,6 +136,47 @@ TEST_F(ControlsTest, RemovesEverySelectedLine)
     EXPECT_FALSE(Find<QListView>(lists, "m_lstProcess")->selectionModel()->hasSelection());
 }
 
+TEST_F(ControlsTest, NothingIsMovedThatTheFilterHides)
+{
+    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    lists.AddToChoose({"*.c", "*.cpp", "*.doc", "a b"});
+    auto* choose = Find<QListView>(lists, "m_lstChoose");
+    auto* filter = Find<QLineEdit>(lists, "m_edtFilter");
+    choose->selectAll();
+    QTest::keyClicks(choose, QStringLiteral("CP"));
+    EXPECT_EQ(Lines(lists, "m_lstChoose"), Names{"*.cpp"});
+    Click(lists, "&Add ->");
+    EXPECT_EQ(lists.ProcessNames(), Names{"*.cpp"});
+    lists.AddToChoose({"*.cpx", "*.cxx"});
+    EXPECT_EQ(Lines(lists, "m_lstChoose"), (Names{"*.cpp", "*.cpx"}));
+    filter->clear();
+    EXPECT_EQ(choose->model()->rowCount(), 6);
+    Click(lists, "&Add ->");
+    EXPECT_EQ(lists.ProcessNames(), Names{"*.cpp"});
+    filter->setText(QStringLiteral("."));
+    QTest::keyClick(filter, Qt::Key_Down);
+    Click(lists, "&Add ->");
+    EXPECT_EQ(lists.ProcessNames(), (Names{"*.c", "*.cpp"}));
+}
+
+TEST_F(ControlsTest, EnterAndEscapeInAFilterDoNotCloseItsDialog)
+{
+    QDialog dialog;
+    auto* ok = new QPushButton(&dialog);
+    ok->setDefault(true);
+    QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, &dialog);
+    auto* filter = Find<QLineEdit>(lists, "m_edtFilter");
+    dialog.show();
+    QTest::keyClicks(filter, QStringLiteral("x"));
+    QTest::keyClick(filter, Qt::Key_Return);
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(filter->text().isEmpty());
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
 TEST_F(ControlsTest, SelectionStaysWithItsLinesWhileOthersCome)
 {
     TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
@@ -175,12 +216,17 @@ TEST_F(ControlsTest, FolderBoxHintsAtAMissingFolder)
         QWidget window;
         FolderBox box(services, c.role, QStringLiteral("folder"), {}, &window);
         box.SetFolder(c.text);
-        Q_EMIT box.Edit()->editingFinished();
         auto* hint = box.findChild<QLabel*>();
         EXPECT_TRUE(QTest::qWaitFor([&] { return hint->isVisibleTo(&window); },
                                     c.hint ? 5000 : 50) == c.hint)
             << c.text;
         EXPECT_EQ(box.Folder(), c.text);
+
+        // A text that is being typed is not looked at before the box is left.
+        box.Edit()->setText(QStringLiteral("/gone/further/down"));
+        EXPECT_FALSE(hint->isVisibleTo(&window));
+        Q_EMIT box.Edit()->editingFinished();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return hint->isVisibleTo(&window); })) << c.text;
     }
 }
 
