@@ -8,10 +8,13 @@
 # Debian packages by purpose. `lint_packages` and the rest come on top of `build_packages`.
 # shellcheck disable=SC2034
 {
-    build_packages=(cmake g++ ninja-build qt6-base-dev)
+    build_packages=(cmake g++ libqt6svg6 ninja-build qt6-base-dev)
     test_packages=(libgmock-dev libgtest-dev)
     lint_packages=(clang-format clang-tidy)
     bench_packages=(rsync)
+    package_packages=(dpkg-dev librsvg2-bin lintian)
+    check_package_packages=(appstream debootstrap desktop-file-utils man-db)
+    screenshot_packages=(fonts-dejavu-core imagemagick openbox pngquant qt6-gtk-platformtheme x11-utils xdotool xvfb)
 }
 
 : "${root:?the caller sets it}"

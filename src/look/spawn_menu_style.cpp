@@ -161,7 +161,11 @@ void SpawnMenuStyle::DrawEntry(const QStyleOptionMenuItem& option, QPainter& pai
 void SpawnMenuStyle::DrawArrow(const QStyleOptionMenuItem& option, QPainter& painter,
                                const QColor& color, const QWidget* widget) const
 {
-    QStyleOption arrow = option;
+    QStyleOption arrow;
+    arrow.state = option.state;
+    arrow.direction = option.direction;
+    arrow.fontMetrics = option.fontMetrics;
+    arrow.palette = option.palette;
     arrow.rect = QRect(option.rect.right() + 1 - kArrowRoom, option.rect.center().y() - kArrow / 2,
                        kArrow, kArrow);
     for (const QPalette::ColorRole role :

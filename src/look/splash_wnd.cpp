@@ -39,7 +39,7 @@ QPointer<CMySplashWnd> CMySplashWnd::Create(const QIcon& picture,
     if (picture.isNull()) {
         return nullptr;
     }
-    const QPointer<CMySplashWnd> window(new CMySplashWnd(picture));
+    QPointer<CMySplashWnd> window(new CMySplashWnd(picture));
     window->show();
     PaintNow(*window);
     QTimer::singleShot(duration, window, [window] { window->End(); });
