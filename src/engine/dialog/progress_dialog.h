@@ -12,8 +12,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 #include <memory>
@@ -22,13 +20,10 @@
 
 #include "batch/qrb_doc.h"
 #include "engine/dialog/dialog_surface.h"
-#include "engine/dialog/path_label.h"
 #include "engine/dialog/progress_services.h"
 #include "engine/dialog/rate_estimator.h"
+#include "engine/dialog/run_panel.h"
 #include "engine/run_context.h"
-
-class QGridLayout;
-class QGroupBox;
 
 namespace quorbit {
 
@@ -58,10 +53,7 @@ private:
 
     void LayOut();
     void SetTopics();
-    QGroupBox* MakeFileGroup();
-    QGroupBox* MakeStatsGroup();
     QLayout* MakeButtons();
-    void AddValue(QGridLayout* pGrid, int row, int column, const QString& label, QLabel* pValue);
 
     void MakeContext();
     [[nodiscard]] bool OpenLog();
@@ -72,32 +64,16 @@ private:
     void Close();
 
     void ShowNewest();
-    void ShowTexts();
-    void ShowProgress();
     void ShowStates();
     void ShowElapsed();
     void ShowTransfer();
     void MeasureRate();
 
-    QLabel* m_stcErrorCount;
-    QLabel* m_stcBackupCount;
-    QLabel* m_stcTotalCount;
-    QLabel* m_stcDidntSyncCount;
-    QLabel* m_stcFileSize;
-    QLabel* m_stcSyncCount;
-    QLabel* m_stcDeleteCount;
-    QLabel* m_stcCopyCount;
     QPushButton* m_btnViewLog;
     QPushButton* m_btnCancel;
     QPushButton* m_btnStopCounting;
-    QLabel* m_stcElapsed;
-    QLabel* m_stcFilesLeft;
-    PathLabel* m_stcDestFile;
     QPushButton* m_btnStart;
-    QLabel* m_stcFileStatus;
-    PathLabel* m_stcCurrentFile;
-    QProgressBar* m_progress;
-    QLabel* m_stcTransfer;  // bytes, speed, time left
+    RunPanel* m_pPanel;
 
     ProgressServices m_services;
     const CQRBDoc* m_pDoc;
