@@ -24,25 +24,32 @@ std::uint32_t SwitchesIn(const std::string& word)
 {
     const std::string upper = UpperCase(word);
     std::uint32_t mode = 0;
-    if (upper.find("/VS") != std::string::npos)
+    if (upper.find("/VS") != std::string::npos) {
         mode |= kRunAndQuit;
-    if (upper.find("/VO") != std::string::npos)
+    }
+    if (upper.find("/VO") != std::string::npos) {
         mode |= kRunAndStayOpen;
-    if (upper.find("/I") != std::string::npos)
+    }
+    if (upper.find("/I") != std::string::npos) {
         mode |= kRunInvisible;
+    }
     return mode;
 }
 
 std::optional<CommandAction> ActionOf(const std::string& option)
 {
-    if (option == "--help")
+    if (option == "--help") {
         return CommandAction::Help;
-    if (option == "--version")
+    }
+    if (option == "--version") {
         return CommandAction::Version;
-    if (option == "--setup")
+    }
+    if (option == "--setup") {
         return CommandAction::Setup;
-    if (option == "--show")
+    }
+    if (option == "--show") {
         return CommandAction::Show;
+    }
     return std::nullopt;
 }
 
@@ -60,8 +67,9 @@ void TakeOption(CommandLine& line, const std::string& option)
 
 void TakeFile(CommandLine& line, const std::string& file)
 {
-    if (!line.named)
+    if (!line.named) {
         line.batchFile = file;
+    }
     line.named = true;
 }
 
@@ -72,10 +80,12 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments,
 {
     CommandLine line;
     for (const std::string& argument : arguments) {
-        if (line.action == CommandAction::Wrong)
+        if (line.action == CommandAction::Wrong) {
             break;
-        if (argument.empty())
+        }
+        if (argument.empty()) {
             continue;
+        }
         const bool file = UpperCase(argument).ends_with(".QRB") || fileExists(argument);
         if (file) {
             TakeFile(line, argument);
@@ -83,8 +93,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments,
             TakeOption(line, argument);
         } else {
             line.nRunMode |= SwitchesIn(argument);
-            if (argument.front() != '/' && argument.front() != '-')
+            if (argument.front() != '/' && argument.front() != '-') {
                 TakeFile(line, argument);
+            }
         }
     }
     if (line.action == CommandAction::Show && !line.named) {

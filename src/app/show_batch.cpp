@@ -49,8 +49,9 @@ std::string Hex(std::uint32_t value)
 
 std::string KindName(std::uint32_t kind)
 {
-    if (kind == DCK_TYPES)
+    if (kind == DCK_TYPES) {
         return "DCK_TYPES";
+    }
     return kind == DCK_NAMES ? "DCK_NAMES" : "unknown (" + std::to_string(kind) + ")";
 }
 
@@ -64,11 +65,13 @@ std::string Field(std::string_view label, std::string_view value)
 
 std::string List(std::string_view label, const std::vector<std::string>& items)
 {
-    if (items.empty())
+    if (items.empty()) {
         return Field(label, "(none)");
+    }
     std::string text = Field(label, Printable(items.front()));
-    for (std::size_t i = 1; i < items.size(); ++i)
+    for (std::size_t i = 1; i < items.size(); ++i) {
         text += std::string(kIndent) + Printable(items[i]) + "\n";
+    }
     return text;
 }
 
@@ -90,28 +93,33 @@ std::string FlagNames(std::uint32_t dwFlags)
 {
     std::string text;
     const auto add = [&](std::string_view name) {
-        if (!text.empty())
+        if (!text.empty()) {
             text += ' ';
+        }
         text += name;
     };
     for (const FlagName& flag : kFlagNames) {
-        if (dwFlags & flag.flag)
+        if (dwFlags & flag.flag) {
             add(flag.name);
+        }
         dwFlags &= ~flag.flag;
     }
-    if (dwFlags != 0)
+    if (dwFlags != 0) {
         add(Hex(dwFlags));
+    }
     return text.empty() ? "(none)" : text;
 }
 
 std::string ShowEntries(const std::vector<CDirCopy>& entries)
 {
-    if (entries.empty())
+    if (entries.empty()) {
         return "The Batch File is empty.\n";
+    }
     std::string text;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        if (i > 0)
+        if (i > 0) {
             text += "\n";
+        }
         text += ShowEntry(i + 1, entries[i]);
     }
     return text;

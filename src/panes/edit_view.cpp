@@ -105,8 +105,10 @@ void CQRBEditView::OnContextMenu(int, const QPoint& position, Qt::KeyboardModifi
     const auto selected = SelectedRows().size();
     QMenu& menu = NewPopupMenu();
     const auto add = [&](const char* text, int nId, bool enabled) {
-        menu.addAction(QLatin1String(text), this, [this, nId] { m_services.postCommand(nId); })
-            ->setEnabled(enabled);
+        QAction* action =
+            menu.addAction(QLatin1String(text), this, [this, nId] { m_services.postCommand(nId); });
+        action->setData(nId);  // by which the menu finds its picture
+        action->setEnabled(enabled);
     };
     add("&Edit", CMD_EDIT_ENTRY, selected == 1);
     add("&Delete", CMD_DELETE, selected > 0);

@@ -15,8 +15,9 @@ std::atomic<std::atomic<int>*> g_pStopFlag{nullptr};
 
 extern "C" void OnStopSignal(int)
 {
-    if (std::atomic<int>* flag = g_pStopFlag.load())
+    if (std::atomic<int>* flag = g_pStopFlag.load()) {
         flag->store(1);
+    }
 }
 
 }  // namespace
@@ -26,8 +27,9 @@ void StopOnSignals(std::atomic<int>& flag)
     g_pStopFlag = &flag;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction previous {};
-        if (sigaction(signal, nullptr, &previous) == 0 && previous.sa_handler == SIG_IGN)
+        if (sigaction(signal, nullptr, &previous) == 0 && previous.sa_handler == SIG_IGN) {
             continue;
+        }
         struct sigaction action {};
         action.sa_handler = OnStopSignal;
         action.sa_flags = SA_RESTART;
@@ -46,8 +48,9 @@ std::uint64_t RaiseOpenFileLimit()
 {
     constexpr rlim_t kEnough = 65536;
     rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) != 0)
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) {
         return 1024;
+    }
     const rlim_t before = limit.rlim_cur;
     limit.rlim_cur = std::max(before, std::min(limit.rlim_max, kEnough));
     (void)setrlimit(RLIMIT_NOFILE, &limit);

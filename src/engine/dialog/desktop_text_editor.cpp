@@ -39,8 +39,9 @@ QString FindEditor()
 {
     for (const char* name : kEditors) {
         QString program = QStandardPaths::findExecutable(QLatin1String(name));
-        if (!program.isEmpty())
+        if (!program.isEmpty()) {
             return program;
+        }
     }
     return {};
 }
@@ -56,8 +57,9 @@ EditorStart FaultOf(const QString& reason)
         Fault{ENOMEM, EditorStart::OutOfMemory}, Fault{EAGAIN, EditorStart::OutOfMemory},
         Fault{ENOTDIR, EditorStart::PathNotFound}, Fault{ENOEXEC, EditorStart::BadFormat}};
     for (const Fault& fault : kFaults) {
-        if (reason.endsWith(QString::fromStdString(std::generic_category().message(fault.code))))
+        if (reason.endsWith(QString::fromStdString(std::generic_category().message(fault.code)))) {
             return fault.start;
+        }
     }
     return EditorStart::FileNotFound;
 }
@@ -79,13 +81,16 @@ EditorStart DesktopTextEditor::Open(const std::string& path)
 {
     const QString file = QFile::decodeName(QByteArray::fromStdString(path));
     const QFileInfo info(file);
-    if (!info.exists())
+    if (!info.exists()) {
         return info.dir().exists() ? EditorStart::FileNotFound : EditorStart::PathNotFound;
-    if (HasDesktop() && OpenWithDesktop(file))
+    }
+    if (HasDesktop() && OpenWithDesktop(file)) {
         return EditorStart::Started;
+    }
     const QString program = FindEditor();
-    if (!program.isEmpty())
+    if (!program.isEmpty()) {
         return StartEditor(program, file);
+    }
     return OpenWithDesktop(file) ? EditorStart::Started : EditorStart::FileNotFound;
 }
 

@@ -43,12 +43,14 @@ QString PathLabel::Shown() const
 
 bool PathLabel::event(QEvent* event)
 {
-    if (event->type() != QEvent::ToolTip)
+    if (event->type() != QEvent::ToolTip) {
         return QLabel::event(event);
-    if (Shown() != text())
+    }
+    if (Shown() != text()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), ToolTip(), this);
-    else
+    } else {
         QToolTip::hideText();
+    }
     return true;
 }
 

@@ -79,8 +79,9 @@ void CProgressDlg::reject()
 void CProgressDlg::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (!std::exchange(m_bInitialised, true))
+    if (!std::exchange(m_bInitialised, true)) {
         OnInitDialog();
+    }
 }
 
 QLayout* CProgressDlg::MakeButtons()
@@ -123,8 +124,9 @@ void CProgressDlg::OnInitDialog()
         setGeometry(0, 0, 0, 0);
     }
     const auto start = [this] {
-        if (isVisible())  // it may have been closed before it came to that
+        if (isVisible()) {  // it may have been closed before it came to that
             m_btnStart->click();
+        }
     };
     QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
 }
@@ -135,8 +137,9 @@ void CProgressDlg::OnStartBatch()
     m_btnStopCounting->setEnabled(true);
     MakeContext();
 
-    if (!OpenLog())
+    if (!OpenLog()) {
         return;
+    }
 
     m_timer.start(kBetweenLooks);
     m_pRun->m_clock.Resume();
@@ -178,10 +181,11 @@ bool CProgressDlg::OpenLog()
         return false;
     }
     auto log = m_services.createLog(path);
-    if (log)
+    if (log) {
         m_pRun->m_pLogFile = std::make_unique<RunLog>(std::move(*log));
-    else
+    } else {
         RefuseRun(path, log.GetError());
+    }
     return log.Ok();
 }
 
@@ -194,10 +198,11 @@ void CProgressDlg::RefuseRun(const std::string& logPath, const Error& error)
              : "The log file cannot be created: " + where + ": " + error.Text();
     (void)m_services.pPrompts->Ask(text, "", PromptIcon::Stop, PromptButtons::Ok);
     Close();
-    if (!busy)
+    if (!busy) {
         m_services.endProgram(0);
-    else if (m_services.nRunMode != 0)
+    } else if (m_services.nRunMode != 0) {
         m_services.endProgram(kExitNoRun);
+    }
 }
 
 void CProgressDlg::OnStopCounting()
@@ -208,8 +213,9 @@ void CProgressDlg::OnStopCounting()
 
 void CProgressDlg::OnViewLog()
 {
-    if (const auto path = m_services.readLogPath())
+    if (const auto path = m_services.readLogPath()) {
         ViewLog(*m_services.pTextEditor, *m_services.pPrompts, *path);
+    }
 }
 
 void CProgressDlg::OnTimer()
@@ -232,8 +238,9 @@ void CProgressDlg::AnswerWorker(const WorkerQuestion& question)
     const QPointer<CProgressDlg> alive(this);  // a box serves events, and they may do anything
     const PromptAnswer answer =
         m_services.pPrompts->Ask(question.text, question.caption, question.icon, question.buttons);
-    if (!alive)
+    if (!alive) {
         return;
+    }
     m_bAsking = false;
     m_surface.Prompt().Answer(answer == PromptAnswer::Yes);
 }
@@ -242,39 +249,46 @@ void CProgressDlg::EndOfWorker()
 {
     m_timer.stop();
     m_thread.join();
-    if (m_nExitCode != 0)
+    if (m_nExitCode != 0) {
         m_services.setExitCode(m_nExitCode);
+    }
     const bool exit = m_surface.CloseAsked();
-    if (exit || m_bCloseWanted)
+    if (exit || m_bCloseWanted) {
         OnCancel();
-    if (exit)
+    }
+    if (exit) {
         m_services.postExit();
+    }
 }
 
 void CProgressDlg::OnCancel()
 {
     const bool over = g_bStopRun && m_btnCancel->text() == u"OK";
-    if (!over && g_bRunStarted)
+    if (!over && g_bRunStarted) {
         g_bStopRun = 1;
-    else if (m_thread.joinable())
+    } else if (m_thread.joinable()) {
         m_bCloseWanted = true;
-    else
+    } else {
         Close();
+    }
 }
 
 // The worker, if there was one, has ended and has closed the log.
 void CProgressDlg::Close()
 {
-    if (std::exchange(m_bClosed, true))
+    if (std::exchange(m_bClosed, true)) {
         return;
+    }
     m_timer.stop();
     constexpr auto kRefresh = static_cast<std::uint32_t>(kOptRefreshViews);
-    if (m_services.nRunMode == 0 && g_bRunStarted && (m_services.readOptFlags() & kRefresh) != 0)
+    if (m_services.nRunMode == 0 && g_bRunStarted && (m_services.readOptFlags() & kRefresh) != 0) {
         m_services.postRefresh();
+    }
     g_bRunStarted = 0;
     if ((m_services.nRunMode & kRunAndStayOpen) != 0) {
-        if (m_pRun && m_pRun->m_nErrorCount > 0)
+        if (m_pRun && m_pRun->m_nErrorCount > 0) {
             m_services.setExitCode(1);
+        }
         m_services.postExit();
     }
     m_pRun.reset();
@@ -290,27 +304,32 @@ void CProgressDlg::ShowNewest()
     }
     ShowElapsed();
     // Once more with the closing values, and then no longer.
-    if (m_values.figures.bCounted && (changed || !m_values.figures.bEnded))
+    if (m_values.figures.bCounted && (changed || !m_values.figures.bEnded)) {
         MeasureRate();
+    }
     ShowTransfer();
 }
 
 void CProgressDlg::ShowStates()
 {
     const RunFigures& figures = m_values.figures;
-    if (!figures.bStopCounting || figures.bEnded)
+    if (!figures.bStopCounting || figures.bEnded) {
         m_btnStopCounting->setEnabled(false);
-    if (figures.bViewLog)
+    }
+    if (figures.bViewLog) {
         m_btnViewLog->setEnabled(true);
-    if (figures.bEnded)
+    }
+    if (figures.bEnded) {
         m_btnCancel->setText(QStringLiteral("OK"));
+    }
 }
 
 // The clock stands still as soon as a stop is asked for.
 void CProgressDlg::ShowElapsed()
 {
-    if (g_bStopRun)
+    if (g_bStopRun) {
         m_pRun->m_clock.Stop();
+    }
     m_pPanel->ShowElapsed(m_pRun->m_clock.Text());
 }
 
@@ -323,12 +342,13 @@ void CProgressDlg::ShowTransfer()
     Transfer transfer;
     transfer.bytes = figures.bytes;
     transfer.bytesPerSecond = over ? m_rate.MeanBytesPerSecond() : m_rate.BytesPerSecond();
-    if (g_bStopRun && !figures.bEnded)
+    if (g_bStopRun && !figures.bEnded) {
         transfer.note = "stopping after this file";
-    else if (finishing && !over)
+    } else if (finishing && !over) {
         transfer.note = "finishing";
-    else if (!over)
+    } else if (!over) {
         transfer.left = m_rate.TimeLeft();
+    }
     m_pPanel->ShowTransfer(TransferText(transfer));
 }
 
@@ -336,13 +356,15 @@ void CProgressDlg::MeasureRate()
 {
     const RunFigures& figures = m_values.figures;
     RunProgress progress{figures.nSteps, std::nullopt, figures.bytes};
-    if (!g_bStopCounting)
+    if (!g_bStopCounting) {
         progress.filesLeft = figures.Counter(RunCounter::FilesLeft);
+    }
     const auto now = std::chrono::steady_clock::now();
-    if (m_bAsking)
+    if (m_bAsking) {
         m_rate.Skip(now, progress);
-    else
+    } else {
         m_rate.Update(now, progress);
+    }
 }
 
 }  // namespace quorbit

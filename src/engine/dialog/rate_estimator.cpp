@@ -37,8 +37,9 @@ void RateEstimator::FadingRate::Add(double more, double inSeconds)
 
 void RateEstimator::Update(TimePoint now, const RunProgress& progress)
 {
-    if (!m_last || now <= *m_last)
+    if (!m_last || now <= *m_last) {
         return Skip(now, progress);
+    }
     const double seconds = std::chrono::duration<double>(now - *m_last).count();
     const std::int64_t files = progress.filesDone - m_progress.filesDone;
     const std::uint64_t bytes = progress.bytesDone - m_progress.bytesDone;
@@ -51,8 +52,9 @@ void RateEstimator::Update(TimePoint now, const RunProgress& progress)
 
 void RateEstimator::Skip(TimePoint now, const RunProgress& progress)
 {
-    if (!m_last)
+    if (!m_last) {
         m_start = progress;
+    }
     m_last = now;
     m_progress = progress;
 }
@@ -60,8 +62,9 @@ void RateEstimator::Skip(TimePoint now, const RunProgress& progress)
 std::optional<double> RateEstimator::Forecast() const
 {
     const std::int64_t files = m_progress.filesDone - m_start.filesDone;
-    if (!m_progress.filesLeft || files <= 0 || m_work.Rate() <= 0)
+    if (!m_progress.filesLeft || files <= 0 || m_work.Rate() <= 0) {
         return std::nullopt;
+    }
     const double workAFile =
         Work(files, m_progress.bytesDone - m_start.bytesDone) / static_cast<double>(files);
     return static_cast<double>(*m_progress.filesLeft) * workAFile / m_work.Rate();
@@ -79,10 +82,11 @@ void RateEstimator::Follow(std::optional<double> forecast, double inSeconds)
         m_steadySeconds = 0;
         return;
     }
-    if (off <= kSteadyWithin)
+    if (off <= kSteadyWithin) {
         m_steadySeconds += inSeconds;
-    else if (m_steadySeconds < kSteadyAfter)
+    } else if (m_steadySeconds < kSteadyAfter) {
         m_steadySeconds = 0;
+    }
     // The first forecasts are made of little, so later ones soon outweigh them.
     const double taken = 1 - std::exp(-inSeconds / std::min(kDamping, m_workedSeconds));
     m_secondsLeft = std::max(0.0, expected + (*forecast - expected) * taken);
@@ -90,22 +94,25 @@ void RateEstimator::Follow(std::optional<double> forecast, double inSeconds)
 
 std::optional<double> RateEstimator::BytesPerSecond() const
 {
-    if (m_workedSeconds < kTellingSpeedAfter)
+    if (m_workedSeconds < kTellingSpeedAfter) {
         return std::nullopt;
+    }
     return m_bytes.Rate();
 }
 
 std::optional<double> RateEstimator::MeanBytesPerSecond() const
 {
-    if (m_workedSeconds < kTellingSpeedAfter)
+    if (m_workedSeconds < kTellingSpeedAfter) {
         return std::nullopt;
+    }
     return static_cast<double>(m_progress.bytesDone - m_start.bytesDone) / m_workedSeconds;
 }
 
 std::optional<std::chrono::seconds> RateEstimator::TimeLeft() const
 {
-    if (m_steadySeconds < kSteadyAfter || !m_secondsLeft || *m_secondsLeft > kMost)
+    if (m_steadySeconds < kSteadyAfter || !m_secondsLeft || *m_secondsLeft > kMost) {
         return std::nullopt;
+    }
     return std::chrono::seconds(std::llround(*m_secondsLeft));
 }
 

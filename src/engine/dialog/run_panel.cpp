@@ -39,8 +39,9 @@ Widget* Named(const char* name, const QString& text, QWidget* pParent)
 // Leaves a label alone that shows the text already.
 void Show(QLabel* pLabel, const QString& text)
 {
-    if (pLabel->text() != text)
+    if (pLabel->text() != text) {
         pLabel->setText(text);
+    }
 }
 
 // A label that shows a value.
@@ -169,8 +170,9 @@ void RunPanel::ShowTexts(const RunValues& values)
 {
     const auto showText = [&values](QLabel* pLabel, RunText which) {
         // What was never told keeps its first text.
-        if (!values.Text(which).empty())
+        if (!values.Text(which).empty()) {
             Show(pLabel, OnScreen(values.Text(which)));
+        }
     };
     showText(m_stcCurrentFile, RunText::CurrentFile);
     showText(m_stcDestFile, RunText::DestFile);
@@ -194,14 +196,16 @@ void RunPanel::ShowTexts(const RunValues& values)
 // fills in proportion, which is one step a file for all counts that fit.
 void RunPanel::ShowProgress(const RunFigures& figures)
 {
-    if (!figures.bCounted)
+    if (!figures.bCounted) {
         return;
+    }
     // A range of nothing would make it a busy indicator.
     m_progress->setRange(0, std::max(figures.nRange, 1));
     const std::int64_t done = figures.nSteps;
     const std::int64_t all = done + figures.Counter(RunCounter::FilesLeft);
-    if (done > 0 && all > 0)
+    if (done > 0 && all > 0) {
         m_progress->setValue(static_cast<int>(m_progress->maximum() * done / all));
+    }
 }
 
 }  // namespace quorbit

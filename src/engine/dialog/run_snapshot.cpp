@@ -19,12 +19,14 @@ void RunSnapshot::SetText(RunText which, std::string_view text)
 bool RunSnapshot::Take(RunValues& values)
 {
     const std::lock_guard lock(m_mutex);
-    if (!std::exchange(m_bChanged, false))
+    if (!std::exchange(m_bChanged, false)) {
         return false;
+    }
     values.figures = m_figures;
     for (std::size_t i = 0; i < m_texts.size(); ++i) {
-        if (std::exchange(m_texts[i].bChanged, false))
+        if (std::exchange(m_texts[i].bChanged, false)) {
             values.texts[i] = m_texts[i].text;
+        }
     }
     return true;
 }

@@ -27,8 +27,9 @@ const char* FaultText(EditorStart fault)
 
 void ViewLog(TextEditor& editor, Prompts& prompts, const std::string& logPath)
 {
-    if (const char* fault = FaultText(editor.Open(logPath)))
+    if (const char* fault = FaultText(editor.Open(logPath))) {
         (void)prompts.Ask(fault, "Quorbit", PromptIcon::Stop, PromptButtons::Ok);
+    }
 }
 
 }  // namespace quorbit

@@ -28,8 +28,9 @@ std::int64_t UpTo(std::int64_t value, std::int64_t step)
 std::string AmountText(double bytes)
 {
     constexpr std::array kUnits{"KB", "MB", "GB", "TB", "PB"};
-    if (bytes < 1023.5)
+    if (bytes < 1023.5) {
         return Counted(std::llround(bytes), "byte");
+    }
     std::size_t unit = 0;
     double amount = bytes / 1024;
     // What would round to 1000 goes to the next unit, so that three digits are enough.
@@ -57,8 +58,9 @@ std::string TimeLeftText(std::chrono::seconds left)
         text += Counted(minutes, "minute");
     } else {
         text += Counted(coarse / 60, "hour");
-        if (coarse % 60 != 0)
+        if (coarse % 60 != 0) {
             text += ' ' + Counted(coarse % 60, "minute");
+        }
     }
     text += " left";
     return text;
@@ -69,19 +71,24 @@ std::string TransferText(const Transfer& transfer)
     std::vector<std::string> parts;
     if (transfer.bytes > 0) {
         parts.push_back(AmountText(static_cast<double>(transfer.bytes)) + " copied");
-        if (transfer.bytesPerSecond)
+        if (transfer.bytesPerSecond) {
             parts.push_back(AmountText(*transfer.bytesPerSecond) + "/s");
+        }
     }
-    if (transfer.left)
+    if (transfer.left) {
         parts.push_back(TimeLeftText(*transfer.left));
-    if (!transfer.note.empty())
+    }
+    if (!transfer.note.empty()) {
         parts.push_back(transfer.note);
+    }
 
     std::string text;
-    for (const std::string& part : parts)
+    for (const std::string& part : parts) {
         text += (text.empty() ? "" : ", ") + part;
-    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z')
+    }
+    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
         text.front() = static_cast<char>(text.front() - 'a' + 'A');
+    }
     return text;
 }
 

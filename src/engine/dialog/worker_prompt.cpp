@@ -19,8 +19,9 @@ bool WorkerPrompt::Ask(WorkerQuestion question)
 std::optional<WorkerQuestion> WorkerPrompt::Take()
 {
     const std::lock_guard lock(m_mutex);
-    if (m_state != State::Waiting)
+    if (m_state != State::Waiting) {
         return std::nullopt;
+    }
     m_state = State::Taken;
     return m_question;
 }
@@ -28,8 +29,9 @@ std::optional<WorkerQuestion> WorkerPrompt::Take()
 void WorkerPrompt::Answer(bool yes)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_state != State::Taken)  // abandoned meanwhile
+    if (m_state != State::Taken) {  // abandoned meanwhile
         return;
+    }
     m_bYes = yes;
     m_state = State::Answered;
     m_answered.notify_one();
