@@ -81,10 +81,28 @@ void FolderBox::LookForFolder()
     }
     const std::string native = ToNative(folder, m_drives);
     if (native.empty()) {
-        m_hint->show();  // of a drive that is not mapped
+        ShowHint(true);  // of a drive that is not mapped
         return;
     }
-    m_probe.Ask(native, [this](bool missing) { m_hint->setVisible(missing); });
+    m_probe.Ask(native, [this](bool missing) { ShowHint(missing); });
+}
+
+void FolderBox::ShowHint(bool show)
+{
+    FitHint();
+    m_hint->setVisible(show);
+}
+
+// A window does not grow by itself for lines that are broken.
+void FolderBox::FitHint()
+{
+    m_hint->setMinimumHeight(m_hint->heightForWidth(width()));
+}
+
+void FolderBox::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    FitHint();
 }
 
 }  // namespace quorbit

@@ -39,9 +39,14 @@ public:
     [[nodiscard]] QLineEdit* Edit() { return m_edit; }
     [[nodiscard]] QPushButton* BrowseButton() { return m_browse; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void OnBrowse();
     void LookForFolder();
+    void ShowHint(bool show);
+    void FitHint();
 
     Role m_role;
     DriveMap m_drives;

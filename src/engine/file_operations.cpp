@@ -83,6 +83,33 @@ struct Transfer {
     }
 };
 
+// The copy itself. A failure is left to be reported.
+Status TryCopy(const Transfer& transfer)
+{
+    CRunContext& ctx = transfer.ctx;
+    if (transfer.item.size >= kLongCopy) {
+        FlushLog(ctx);
+    }
+    SourceFile* opened = transfer.opened;
+    std::unique_ptr<SourceFile> own;
+    if (!opened) {
+        auto result =
+            ctx.m_pFiles->OpenSource(transfer.source.handle, transfer.item, ReadAhead::No);
+        if (!result) {
+            return result.GetError();
+        }
+        own = std::move(*result);
+        opened = own.get();
+    }
+    if (!transfer.dest.Handle()) {
+        return ErrorFromErrno(ENOENT);
+    }
+    BytesToSurface progress(*ctx.m_pDlg);
+    CopyOptions options = transfer.options;
+    options.progress = &progress;
+    return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
+}
+
 void CopyPlainly(Transfer transfer, bool destinationExists)
 {
     ShowAction(transfer.ctx, "Copying File.");
@@ -93,15 +120,24 @@ void CopyPlainly(Transfer transfer, bool destinationExists)
 }
 
 // In a folder that the run has made itself nothing has the file's name, unless somebody put it
-// there meanwhile: then the copy finds it. So the folder is not asked before each file. Nothing is
-// done if the folder has gone: the way of all files makes it again.
-bool CopyIntoNewFolder(const Transfer& transfer)
+// there meanwhile: then the copy finds it. So the folder is not asked before each file. False, and
+// nothing is done, if the folder has gone: the way of all files makes it again.
+bool CopyIntoNewFolder(Transfer transfer)
 {
-    if (!transfer.dest.IsNew() || !transfer.opened ||
-        !transfer.ctx.m_pFiles->StillThere(*transfer.dest.Handle())) {
+    CRunContext& ctx = transfer.ctx;
+    if (!transfer.dest.IsNew() || !transfer.opened) {
         return false;
     }
-    CopyPlainly(transfer, false);
+    ShowAction(ctx, "Copying File.");
+    transfer.options.expectMissing = true;
+    const Status copied = TryCopy(transfer);
+    if (copied) {
+        Raise(ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
+    } else if (ctx.m_pFiles->StillThere(*transfer.dest.Handle())) {
+        ReportFileError(ctx, copied.GetError());
+    } else {
+        return false;
+    }
     return true;
 }
 
@@ -178,26 +214,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
 bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                  const FindData& item, SourceFile* opened, CopyOptions options)
 {
-    if (item.size >= kLongCopy) {
-        FlushLog(ctx);
-    }
-    std::unique_ptr<SourceFile> own;
-    if (!opened) {
-        auto result = ctx.m_pFiles->OpenSource(source.handle, item, ReadAhead::No);
-        if (!result) {
-            ReportFileError(ctx, result.GetError());
-            return false;
-        }
-        own = std::move(*result);
-        opened = own.get();
-    }
-    if (!dest.Handle()) {
-        ReportFileError(ctx, ErrorFromErrno(ENOENT));
-        return false;
-    }
-    BytesToSurface progress(*ctx.m_pDlg);
-    options.progress = &progress;
-    const Status copied = ctx.m_pFiles->CopyFile(*opened, *dest.Handle(), item.name, options);
+    const Status copied = TryCopy({ctx, source, dest, item, opened, options});
     if (!copied) {
         ReportFileError(ctx, copied.GetError());
     }
