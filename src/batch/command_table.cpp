@@ -24,7 +24,7 @@ constexpr std::array kCommands{
     Command{CMD_EDIT_ENTRY, "Edi&t", "Edit", "Ctrl+E", "Ctrl+E", "document-edit",
             "Edits the selected entry"},
     Command{CMD_DELETE, "&Delete", "Delete", "Ctrl+X", "Delete", "edit-delete",
-            "Deletes the selected entries, or makes an entry that deletes what is selected"},
+            "Deletes entries, or makes one that deletes what is selected"},
     Command{CMD_VIEW_LARGE_ICONS, "Large &Icon View", "", "", "", "view-list-icons",
             "Shows files as large icons"},
     Command{CMD_VIEW_SMALL_ICONS, "&Small Icon View", "", "", "", "view-list-icons",

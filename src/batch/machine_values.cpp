@@ -30,6 +30,7 @@ Result<std::vector<SettingsValue>> MakeTemplate(const std::string& folder)
         {folder, NameOf(MachineValue::InstallPath), WithSeparator(state)},
         {folder, NameOf(MachineValue::HelpFile), FindDataFile("help/index.html")},
         {folder, NameOf(MachineValue::Run1), kFirstRunAhead},
+        {folder, NameOf(MachineValue::LogFile), ""},
     };
 }
 

@@ -26,7 +26,7 @@ inline constexpr const char* kRegistryMessage =
     "Support.";
 
 enum class MachineValue {
-    LogFile = 0,      // full path of the log of the last run; none before the first run
+    LogFile = 0,      // full path of the log of the last run; empty before the first run
     InstallPath = 1,  // folder of the logs, with a closing separator
     HelpFile = 2,     // the help's first page
     Run1 = 3,         // "1" before the first start
@@ -64,7 +64,8 @@ private:
 };
 
 // Lays down the machine store if there is none: Run1 "1", Install Path (the user's state folder,
-// which is made), Help File (the installed help, if any). A store that is there stays as it is.
+// which is made), Help File (the installed help, if any), and an empty Log File, so that the
+// options can be opened before the first run. A store that is there stays as it is.
 Status EnsureMachineStore(const SettingsStore& machine);
 // Set-up without a window: lays down what is missing and stores Run1 as "0", so that the next start
 // is no first start. Also mends a store that has no section.

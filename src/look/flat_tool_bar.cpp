@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QActionEvent>
+#include <QCursor>
 #include <QLayout>
 #include <QScreen>
 
@@ -128,11 +129,29 @@ bool CFlatToolBar::event(QEvent* event)
             break;
         case QEvent::Show:  // also when it begins or ends to float
             PutMargins();
+            DropStaleLight();
+            break;
+        case QEvent::Move:
+        case QEvent::MouseButtonRelease:
+            DropStaleLight();
             break;
         default:
             break;
     }
     return handled;
+}
+
+// A button that the bar took away from under the mouse is not told so, and would stay lit.
+void CFlatToolBar::DropStaleLight()
+{
+    for (QAction* action : actions()) {
+        QWidget* widget = widgetForAction(action);
+        if (widget->testAttribute(Qt::WA_UnderMouse) &&
+            !widget->rect().contains(widget->mapFromGlobal(QCursor::pos()))) {
+            widget->setAttribute(Qt::WA_UnderMouse, false);
+            widget->update();
+        }
+    }
 }
 
 QSize CFlatToolBar::LeastSize() const

@@ -39,6 +39,7 @@ protected:
 
 private:
     void PutMargins();
+    void DropStaleLight();
     void PutSizes();
     void PlaceMenu(QMenu& menu) const;
     [[nodiscard]] QSize LeastSize() const;

@@ -329,10 +329,13 @@ TEST_F(QrbAppTest, TakesAFatalMessageFromAnyThread)
     EXPECT_EQ(prompts.asked, Lines{"Over."});
 }
 
-TEST_F(QrbAppTest, EndsIfTheLogOfTheLastRunIsAskedForBeforeThereWasOne)
+TEST_F(QrbAppTest, EndsIfItCannotBeToldWhereTheLastLogLies)
 {
     SetUpProgram();
     Start();
+    EXPECT_TRUE(Frame().OnCmdMsg(CMD_LOG_FILE));
+    EXPECT_EQ(prompts.asked, Lines{}) << "the editor tells that there is none yet";
+    ASSERT_TRUE(stores.machine.Write({{"1.00", "Log File", std::string(128, 'x')}}));
     Frame().PostCommand(CMD_LOG_FILE);
     EXPECT_EQ(app->ExitInstance(QApplication::exec()), 0);
     EXPECT_EQ(prompts.asked, Lines{kRegistryMessage});
