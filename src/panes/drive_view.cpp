@@ -305,7 +305,7 @@ void CDriveView::OpenContextMenu(const ShellTreeNode* node, const QPoint& screen
 
 void CDriveView::OpenMenu(int firstCommand, int lastCommand, const QPoint& screenPosition)
 {
-    m_pPopupMenu = std::make_unique<QMenu>();
+    m_pPopupMenu = std::make_unique<QMenu>(this);
     for (int id = firstCommand; id <= lastCommand; ++id) {
         const char* text = kMenuTexts.at(static_cast<std::size_t>(id - CMD_DROP_ADD_FILE_TYPES));
         // Carried out when the menu has closed: a dialog may follow.

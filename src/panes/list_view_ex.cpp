@@ -216,7 +216,7 @@ void CListViewEx::resizeEvent(QResizeEvent* event)
 
 QMenu& CListViewEx::NewPopupMenu()
 {
-    m_pPopupMenu = std::make_unique<QMenu>();
+    m_pPopupMenu = std::make_unique<QMenu>(this);
     return *m_pPopupMenu;
 }
 
