@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "batch/dir_copy.h"
+#include "engine/backup_rotation.h"
 #include "engine/failure_policy.h"
 #include "engine/run_flags.h"
 #include "engine/run_log.h"
@@ -18,7 +19,6 @@
 namespace quorbit {
 namespace {
 
-constexpr int kHighestNumber = 198;
 // A copy of this many bytes may take a while: what was logged before it is brought to the file
 // first.
 constexpr std::uint64_t kLongCopy = 1024 * 1024;
@@ -219,40 +219,6 @@ bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& des
         ReportFileError(ctx, copied.GetError());
     }
     return copied.Ok();
-}
-
-std::string NumberedName(const std::string& name, int number)
-{
-    std::size_t dot = name.find('.');
-    if (dot == std::string::npos) {
-        dot = 0;
-    }
-    return name.substr(0, dot) + std::to_string(number) + name.substr(dot);
-}
-
-Rotation RotateBackup(FileSystem& files, const Folder& folder, const std::string& name)
-{
-    for (int number = 1; number <= kHighestNumber; ++number) {
-        const std::string numbered = NumberedName(name, number);
-        const auto taken = files.Probe(folder, numbered);
-        // A name that cannot be examined may well be taken.
-        if (taken || (taken.GetError().Kind() != ErrorKind::Missing &&
-                      taken.GetError().Kind() != ErrorKind::NameTooLong)) {
-            continue;
-        }
-        // By a second name first: there is no moment at which the version has none.
-        if (files.Link(folder, name, numbered)) {
-            return Rotation::Linked;
-        }
-        const Status renamed = files.Rename(folder, name, numbered);
-        if (renamed) {
-            return Rotation::Renamed;
-        }
-        if (renamed.GetError().Kind() != ErrorKind::AlreadyExists) {
-            return Rotation::Failed;
-        }
-    }
-    return Rotation::NoneFree;
 }
 
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name)

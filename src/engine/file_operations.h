@@ -29,20 +29,6 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
 [[nodiscard]] bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                                const FindData& item, SourceFile* opened, CopyOptions options);
 
-enum class Rotation {
-    NoneFree,  // all numbers are taken
-    Linked,    // the file has its number and still its name
-    Renamed,   // the file has its number only
-    Failed,    // a number was free, but the file could not be given it
-};
-// Gives a file of the folder the lowest free number between stem and suffix: report.doc becomes
-// report1.doc. The name is split at its first dot; a name without a dot is all suffix. Numbers go
-// from 1 to 198.
-[[nodiscard]] Rotation RotateBackup(FileSystem& files, const Folder& folder,
-                                    const std::string& name);
-// The name with a number in it.
-[[nodiscard]] std::string NumberedName(const std::string& name, int number);
-
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name);
 
 // Makes sure that a folder stands at the destination, creating what is missing from the top down.

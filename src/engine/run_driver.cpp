@@ -275,7 +275,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
         ctx.m_pDlg->ShowMessage("Process canceled by user.  Hit OK to continue.",
                                 "Process stopped.", PromptIcon::None);
     }
-    ctx.m_pLogFile.reset();
+    CloseLog(ctx);
 
     if (ctx.m_nRunMode & (kRunInvisible | kRunAndQuit)) {
         if (ctx.m_nErrorCount > 0) {

@@ -56,6 +56,12 @@ bool RunLog::Flush()
     return written.Ok();
 }
 
+bool RunLog::Close()
+{
+    const bool flushed = Flush();
+    return m_output->Close().Ok() && flushed;
+}
+
 void WriteLogLine(CRunContext& ctx, std::string_view line)
 {
     if (ctx.m_pLogFile) {
@@ -81,6 +87,14 @@ void FlushLogIfDue(CRunContext& ctx)
 {
     if (ctx.m_pLogFile) {
         TellIfFailed(ctx, ctx.m_pLogFile->FlushIfDue());
+    }
+}
+
+void CloseLog(CRunContext& ctx)
+{
+    if (ctx.m_pLogFile) {
+        TellIfFailed(ctx, ctx.m_pLogFile->Close());
+        ctx.m_pLogFile.reset();
     }
 }
 

@@ -34,6 +34,8 @@ public:
     [[nodiscard]] bool FlushIfDue();
     // Writes what is gathered. False as for Add.
     [[nodiscard]] bool Flush();
+    // Writes what is gathered and closes the file. False if something of the log may be lost.
+    [[nodiscard]] bool Close();
 
 private:
     std::unique_ptr<LogOutput> m_output;
@@ -51,6 +53,9 @@ void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view pat
 void FlushLog(CRunContext& ctx);
 // For work that may go on for long without a line.
 void FlushLogIfDue(CRunContext& ctx);
+
+// Closes the log for good.
+void CloseLog(CRunContext& ctx);
 
 // The lines at the beginning and at the end of a log.
 void WriteLogHead(CRunContext& ctx);

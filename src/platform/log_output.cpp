@@ -21,6 +21,11 @@ class PosixLogOutput : public LogOutput {
 public:
     explicit PosixLogOutput(UniqueFd file) : m_file(std::move(file)) {}
     Status Write(std::string_view bytes) override { return WriteAll(m_file.Get(), bytes); }
+    Status Close() override
+    {
+        const int fault = m_file.Close();
+        return fault == 0 ? Status() : Status(ErrorFromErrno(fault));
+    }
 
 private:
     UniqueFd m_file;

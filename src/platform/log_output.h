@@ -19,6 +19,9 @@ public:
     virtual ~LogOutput() = default;  // closes the file and gives up the lock
     // Appends all of the bytes.
     virtual Status Write(std::string_view bytes) = 0;
+    // Closes the file and gives up the lock: on some file systems the last write error comes here.
+    // Nothing may be written after that.
+    virtual Status Close() = 0;
 };
 
 // Creates the file, or empties the one that is there. Fails with Busy, and leaves the file as it

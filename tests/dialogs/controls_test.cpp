@@ -227,6 +227,11 @@ TEST_F(ControlsTest, FolderBoxHintsAtAMissingFolder)
         EXPECT_FALSE(hint->isVisibleTo(&window));
         Q_EMIT box.Edit()->editingFinished();
         EXPECT_TRUE(QTest::qWaitFor([&] { return hint->isVisibleTo(&window); })) << c.text;
+        // However narrow the box, every line of it is seen.
+        window.show();
+        box.resize(box.minimumSizeHint().width(), 1);
+        EXPECT_GE(box.minimumSizeHint().height(),
+                  box.Edit()->sizeHint().height() + hint->heightForWidth(box.width()));
     }
 }
 

@@ -3,7 +3,7 @@
 
 // The numbers of an incremental backup.
 
-#include "engine/file_operations.h"
+#include "engine/backup_rotation.h"
 #include "engine/run_fixture.h"
 
 namespace quorbit {

@@ -30,6 +30,8 @@ public:
         const bool fails = std::ranges::find(m_failing, m_writes.size()) != m_failing.end();
         return fails ? Status(ErrorFromErrno(ENOSPC)) : Status();
     }
+    // As if it were one more write.
+    Status Close() override { return Write("closed"); }
 
 private:
     std::vector<std::string>& m_writes;
@@ -89,7 +91,7 @@ TEST_F(RunLogTest, TellsAFailureOnceAWriteAndGoesOnWithWhatFollows)
     RecordingSurface surface;
     CRunContext ctx;
     ctx.m_pDlg = &surface;
-    ctx.m_pLogFile = MakeLog({1, 2});
+    ctx.m_pLogFile = MakeLog({1, 2, 4});
     const auto writeAndFlush = [&](std::string_view line) {
         WriteLogLine(ctx, line);
         FlushLog(ctx);
@@ -100,9 +102,10 @@ TEST_F(RunLogTest, TellsAFailureOnceAWriteAndGoesOnWithWhatFollows)
     EXPECT_EQ(surface.messages[0].text, "Error writing to the logfile.");
     EXPECT_EQ(writeAndFlush("lost again"), 2U);
     EXPECT_EQ(writeAndFlush("kept"), 2U);
-    EXPECT_EQ(m_writes, (Writes{"lost\r\nlost too\r\n", "lost again\r\n", "kept\r\n"}));
-    ctx.m_pLogFile.reset();
-    EXPECT_EQ(writeAndFlush("after the end"), 2U);
+    CloseLog(ctx);
+    EXPECT_EQ(surface.messages.size(), 3U);
+    EXPECT_EQ(m_writes, (Writes{"lost\r\nlost too\r\n", "lost again\r\n", "kept\r\n", "closed"}));
+    EXPECT_EQ(writeAndFlush("after the end"), 3U);
 }
 
 TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)

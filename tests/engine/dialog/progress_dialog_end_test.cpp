@@ -23,6 +23,8 @@ public:
         return m_bFull ? Status(Error(ErrorKind::DiskFull, "full")) : Status();
     }
 
+    Status Close() override { return {}; }
+
 private:
     std::atomic<int>& m_closed;
     bool m_bFull;
