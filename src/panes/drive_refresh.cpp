@@ -43,8 +43,9 @@ void UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
 
 }  // namespace
 
-// The reading of one node's folder.
+// The reading of one node's folder, or of the desktop.
 struct DriveRefresh::Read {
+    bool desktop = false;
     NodeRef node;
     ShellFolderPtr folder;
     Apply apply = nullptr;
@@ -52,6 +53,11 @@ struct DriveRefresh::Read {
     std::vector<FolderItem> items;
     std::shared_ptr<void> running;
     std::unique_ptr<FolderFeed> feed;
+
+    [[nodiscard]] bool IsOf(const ShellTreeNode* one) const
+    {
+        return desktop ? one == nullptr : one != nullptr && node.Get() == one;
+    }
 };
 
 DriveRefresh::DriveRefresh(ShellTree& tree) : m_tree(tree) {}
@@ -60,45 +66,52 @@ DriveRefresh::~DriveRefresh() = default;
 
 void DriveRefresh::Start()
 {
-    m_reads.remove_if([](const auto& read) { return read->node.Get() == nullptr; });
-    if (ShellTreeNode* root = m_tree.RootNode(); root != nullptr && root->m_bFilled) {
-        Begin(*root, kFolders, &DriveRefresh::ApplyDrives);
+    m_reads.remove_if(
+        [](const auto& read) { return !read->desktop && read->node.Get() == nullptr; });
+    ShellTreeNode* root = m_tree.RootNode();
+    if (root == nullptr) {
+        return;
     }
-    for (int i = 1; i < m_tree.topLevelItemCount(); ++i) {
-        if (ShellTreeNode* node = NodeOf(m_tree.topLevelItem(i)); node->Path()) {
-            UpdateIfOpen(*node);
-        }
+    if (root->m_bFilled) {
+        Begin(root, kFolders, &DriveRefresh::ApplyDrives);
     }
+    if (m_tree.HasTopLevel()) {
+        Update(nullptr);
+    }
+    UpdateExpandedChildren(nullptr);
 }
 
 void DriveRefresh::UpdateIfOpen(ShellTreeNode& node)
 {
     if (node.isExpanded() && node.m_bFilled) {
-        Update(node);
+        Update(&node);
     }
 }
 
-void DriveRefresh::Update(ShellTreeNode& node)
+void DriveRefresh::Update(ShellTreeNode* node)
 {
     // Hidden folders stay if they still exist, so they are asked for. That also saves the look at
     // each folder's attributes.
     Begin(node, kAllFolders, &DriveRefresh::ApplyFolder);
 }
 
-void DriveRefresh::Begin(ShellTreeNode& node, std::uint32_t flags, Apply apply)
+void DriveRefresh::Begin(ShellTreeNode* node, std::uint32_t flags, Apply apply)
 {
     const auto same =
-        std::ranges::find_if(m_reads, [&](const auto& read) { return read->node.Get() == &node; });
+        std::ranges::find_if(m_reads, [&](const auto& read) { return read->IsOf(node); });
     if (same != m_reads.end()) {
         (*same)->again = true;
         return;
     }
-    auto folder = node.Item().m_pFolder->BindToObject(node.Item().m_pidlItem);
+    Result<ShellFolderPtr> folder =
+        node != nullptr ? node->Item().m_pFolder->BindToObject(node->Item().m_pidlItem)
+                        : Result<ShellFolderPtr>(m_tree.Desktop());
     if (!folder) {
         return;
     }
     Read& read = *m_reads.emplace_back(std::make_unique<Read>());
-    read.node = NodeRef(m_tree, &node);
+    read.desktop = node == nullptr;
+    read.node = NodeRef(m_tree, node);
     read.folder = std::move(*folder);
     read.apply = apply;
     read.running = m_tree.ShowRunning();
@@ -118,30 +131,43 @@ void DriveRefresh::OnBatch(Read& read, FolderBatch batch)
     const std::unique_ptr<Read> ended = std::move(*place);
     m_reads.erase(place);
     ShellTreeNode* node = ended->node.Get();
-    if (node == nullptr) {
+    if (node == nullptr && !ended->desktop) {
         return;
     }
     if (ended->again) {
-        node == m_tree.RootNode() ? Start() : Update(*node);
+        node == m_tree.RootNode() ? Start() : Update(node);
         return;
     }
     // Of a folder that could not be read to its end it is not known what is missing in it.
     if (!batch.error || batch.error->Kind() == ErrorKind::Missing) {
-        (this->*ended->apply)(*node, *ended);
+        (this->*ended->apply)(node, *ended);
     }
 }
 
-DriveRefresh::ByName DriveRefresh::ChildrenByName(const ShellTreeNode& node)
+// Of the desktop only the folders, not the places beside them.
+std::vector<ShellTreeNode*> DriveRefresh::Children(const ShellTreeNode* node) const
+{
+    std::vector<ShellTreeNode*> children;
+    const int count = node != nullptr ? node->childCount() : m_tree.topLevelItemCount();
+    for (int i = node != nullptr ? 0 : 1; i < count; ++i) {
+        ShellTreeNode* child = NodeOf(node != nullptr ? node->child(i) : m_tree.topLevelItem(i));
+        if (node != nullptr || child->Path()) {
+            children.push_back(child);
+        }
+    }
+    return children;
+}
+
+DriveRefresh::ByName DriveRefresh::ChildrenByName(const ShellTreeNode* node) const
 {
     ByName children;
-    for (int i = 0; i < node.childCount(); ++i) {
-        ShellTreeNode* child = NodeOf(node.child(i));
+    for (ShellTreeNode* child : Children(node)) {
         children.emplace(ParsingName(*child->Item().m_pFolder, child->Item().m_pidlItem), child);
     }
     return children;
 }
 
-void DriveRefresh::ApplyDrives(ShellTreeNode& root, const Read& read)
+void DriveRefresh::ApplyDrives(ShellTreeNode* root, const Read& read)
 {
     const ByName drives = ChildrenByName(root);
     int place = 0;
@@ -152,7 +178,7 @@ void DriveRefresh::ApplyDrives(ShellTreeNode& root, const Read& read)
         const auto found = drives.find(ParsingName(*read.folder, item.id));
         if (found != drives.end()) {
             UpdateMark(*found->second, item.attributes);
-            place = root.indexOfChild(found->second) + 1;
+            place = root->indexOfChild(found->second) + 1;
         } else {
             m_tree.InsertNode(root, place++, read.folder, item);
         }
@@ -161,7 +187,7 @@ void DriveRefresh::ApplyDrives(ShellTreeNode& root, const Read& read)
     UpdateExpandedChildren(root);
 }
 
-void DriveRefresh::ApplyFolder(ShellTreeNode& node, const Read& read)
+void DriveRefresh::ApplyFolder(ShellTreeNode* node, const Read& read)
 {
     RemoveVanished(node, read);
     const ByName children = ChildrenByName(node);
@@ -177,18 +203,21 @@ void DriveRefresh::ApplyFolder(ShellTreeNode& node, const Read& read)
     if (missing) {
         Begin(node, kFolders, &DriveRefresh::AddMissing);
     }
-    UpdateExpandedChildren(node);
+    if (node != nullptr) {
+        UpdateExpandedChildren(node);
+    }
 }
 
 // What has been read here is without the hidden ones, which a refresh does not add.
-void DriveRefresh::AddMissing(ShellTreeNode& node, const Read& read)
+void DriveRefresh::AddMissing(ShellTreeNode* node, const Read& read)
 {
     const ByName children = ChildrenByName(node);
     bool added = false;
     for (const FolderItem& item : read.items) {
         if (IsFolderOnDisk(item) && item.name != "Control Panel" &&
             !children.contains(ParsingName(*read.folder, item.id))) {
-            m_tree.InsertNode(node, node.childCount(), read.folder, item);
+            const int end = node != nullptr ? node->childCount() : m_tree.topLevelItemCount();
+            m_tree.InsertNode(node, end, read.folder, item);
             added = true;
         }
     }
@@ -197,7 +226,7 @@ void DriveRefresh::AddMissing(ShellTreeNode& node, const Read& read)
     }
 }
 
-void DriveRefresh::RemoveVanished(ShellTreeNode& node, const Read& read)
+void DriveRefresh::RemoveVanished(ShellTreeNode* node, const Read& read)
 {
     std::unordered_set<std::string> there;
     for (const FolderItem& item : read.items) {
@@ -206,22 +235,22 @@ void DriveRefresh::RemoveVanished(ShellTreeNode& node, const Read& read)
     bool removed = false;
     for (const auto& [name, child] : ChildrenByName(node)) {
         if (!there.contains(name)) {
-            const std::unique_ptr<QTreeWidgetItem> gone(node.takeChild(node.indexOfChild(child)));
+            m_tree.RemoveNode(*child);
             removed = true;
         }
     }
-    if (removed && node.childCount() == 0) {
-        node.setExpanded(false);
+    if (removed && node != nullptr && node->childCount() == 0) {
+        node->setExpanded(false);
         // Whatever comes into it later is found when it is opened again.
-        node.m_bFilled = false;
-        node.SetMark(true);
+        node->m_bFilled = false;
+        node->SetMark(true);
     }
 }
 
-void DriveRefresh::UpdateExpandedChildren(const ShellTreeNode& node)
+void DriveRefresh::UpdateExpandedChildren(const ShellTreeNode* node)
 {
-    for (int i = 0; i < node.childCount(); ++i) {
-        UpdateIfOpen(*NodeOf(node.child(i)));
+    for (ShellTreeNode* child : Children(node)) {
+        UpdateIfOpen(*child);
     }
 }
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Brings a tree in step with the disk: drives that came and went, and folders that came and went
-// below nodes that are expanded. What stands is not made anew. Each folder is read in a thread that
-// nobody waits for, so that a mount that does not answer holds up itself alone; a folder that
-// cannot be read keeps its nodes. User interface thread only.
+// Brings a tree in step with the disk: drives and folders of the desktop that came and went, and
+// folders that came and went below nodes that are expanded. What stands is not made anew. Each
+// folder is read in a thread that nobody waits for, so that a mount that does not answer holds up
+// itself alone; a folder that cannot be read keeps its nodes. User interface thread only.
 
 #pragma once
 
@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "panes/node_ref.h"
 #include "platform/shell/folder_feed.h"
@@ -35,21 +36,23 @@ public:
 
 private:
     struct Read;
-    using Apply = void (DriveRefresh::*)(ShellTreeNode&, const Read&);
+    // A node that is null stands for the desktop, whose folders follow the root node.
+    using Apply = void (DriveRefresh::*)(ShellTreeNode*, const Read&);
     using ByName = std::unordered_map<std::string, ShellTreeNode*>;  // by parsing name
 
-    void Update(ShellTreeNode& node);
+    void Update(ShellTreeNode* node);
     void UpdateIfOpen(ShellTreeNode& node);
-    void Begin(ShellTreeNode& node, std::uint32_t flags, Apply apply);
+    void Begin(ShellTreeNode* node, std::uint32_t flags, Apply apply);
     void OnBatch(Read& read, FolderBatch batch);
 
-    void ApplyDrives(ShellTreeNode& root, const Read& read);
-    void ApplyFolder(ShellTreeNode& node, const Read& read);
-    void AddMissing(ShellTreeNode& node, const Read& read);
+    void ApplyDrives(ShellTreeNode* root, const Read& read);
+    void ApplyFolder(ShellTreeNode* node, const Read& read);
+    void AddMissing(ShellTreeNode* node, const Read& read);
 
-    void RemoveVanished(ShellTreeNode& node, const Read& read);
-    void UpdateExpandedChildren(const ShellTreeNode& node);
-    [[nodiscard]] static ByName ChildrenByName(const ShellTreeNode& node);
+    void RemoveVanished(ShellTreeNode* node, const Read& read);
+    void UpdateExpandedChildren(const ShellTreeNode* node);
+    [[nodiscard]] std::vector<ShellTreeNode*> Children(const ShellTreeNode* node) const;
+    [[nodiscard]] ByName ChildrenByName(const ShellTreeNode* node) const;
 
     ShellTree& m_tree;
     std::list<std::unique_ptr<Read>> m_reads;

@@ -215,20 +215,29 @@ std::unique_ptr<ShellTreeNode> ShellTree::MakeNode(const ShellTreeNode* parent,
     return node;
 }
 
-ShellTreeNode& ShellTree::InsertNode(ShellTreeNode& parent, int place, const ShellFolderPtr& folder,
-                                     const FolderItem& item)
+void ShellTree::InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
+                           const FolderItem& item)
 {
-    std::unique_ptr<ShellTreeNode> node = MakeNode(&parent, folder, item);
-    ShellTreeNode& inserted = *node;
-    parent.insertChild(place, node.release());  // the tree's from here on
-    return inserted;
+    std::unique_ptr<ShellTreeNode> node = MakeNode(parent, folder, item);
+    QTreeWidgetItem* above = parent != nullptr ? parent : invisibleRootItem();
+    above->insertChild(place, node.release());  // the tree's from here on
 }
 
-void ShellTree::SortByText(ShellTreeNode& parent)
+void ShellTree::SortByText(ShellTreeNode* parent)
 {
+    if (parent == nullptr) {
+        invisibleRootItem()->sortChildren(0, Qt::AscendingOrder);
+        return;
+    }
     m_look.bSortByText = true;
-    parent.sortChildren(0, Qt::AscendingOrder);
+    parent->sortChildren(0, Qt::AscendingOrder);
     m_look.bSortByText = false;
+}
+
+void ShellTree::RemoveNode(ShellTreeNode& node)
+{
+    QTreeWidgetItem* above = node.parent() != nullptr ? node.parent() : invisibleRootItem();
+    const std::unique_ptr<QTreeWidgetItem> gone(above->takeChild(above->indexOfChild(&node)));
 }
 
 void ShellTree::OnExpanded(ShellTreeNode& node)

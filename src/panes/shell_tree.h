@@ -63,6 +63,8 @@ public:
     {
         m_onFilled = std::move(onFilled);
     }
+    // Whether the top level is complete.
+    [[nodiscard]] bool HasTopLevel() const { return m_fill == nullptr; }
     // Whether something is being read.
     [[nodiscard]] bool IsFilling() const { return m_nRunning != 0; }
 
@@ -83,11 +85,15 @@ public:
     // been read. Ends early when something else is selected meanwhile. done: as of FillNode.
     void GoToPath(const std::string& path, std::function<void()> done = {});
 
-    // Puts a node for an item of a folder under a parent, at a place among its children.
-    ShellTreeNode& InsertNode(ShellTreeNode& parent, int place, const ShellFolderPtr& folder,
-                              const FolderItem& item);
-    // Sorts the children by their text, ignoring case.
-    void SortByText(ShellTreeNode& parent);
+    [[nodiscard]] const ShellFolderPtr& Desktop() const { return m_desktop; }
+
+    // Puts a node for an item of a folder under a parent, at a place among its children. A parent
+    // that is null stands for the top level.
+    void InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
+                    const FolderItem& item);
+    // Sorts the children by their text, ignoring case; the top level as it was filled.
+    void SortByText(ShellTreeNode* parent);
+    void RemoveNode(ShellTreeNode& node);
 
     // A highlight apart from the selection, for the target of a drag; null for none.
     void SetHighlight(const ShellTreeNode* node);

@@ -254,6 +254,19 @@ TEST_F(DriveViewTest, RefreshFollowsAFolderOnTheDesktop)
     EXPECT_EQ(m_list.folder, Path("Desktop/work/a/")) << "the list leaves the folder that is gone";
 }
 
+TEST_F(DriveViewTest, RefreshFollowsTheDesktopItself)
+{
+    WriteTree(Path(), {"Desktop/gone/", "Desktop/stays/", "Desktop/.h/"});
+    Make({});
+    std::filesystem::remove(Path("Desktop/gone"));
+    WriteTree(Path(), {"Desktop/new/sub/", "Desktop/.h2/", "Desktop/file="});
+    Refresh();
+    EXPECT_THAT(Texts(m_view->invisibleRootItem()),
+                ElementsAre("My Computer", "Network Neighborhood", ".h", "new", "stays"));
+    EXPECT_EQ(m_view->RootNode(), m_view->SelectedNode());
+    EXPECT_TRUE(NodeOf(m_view->topLevelItem(3))->HasMark());
+}
+
 TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
 {
     Make({"a/x/"});
