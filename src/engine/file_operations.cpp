@@ -120,8 +120,9 @@ void CopyPlainly(Transfer transfer, bool destinationExists)
 }
 
 // In a folder that the run has made itself nothing has the file's name, unless somebody put it
-// there meanwhile: then the copy finds it. So the folder is not asked before each file. False, and
-// nothing is done, if the folder has gone: the way of all files makes it again.
+// there meanwhile: then the copy finds it. So the folder is not asked before each file. False if
+// the folder has gone, or is not new: then nothing is copied or reported, and the way of all files
+// makes it again.
 bool CopyIntoNewFolder(Transfer transfer)
 {
     CRunContext& ctx = transfer.ctx;

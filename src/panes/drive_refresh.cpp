@@ -197,7 +197,7 @@ void DriveRefresh::ApplyFolder(ShellTreeNode* node, const Read& read)
         if (found != children.end()) {
             UpdateMark(*found->second, item.attributes);
         } else {
-            missing = true;
+            missing = missing || IsFolderOnDisk(item);
         }
     }
     if (missing) {
