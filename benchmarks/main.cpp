@@ -5,28 +5,28 @@
 
 #include <algorithm>
 
-#include "benchmarks/contest.h"
+#include "benchmarks/bench_folder.h"
+#include "benchmarks/benchmark.h"
+#include "benchmarks/measurement.h"
 #include "benchmarks/options.h"
 #include "benchmarks/report.h"
-#include "benchmarks/rows.h"
-#include "benchmarks/workshop.h"
 
 namespace {
 
 using namespace quorbit::bench;
 
-bool IsWanted(const Row& row, const Options& options)
+bool IsWanted(const Benchmark& benchmark, const Options& options)
 {
-    if (!options.rows.empty())
-        return std::ranges::count(options.rows, row.name) != 0;
-    return options.all || !row.slow;
+    if (!options.benchmarks.empty())
+        return std::ranges::count(options.benchmarks, benchmark.name) != 0;
+    return options.all || !benchmark.slow;
 }
 
 void CheckNames(const Options& options)
 {
-    for (const std::string& name : options.rows) {
-        if (std::ranges::count(AllRows(), name, &Row::name) == 0)
-            GiveUp("there is no row " + name);
+    for (const std::string& name : options.benchmarks) {
+        if (std::ranges::count(AllBenchmarks(), name, &Benchmark::name) == 0)
+            GiveUp("there is no benchmark " + name);
     }
 }
 
@@ -36,12 +36,12 @@ int main(int argc, char** argv)
 {
     const Options options = ParseOptions(argc, argv);
     CheckNames(options);
-    const Workshop workshop(options);
+    const BenchFolder folder(options);
     Report report;
     report.PrintHead(options);
-    for (const Row& row : AllRows()) {
-        if (IsWanted(row, options))
-            report.PrintRow(row, options.quick, MeasureRow(row, workshop));
+    for (const Benchmark& benchmark : AllBenchmarks()) {
+        if (IsWanted(benchmark, options))
+            report.PrintRow(benchmark, options.quick, Measure(benchmark, folder));
     }
     report.PrintFoot();
     return 0;

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <sstream>
 #include <string_view>
 
 namespace quorbit::bench {
@@ -18,8 +17,7 @@ constexpr unsigned kMaxRounds = 1000;
 [[noreturn]] void ShowUsage(const std::string& fault)
 {
     std::cerr << "bench: " << fault << "\n"
-              << "Usage: ./bench [--quick] [--all] [--rows NAME[,NAME...]] [--dir FOLDER]"
-                 " [--runs N]\n";
+              << "Usage: ./bench [--quick] [--all] [--runs N] [--dir FOLDER] [BENCHMARK...]\n";
     std::exit(2);
 }
 
@@ -31,15 +29,6 @@ unsigned ParseRounds(std::string_view text)
         rounds > kMaxRounds)
         ShowUsage("--runs needs a number from 1 to " + std::to_string(kMaxRounds));
     return rounds;
-}
-
-std::vector<std::string> SplitAtCommas(const std::string& text)
-{
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, ',');)
-        parts.push_back(part);
-    return parts;
 }
 
 }  // namespace
@@ -59,8 +48,6 @@ Options ParseOptions(int argc, char** argv)
             options.quick = true;
         } else if (name == "--all") {
             options.all = true;
-        } else if (name == "--rows") {
-            options.rows = SplitAtCommas(value());
         } else if (name == "--dir") {
             options.folder = value();
         } else if (name == "--program") {
@@ -70,6 +57,8 @@ Options ParseOptions(int argc, char** argv)
         } else if (name == "--runs") {
             options.rounds = ParseRounds(value());
             roundsGiven = true;
+        } else if (!name.starts_with("-")) {
+            options.benchmarks.emplace_back(name);
         } else {
             ShowUsage("unknown option " + std::string(name));
         }

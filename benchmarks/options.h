@@ -11,12 +11,12 @@
 namespace quorbit::bench {
 
 struct Options {
-    bool quick = false;             // a tenth of each tree
-    bool all = false;               // the rows that take long, too
-    std::vector<std::string> rows;  // names; empty for all
-    std::string folder;             // where trees and copies lie
-    std::string program;            // the program under measurement
-    std::string counter;            // the count pass alone
+    bool quick = false;                   // a tenth of each tree
+    bool all = false;                     // those that take long, too
+    std::vector<std::string> benchmarks;  // names; empty for all that do not take long
+    std::string folder;                   // where trees and copies lie
+    std::string program;                  // the program under measurement
+    std::string counter;                  // the count pass alone
     unsigned rounds = 5;
 };
 

@@ -19,22 +19,23 @@ void Report::PrintHead(const Options& options) const
         "Quorbit against its peers: medians of %u rounds in turn, %s %s, %u cores, in %s\n\n",
         options.rounds, system.sysname, system.release, std::thread::hardware_concurrency(),
         options.folder.c_str());
-    std::printf("%-24s %10s   %10s   %6s %6s\n", "Row, and against whom", "Quorbit", "Peer",
+    std::printf("%-24s %10s   %10s   %6s %6s\n", "Benchmark, and against whom", "Quorbit", "Peer",
                 "Ratio", "Bar");
 }
 
-void Report::PrintRow(const Row& row, bool quick, const RowResult& result)
+void Report::PrintRow(const Benchmark& benchmark, bool quick, const BenchmarkResult& result)
 {
-    const TreeShape& shape = quick ? row.quickShape : row.shape;
-    std::printf("%s: %s, %s\n", row.name.c_str(), row.what.c_str(), shape.Text().c_str());
+    const TreeShape& shape = quick ? benchmark.quickShape : benchmark.shape;
+    std::printf("%s: %s, %s\n", benchmark.name.c_str(), benchmark.what.c_str(),
+                shape.Text().c_str());
     if (!result.skipped.empty())
         std::printf("  %s\n", result.skipped.c_str());
-    const char* const unit = row.work == Work::Memory ? "MiB" : "s";
-    for (const Finding& finding : result.findings) {
-        std::printf("  %-22s %8.3f %-3s %8.3f %-3s %6.2f %6.2f  %s\n", finding.against.c_str(),
-                    finding.ours, unit, finding.theirs, unit, finding.ratio, finding.bar,
-                    finding.Met() ? "met" : "MISSED");
-        m_nMet += finding.Met() ? 1 : 0;
+    const char* const unit = benchmark.work == Work::Memory ? "MiB" : "s";
+    for (const Figure& figure : result.figures) {
+        std::printf("  %-22s %8.3f %-3s %8.3f %-3s %6.2f %6.2f  %s\n", figure.against.c_str(),
+                    figure.ours, unit, figure.theirs, unit, figure.ratio, figure.bar,
+                    figure.Met() ? "met" : "MISSED");
+        m_nMet += figure.Met() ? 1 : 0;
         ++m_nBars;
     }
     std::fflush(stdout);

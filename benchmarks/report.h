@@ -5,14 +5,14 @@
 
 #pragma once
 
-#include "benchmarks/contest.h"
+#include "benchmarks/measurement.h"
 
 namespace quorbit::bench {
 
 class Report {
 public:
     void PrintHead(const Options& options) const;
-    void PrintRow(const Row& row, bool quick, const RowResult& result);
+    void PrintRow(const Benchmark& benchmark, bool quick, const BenchmarkResult& result);
     // What the columns mean, and how many bars were met.
     void PrintFoot() const;
 

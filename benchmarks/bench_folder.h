@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The folder in which everything happens: trees, copies, batch files, and settings of Quorbit that
-// are nobody's own.
+// The folder that the measurements work in: trees, copies, batch files, and settings of Quorbit
+// that are not the user's own.
 
 #pragma once
 
@@ -20,17 +20,17 @@ enum class Ending {
     LeftToSystem,  // as cp and rsync: the system writes it when it likes
 };
 
-class Workshop {
+class BenchFolder {
 public:
     // Makes the folder, unless it is there from an earlier call, and goes through Quorbit's first
     // start for both endings.
-    explicit Workshop(const Options& options);
+    explicit BenchFolder(const Options& options);
 
     [[nodiscard]] const Options& GetOptions() const { return m_options; }
     [[nodiscard]] std::string TreePath(const std::string& name) const;
     // Where a copy goes. Names are free again after ClearCopies.
     [[nodiscard]] std::string CopyPath(const std::string& name) const;
-    // Deletes all copies and lets the system forget that they were there, as far as it can be told.
+    // Deletes all copies and drops the system's caches if that is allowed.
     void ClearCopies() const;
     // The command that runs a batch of this entry.
     [[nodiscard]] Command QuorbitCommand(const CDirCopy& entry, Ending ending,

@@ -29,11 +29,11 @@ struct Bar {
     double ratio = 0;
 };
 
-struct Row {
+struct Benchmark {
     std::string name;
     std::string what;
     Work work = Work::FreshCopy;
-    std::string tree;  // rows with the same one share it
+    std::string tree;  // benchmarks with the same one share it
     TreeShape shape;
     TreeShape quickShape;
     bool cold = false;  // the system's caches are dropped before each run
@@ -41,6 +41,6 @@ struct Row {
     std::vector<Bar> bars;
 };
 
-[[nodiscard]] const std::vector<Row>& AllRows();
+[[nodiscard]] const std::vector<Benchmark>& AllBenchmarks();
 
 }  // namespace quorbit::bench

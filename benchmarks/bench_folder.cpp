@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "benchmarks/workshop.h"
+#include "benchmarks/bench_folder.h"
 
 #include <unistd.h>
 
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 }  // namespace
 
-Workshop::Workshop(const Options& options) : m_options(options)
+BenchFolder::BenchFolder(const Options& options) : m_options(options)
 {
     ClaimFolder();
     for (const Ending ending : {Ending::OnDisk, Ending::LeftToSystem}) {
@@ -39,7 +39,7 @@ Workshop::Workshop(const Options& options) : m_options(options)
 }
 
 // Trees are deleted here: a folder of somebody's own must not be taken for ours.
-void Workshop::ClaimFolder() const
+void BenchFolder::ClaimFolder() const
 {
     const fs::path mark = fs::path(m_options.folder) / ".quorbit-bench";
     fs::create_directories(m_options.folder);
@@ -49,17 +49,17 @@ void Workshop::ClaimFolder() const
         GiveUp("cannot write " + mark.string());
 }
 
-std::string Workshop::TreePath(const std::string& name) const
+std::string BenchFolder::TreePath(const std::string& name) const
 {
     return m_options.folder + "/trees/" + name + (m_options.quick ? "-quick" : "");
 }
 
-std::string Workshop::CopyPath(const std::string& name) const
+std::string BenchFolder::CopyPath(const std::string& name) const
 {
     return m_options.folder + "/copies/" + name;
 }
 
-void Workshop::ClearCopies() const
+void BenchFolder::ClearCopies() const
 {
     const fs::path copies = m_options.folder + "/copies";
     const bool any = fs::exists(copies) && !fs::is_empty(copies);
@@ -71,19 +71,19 @@ void Workshop::ClearCopies() const
     }
 }
 
-std::string Workshop::SettingsPath(Ending ending) const
+std::string BenchFolder::SettingsPath(Ending ending) const
 {
     return m_options.folder + (ending == Ending::OnDisk ? "/settings" : "/settings-no-sync");
 }
 
-Command Workshop::Quorbit(Ending ending) const
+Command BenchFolder::Quorbit(Ending ending) const
 {
     const std::string settings = SettingsPath(ending);
     return {{m_options.program}, {{"XDG_CONFIG_HOME", settings}, {"XDG_STATE_HOME", settings}}};
 }
 
-Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending,
-                                 const std::string& mode) const
+Command BenchFolder::QuorbitCommand(const CDirCopy& entry, Ending ending,
+                                    const std::string& mode) const
 {
     BatchFile batch;
     batch.entries.push_back(entry);
@@ -95,17 +95,17 @@ Command Workshop::QuorbitCommand(const CDirCopy& entry, Ending ending,
     return command;
 }
 
-void Workshop::Settle() const
+void BenchFolder::Settle() const
 {
     sync();
 }
 
-bool Workshop::CanDropCaches() const
+bool BenchFolder::CanDropCaches() const
 {
     return access(kDropCaches, W_OK) == 0;
 }
 
-void Workshop::DropCaches() const
+void BenchFolder::DropCaches() const
 {
     std::ofstream file(kDropCaches);
     file << "3\n";

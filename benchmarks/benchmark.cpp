@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "benchmarks/rows.h"
+#include "benchmarks/benchmark.h"
 
 namespace quorbit::bench {
 namespace {
@@ -14,9 +14,9 @@ constexpr TreeShape kSmallQuick{50, 100, 4 * kKB};
 
 }  // namespace
 
-const std::vector<Row>& AllRows()
+const std::vector<Benchmark>& AllBenchmarks()
 {
-    static const std::vector<Row> rows{
+    static const std::vector<Benchmark> benchmarks{
         {.name = "small-warm",
          .what = "fresh copy, in memory",
          .work = Work::FreshCopy,
@@ -90,7 +90,7 @@ const std::vector<Row>& AllRows()
          .slow = true,
          .bars = {{"32 MiB", 1.00}, {"a tenth of the tree", 1.05}}},
     };
-    return rows;
+    return benchmarks;
 }
 
 }  // namespace quorbit::bench

@@ -1,20 +1,20 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Measures one row: Quorbit and its peers in turn, round after round.
+// Measures one benchmark: Quorbit and its peers in turn, round after round.
 
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "benchmarks/rows.h"
-#include "benchmarks/workshop.h"
+#include "benchmarks/bench_folder.h"
+#include "benchmarks/benchmark.h"
 
 namespace quorbit::bench {
 
 // One line of the table.
-struct Finding {
+struct Figure {
     std::string against;
     double ours = 0;    // seconds or MiB
     double theirs = 0;  // the same unit
@@ -23,12 +23,12 @@ struct Finding {
     [[nodiscard]] bool Met() const { return ratio <= bar; }
 };
 
-// The findings of one row; why there are none, if the row cannot be measured here.
-struct RowResult {
-    std::vector<Finding> findings;
+// The figures of one benchmark; why there are none, if the benchmark cannot be measured here.
+struct BenchmarkResult {
+    std::vector<Figure> figures;
     std::string skipped;
 };
 
-[[nodiscard]] RowResult MeasureRow(const Row& row, const Workshop& workshop);
+[[nodiscard]] BenchmarkResult Measure(const Benchmark& benchmark, const BenchFolder& folder);
 
 }  // namespace quorbit::bench
