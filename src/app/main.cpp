@@ -12,13 +12,13 @@
 
 #include "app/command_line.h"
 #include "app/display.h"
-#include "app/exit_code.h"
 #include "app/show_batch.h"
 #include "app/unattended_run.h"
 #include "app/window_program.h"
 #include "batch/batch_file.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
+#include "engine/exit_code.h"
 #include "engine/run_context.h"
 
 namespace quorbit {

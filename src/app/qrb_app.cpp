@@ -12,12 +12,12 @@
 #include <utility>
 
 #include "app/about_dialog.h"
-#include "app/exit_code.h"
 #include "app/identity.h"
 #include "batch/help_topic.h"
 #include "batch/help_topics.h"
 #include "batch/reg_key.h"
 #include "dialogs/options_dialog.h"
+#include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "look/pictures.h"
 #include "platform/path_text.h"

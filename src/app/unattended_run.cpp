@@ -10,8 +10,8 @@
 #include <thread>
 #include <utility>
 
-#include "app/exit_code.h"
 #include "engine/console_surface.h"
+#include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"

@@ -14,12 +14,12 @@
 #include <string>
 #include <string_view>
 
-#include "app/exit_code.h"
 #include "app/identity.h"
 #include "app/qrb_app.h"
 #include "app/qt_prompts.h"
 #include "app/stop_notifier.h"
 #include "engine/dialog/desktop_text_editor.h"
+#include "engine/exit_code.h"
 #include "look/desktop_link_opener.h"
 #include "look/pictures.h"
 #include "look/splash_wnd.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the process tells whoever started it.
+// The exit codes of the process.
 
 #pragma once
 
