@@ -90,20 +90,12 @@ void ConsoleSurface::AddBytes(std::uint64_t)
     Draw();
 }
 
-void ConsoleSurface::EnableStopCounting(bool enable)
+void ConsoleSurface::OnPhase(RunPhase phase, std::int32_t)
 {
-    m_bCounting = enable;
-}
-
-void ConsoleSurface::EnableViewLog(bool) {}
-
-void ConsoleSurface::SetProgressRange(std::int32_t) {}
-
-void ConsoleSurface::StepProgress() {}
-
-void ConsoleSurface::ShowRunEnded()
-{
-    Erase();
+    m_bCounting = phase == RunPhase::Counting;
+    if (phase == RunPhase::Ended) {
+        Erase();
+    }
 }
 
 void ConsoleSurface::ShowError(std::string_view text)
@@ -126,8 +118,6 @@ void ConsoleSurface::ShowMessage(std::string_view text, std::string_view, Prompt
     Erase();
     m_streams.error("quorbit: " + std::string(text) + "\n");
 }
-
-void ConsoleSurface::CloseAndExit() {}
 
 void ConsoleSurface::Draw()
 {

@@ -31,16 +31,11 @@ public:
     void ShowText(RunText which, std::string_view text) override;
     void ShowCounter(RunCounter which, std::int32_t value) override;
     void AddBytes(std::uint64_t bytes) override;
-    void EnableStopCounting(bool enable) override;
-    void EnableViewLog(bool enable) override;
-    void SetProgressRange(std::int32_t range) override;
-    void StepProgress() override;
-    void ShowRunEnded() override;
+    void OnPhase(RunPhase phase, std::int32_t total) override;
     void ShowError(std::string_view text) override;
     // Nobody is there to answer: No.
     bool AskYesNo(std::string_view text, std::string_view caption) override;
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
-    void CloseAndExit() override;
 
 private:
     void Draw();

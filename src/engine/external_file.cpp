@@ -11,8 +11,7 @@
 
 #include "batch/dir_copy.h"
 #include "engine/failure_policy.h"
-#include "engine/run_log.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "platform/path_text.h"
 
 namespace quorbit {

@@ -18,7 +18,8 @@ namespace quorbit {
 void ReportFileError(CRunContext& ctx, const Error& error);
 // Reports a source folder that cannot be listed.
 void ReportInvalidSource(CRunContext& ctx, const std::string& folder);
-// The prompt for an invalid source folder; asks nothing in an unattended run.
+// The prompt for an invalid source folder. Asks nothing in an unattended run, or if boxes are
+// suppressed.
 void AskCancelRun(CRunContext& ctx, const std::string& message);
 
 }  // namespace quorbit

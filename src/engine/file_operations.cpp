@@ -11,8 +11,7 @@
 #include "engine/backup_rotation.h"
 #include "engine/failure_policy.h"
 #include "engine/run_flags.h"
-#include "engine/run_log.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "engine/transfer_decision.h"
 #include "platform/path_text.h"
 
@@ -23,14 +22,14 @@ namespace {
 // first.
 constexpr std::uint64_t kLongCopy = 1024 * 1024;
 
-// Tells the surface how far a copy has come.
-class BytesToSurface : public CopyProgress {
+// Shows how far a copy has come.
+class ShownProgress : public CopyProgress {
 public:
-    explicit BytesToSurface(RunSurface& surface) : m_surface(surface) {}
-    void OnBytesCopied(std::uint64_t bytes) override { m_surface.AddBytes(bytes); }
+    explicit ShownProgress(CRunContext& ctx) : m_ctx(ctx) {}
+    void OnBytesCopied(std::uint64_t bytes) override { ShowBytes(m_ctx, bytes); }
 
 private:
-    RunSurface& m_surface;
+    CRunContext& m_ctx;
 };
 
 // The file at the destination; Missing as a value, any other error as an error.
@@ -104,7 +103,7 @@ Status TryCopy(const Transfer& transfer)
     if (!transfer.dest.Handle()) {
         return ErrorFromErrno(ENOENT);
     }
-    BytesToSurface progress(*ctx.m_pDlg);
+    ShownProgress progress(ctx);
     CopyOptions options = transfer.options;
     options.progress = &progress;
     return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);

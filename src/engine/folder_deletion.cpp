@@ -9,8 +9,7 @@
 
 #include "engine/failure_policy.h"
 #include "engine/run_flags.h"
-#include "engine/run_log.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "platform/path_text.h"
 
 namespace quorbit {

@@ -49,6 +49,9 @@ struct CRunContext {
 
     ElapsedClock m_clock;
     std::unique_ptr<RunLog> m_pLogFile;  // null once closed
+
+    // Nobody is there to answer a question.
+    [[nodiscard]] bool IsUnattended() const { return (m_nRunMode & kRunInvisible) != 0; }
 };
 
 }  // namespace quorbit

@@ -11,8 +11,7 @@
 #include "engine/file_operations.h"
 #include "engine/folder_deletion.h"
 #include "engine/run_flags.h"
-#include "engine/run_log.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "engine/tree_walk.h"
 #include "platform/path_text.h"
 
@@ -66,11 +65,6 @@ std::unique_ptr<TargetFolder> ListedTarget(FileSystem& files, TargetFolder& dest
     return std::make_unique<TargetFolder>(files, dest.Path() + name);
 }
 
-void CountUnit(CRunContext& ctx)
-{
-    ctx.m_pDlg->ShowCounter(RunCounter::FilesLeft, ++ctx.m_nFilesLeft);
-}
-
 // The destination, if it is to be kept out of the walk of its own source.
 bool HasDestination(const CDirCopy& entry)
 {
@@ -84,7 +78,7 @@ bool CountFolderList(CRunContext& ctx, const CDirCopy& entry)
     for (const std::string& item : entry.m_listItems) {
         const ListedFolder folder = ResolveListItem(entry, item);
         if (rules.Has(DCF_DELETE_FOLDER)) {
-            CountUnit(ctx);
+            AddUnit(ctx);
             continue;
         }
         const auto itemDest = ListedTarget(*ctx.m_pFiles, dest, folder.name);
@@ -112,7 +106,7 @@ bool CountSingleFolder(CRunContext& ctx, const CDirCopy& entry)
 bool CountEntry(CRunContext& ctx, const CDirCopy& entry)
 {
     if (entry.m_nKind == DCK_TYPES && (entry.m_dwFlags & DCF_DELETE_FOLDER) != 0) {
-        CountUnit(ctx);
+        AddUnit(ctx);
         return true;
     }
     return IsFolderList(entry) ? CountFolderList(ctx, entry) : CountSingleFolder(ctx, entry);
@@ -180,24 +174,22 @@ bool RunPasses(CRunContext& ctx, std::string& total)
     if (g_bStopRun) {
         return true;
     }
+    EnterPhase(ctx, RunPhase::Counting);
     WriteLogHead(ctx);
     FlushLog(ctx);
     if (!CountEntries(ctx)) {
         return true;
     }
     total = g_bStopCounting ? kUnknownTotal : std::to_string(ctx.m_nFilesLeft);
-    ctx.m_pDlg->ShowText(RunText::TotalCount, total);
-    ctx.m_pDlg->EnableStopCounting(false);
-    ctx.m_pDlg->SetProgressRange(ctx.m_nFilesLeft & 0xFFFF);
+    ShowTotal(ctx, total);
+    EnterPhase(ctx, RunPhase::Processing);
     if (g_bStopRun) {
         return true;
     }
     if (ProcessEntries(ctx)) {
         return true;
     }
-    WriteLogLine(ctx, (ctx.m_nRunMode & kRunInvisible) != 0
-                          ? "***** Error maximum was reached *****"
-                          : "\r\n**** Stopped by user. ****");
+    WriteLogStop(ctx);
     return false;
 }
 
@@ -220,7 +212,7 @@ void WriteTotals(CRunContext& ctx, std::string total)
     if (total == kUnknownTotal) {
         total = std::to_string(ctx.m_nCopyCount + ctx.m_nSyncCount + ctx.m_nDeleteCount +
                                ctx.m_nDidntSyncCount);
-        ctx.m_pDlg->ShowText(RunText::TotalCount, total);
+        ShowTotal(ctx, total);
     }
     WriteLogFooter(ctx, ctx.m_clock.Text(), total);
     FlushLog(ctx);
@@ -261,19 +253,19 @@ unsigned RunThreadProc(CRunContext* pCtx)
     std::string total = "0";
     bool stopped = false;
     if (ctx.m_pDoc->m_arrEntries.empty()) {
-        ctx.m_pDlg->ShowMessage("The Batch File is empty.", "", PromptIcon::Exclamation);
+        Tell(ctx, "The Batch File is empty.", "", PromptIcon::Exclamation);
     } else {
         stopped = !RunPasses(ctx, total);
     }
 
     SyncDestinations(ctx);
-    ctx.m_pDlg->EnableViewLog(true);
+    EnterPhase(ctx, RunPhase::Finishing);
     WriteTotals(ctx, total);
     g_bStopRun = 1;
-    ctx.m_pDlg->ShowRunEnded();
-    if (stopped && (ctx.m_nRunMode & kRunInvisible) == 0) {
-        ctx.m_pDlg->ShowMessage("Process canceled by user.  Hit OK to continue.",
-                                "Process stopped.", PromptIcon::None);
+    EnterPhase(ctx, RunPhase::Ended);
+    if (stopped && !ctx.IsUnattended()) {
+        Tell(ctx, "Process canceled by user.  Hit OK to continue.", "Process stopped.",
+             PromptIcon::None);
     }
     CloseLog(ctx);
 
@@ -281,7 +273,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
         if (ctx.m_nErrorCount > 0) {
             ctx.m_setExitCode(1);
         }
-        ctx.m_pDlg->CloseAndExit();
+        EnterPhase(ctx, RunPhase::Closed);
     }
     return 0;
 }

@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "engine/run_context.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -13,13 +12,6 @@ namespace {
 
 constexpr std::size_t kFull = 64 * 1024;
 constexpr auto kOldEnough = std::chrono::milliseconds(100);
-
-void TellIfFailed(CRunContext& ctx, bool ok)
-{
-    if (!ok) {
-        ctx.m_pDlg->ShowMessage("Error writing to the logfile.", "", PromptIcon::Stop);
-    }
-}
 
 }  // namespace
 
@@ -60,64 +52,6 @@ bool RunLog::Close()
 {
     const bool flushed = Flush();
     return m_output->Close().Ok() && flushed;
-}
-
-void WriteLogLine(CRunContext& ctx, std::string_view line)
-{
-    if (ctx.m_pLogFile) {
-        TellIfFailed(ctx, ctx.m_pLogFile->Add(line));
-    }
-}
-
-void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view path)
-{
-    if (ctx.m_pLogFile) {
-        TellIfFailed(ctx, ctx.m_pLogFile->Add(label, path));
-    }
-}
-
-void FlushLog(CRunContext& ctx)
-{
-    if (ctx.m_pLogFile) {
-        TellIfFailed(ctx, ctx.m_pLogFile->Flush());
-    }
-}
-
-void FlushLogIfDue(CRunContext& ctx)
-{
-    if (ctx.m_pLogFile) {
-        TellIfFailed(ctx, ctx.m_pLogFile->FlushIfDue());
-    }
-}
-
-void CloseLog(CRunContext& ctx)
-{
-    if (ctx.m_pLogFile) {
-        TellIfFailed(ctx, ctx.m_pLogFile->Close());
-        ctx.m_pLogFile.reset();
-    }
-}
-
-void WriteLogHead(CRunContext& ctx)
-{
-    WriteLogPath(ctx, "Quorbit   File name: ", ctx.m_pDoc->m_strFilePath);
-    WriteLogLine(ctx, "\r\nTo find file operations, search on these texts:");
-    WriteLogLine(ctx,
-                 "Copying File.\r\nCreate Folder.\r\nDidn't Sync File.\r\nSync File.\r\n"
-                 "Delete File.\r\nDelete Folder.\r\nERROR.\r\n");
-}
-
-void WriteLogFooter(CRunContext& ctx, std::string_view elapsed, std::string_view total)
-{
-    WriteLogLine(ctx, "\r\n");
-    WriteLogLine(ctx, "Elapsed time: " + std::string(elapsed));
-    WriteLogLine(ctx, "Total Count: " + std::string(total));
-    WriteLogLine(ctx, "Delete Count: " + std::to_string(ctx.m_nDeleteCount));
-    WriteLogLine(ctx, "Sync Count: " + std::to_string(ctx.m_nSyncCount));
-    WriteLogLine(ctx, "Didn't Sync Count: " + std::to_string(ctx.m_nDidntSyncCount));
-    WriteLogLine(ctx, "Copy Count: " + std::to_string(ctx.m_nCopyCount));
-    WriteLogLine(ctx, "Backup Count: " + std::to_string(ctx.m_nBackupCount));
-    WriteLogLine(ctx, "Error Count: " + std::to_string(ctx.m_nErrorCount));
 }
 
 std::string MakeLogPath(std::string_view installPath, std::string_view documentPath)

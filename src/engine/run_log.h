@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The text log of one run, as a stream of lines. What the lines say stands in docs/run-log.md.
+// The log file of one run, as a stream of lines. run_report.h writes the lines.
 
 #pragma once
 
@@ -14,8 +14,6 @@
 #include "platform/log_output.h"
 
 namespace quorbit {
-
-struct CRunContext;
 
 // Gathers lines and writes them when 100 ms have passed since the first of them, when 64 KB are
 // full, and when told to. A write for every line would cost a run over small files a tenth of its
@@ -43,23 +41,6 @@ private:
     std::string m_gathered;
     std::chrono::steady_clock::time_point m_oldest;
 };
-
-// One line into the log of the run. A failure is told to whoever watches; the run goes on.
-void WriteLogLine(CRunContext& ctx, std::string_view line);
-// The same for a label and a path, which is made printable.
-void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view path);
-// Brings all lines to the file: for an error, before a prompt and before anything that may take
-// long.
-void FlushLog(CRunContext& ctx);
-// For work that may go on for long without a line.
-void FlushLogIfDue(CRunContext& ctx);
-
-// Closes the log for good.
-void CloseLog(CRunContext& ctx);
-
-// The lines at the beginning and at the end of a log.
-void WriteLogHead(CRunContext& ctx);
-void WriteLogFooter(CRunContext& ctx, std::string_view elapsed, std::string_view total);
 
 // Where the log of a document lies: the name of the document with ".log" in the folder of the
 // installation. A document whose name has no dot, or that has no name, has the log ".log".

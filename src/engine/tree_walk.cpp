@@ -9,8 +9,7 @@
 #include "engine/failure_policy.h"
 #include "engine/file_operations.h"
 #include "engine/run_flags.h"
-#include "engine/run_log.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "engine/source_queue.h"
 #include "platform/path_text.h"
 
@@ -20,22 +19,6 @@ namespace {
 std::string Subfolder(const std::string& folder, const std::string& name)
 {
     return folder + name + SeparatorOf(folder);
-}
-
-void CountOne(CRunContext& ctx)
-{
-    ctx.m_pDlg->ShowCounter(RunCounter::FilesLeft, ++ctx.m_nFilesLeft);
-}
-
-// True, and the figure is gone, if the count was given up.
-bool CountGivenUp(CRunContext& ctx)
-{
-    if (!g_bStopCounting) {
-        return false;
-    }
-    ctx.m_nFilesLeft = 0;
-    ctx.m_pDlg->ShowCounter(RunCounter::FilesLeft, 0);
-    return true;
 }
 
 bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules);
@@ -73,7 +56,7 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
                 return false;
             }
         } else if (!item.leftover && rules.SelectsName(item.name)) {
-            CountOne(ctx);
+            AddUnit(ctx);
         }
     }
 }
@@ -220,7 +203,7 @@ bool CountFolder(CRunContext& ctx, const std::string& folder, const WalkRules& r
         if (CountGivenUp(ctx)) {
             return false;
         }
-        CountOne(ctx);
+        AddUnit(ctx);
         return true;
     }
     const auto opened = ctx.m_pFiles->OpenFolder(folder);

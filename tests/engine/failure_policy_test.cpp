@@ -56,7 +56,7 @@ TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
         EXPECT_THAT(run.surface.errors,
                     ElementsAre("Device or resource busy", "Device or resource busy"));
         EXPECT_EQ(run.exitCode, exitCode);
-        EXPECT_EQ(run.surface.events.back(), closes ? "close" : "ended");
+        EXPECT_EQ(run.surface.phases.back(), closes ? "closed" : "ended");
     }
 }
 

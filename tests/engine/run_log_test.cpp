@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "engine/run_context.h"
-#include "engine/show.h"
+#include "engine/run_report.h"
 #include "support/recording_surface.h"
 
 namespace quorbit {

@@ -30,7 +30,7 @@ TEST_F(StopTest, AStopInTheCountTouchesNothingAndSaysNothing)
     EXPECT_EQ(run.log, Log("", {}));
     EXPECT_EQ(run.counters, "left 1");
     EXPECT_TRUE(run.surface.messages.empty());
-    EXPECT_THAT(run.surface.events, ElementsAre("view log on", "ended"));
+    EXPECT_THAT(run.surface.phases, ElementsAre("counting", "finishing", "ended"));
     EXPECT_EQ(Tree("@/dest"), TreeLines{});
 }
 
@@ -102,8 +102,7 @@ TEST_F(StopTest, StopCountingGivesTheSumAsTotal)
     EXPECT_THAT(run.surface.texts,
                 IsSupersetOf({std::pair(RunText::TotalCount, std::string("Unknown")),
                               std::pair(RunText::TotalCount, std::string("9"))}));
-    EXPECT_THAT(run.surface.events,
-                ElementsAre("stop counting off", "range 0", "view log on", "ended"));
+    EXPECT_THAT(run.surface.phases, ElementsAre("counting", "processing 0", "finishing", "ended"));
 }
 
 TEST_F(StopTest, StopCountingLeavesBackupsOutAndKeepsACountThatWasReached)
@@ -123,8 +122,7 @@ TEST_F(StopTest, EntriesAreCountedAndProcessedInTheirOrder)
     const RunResult run = Run({Entry(kAll, "@/one"), Entry(kAll, "@/two"),
                                Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER, "@/one")});
     EXPECT_THAT(run.surface.counters.at(RunCounter::FilesLeft), ElementsAre(1, 2, 3, 2, 1, 0));
-    EXPECT_THAT(run.surface.events, ElementsAre("stop counting off", "range 3", "step", "step",
-                                                "step", "view log on", "ended"));
+    EXPECT_THAT(run.surface.phases, ElementsAre("counting", "processing 3", "finishing", "ended"));
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=1", "b=2"}));
     EXPECT_FALSE(std::filesystem::exists(Path("@/one")));
     EXPECT_THAT(run.log, Not(HasSubstr("ERROR:")));
@@ -145,7 +143,7 @@ TEST_F(StopTest, AnotherThreadMayStopARunAtAnyTime)
     });
     EXPECT_THAT(run.log, HasSubstr("Stopped by user."));
     EXPECT_THAT(run.log, HasSubstr("Total Count: 66000\r\n"));
-    EXPECT_THAT(run.surface.events, Contains("range 464"));  // the low 16 bits
+    EXPECT_THAT(run.surface.phases, Contains("processing 66000"));
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ public:
     std::vector<std::string> errors;
     std::vector<std::pair<RunText, std::string>> texts;
     std::map<RunCounter, std::vector<std::int32_t>> counters;  // every value shown
-    std::vector<std::string> events;  // what else happened: "range 3", "step", "ended", ...
+    std::vector<std::string> phases;                           // "counting", "processing 3", ...
     std::uint64_t bytes = 0;
 
     void ShowText(RunText which, std::string_view text) override
@@ -42,20 +42,13 @@ public:
         counters[which].push_back(value);
     }
     void AddBytes(std::uint64_t count) override { bytes += count; }
-    void EnableStopCounting(bool enable) override
+    void OnPhase(RunPhase phase, std::int32_t total) override
     {
-        events.emplace_back(enable ? "stop counting on" : "stop counting off");
+        const char* const names[] = {"counting", "processing", "finishing", "ended", "closed"};
+        phases.emplace_back(names[static_cast<std::size_t>(phase)]);
+        if (phase == RunPhase::Processing)
+            phases.back() += " " + std::to_string(total);
     }
-    void EnableViewLog(bool enable) override
-    {
-        events.emplace_back(enable ? "view log on" : "view log off");
-    }
-    void SetProgressRange(std::int32_t range) override
-    {
-        events.push_back("range " + std::to_string(range));
-    }
-    void StepProgress() override { events.emplace_back("step"); }
-    void ShowRunEnded() override { events.emplace_back("ended"); }
     void ShowError(std::string_view text) override { errors.emplace_back(text); }
     bool AskYesNo(std::string_view text, std::string_view caption) override
     {
@@ -70,7 +63,6 @@ public:
         if (onPrompt)
             onPrompt();
     }
-    void CloseAndExit() override { events.emplace_back("close"); }
 };
 
 }  // namespace quorbit

@@ -22,32 +22,14 @@ void DialogSurface::AddBytes(std::uint64_t bytes)
     m_snapshot.Set([=](RunFigures& f) { f.bytes += bytes; });
 }
 
-void DialogSurface::EnableStopCounting(bool enable)
-{
-    m_snapshot.Set([=](RunFigures& f) { f.bStopCounting = enable; });
-}
-
-void DialogSurface::EnableViewLog(bool enable)
-{
-    m_snapshot.Set([=](RunFigures& f) { f.bViewLog = enable; });
-}
-
-void DialogSurface::SetProgressRange(std::int32_t range)
+void DialogSurface::OnPhase(RunPhase phase, std::int32_t total)
 {
     m_snapshot.Set([=](RunFigures& f) {
-        f.nRange = range;
-        f.bCounted = true;
+        f.phase = phase;
+        if (phase == RunPhase::Processing) {
+            f.total = total;
+        }
     });
-}
-
-void DialogSurface::StepProgress()
-{
-    m_snapshot.Set([](RunFigures& f) { ++f.nSteps; });
-}
-
-void DialogSurface::ShowRunEnded()
-{
-    m_snapshot.Set([](RunFigures& f) { f.bEnded = true; });
 }
 
 // The error counter tells of it, and the log.
@@ -62,11 +44,6 @@ bool DialogSurface::AskYesNo(std::string_view text, std::string_view caption)
 void DialogSurface::ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon)
 {
     (void)m_prompt.Ask({std::string(text), std::string(caption), icon, PromptButtons::Ok});
-}
-
-void DialogSurface::CloseAndExit()
-{
-    m_bCloseAsked = true;
 }
 
 }  // namespace quorbit

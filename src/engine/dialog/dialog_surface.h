@@ -22,29 +22,21 @@ public:
     void ShowText(RunText which, std::string_view text) override;
     void ShowCounter(RunCounter which, std::int32_t value) override;
     void AddBytes(std::uint64_t bytes) override;
-    void EnableStopCounting(bool enable) override;
-    void EnableViewLog(bool enable) override;
-    void SetProgressRange(std::int32_t range) override;
-    void StepProgress() override;
-    void ShowRunEnded() override;
+    void OnPhase(RunPhase phase, std::int32_t total) override;
     void ShowError(std::string_view text) override;
     bool AskYesNo(std::string_view text, std::string_view caption) override;
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
-    // Only asks: the dialog closes when the worker has ended.
-    void CloseAndExit() override;
     // The last thing that a worker does here.
     void SetWorkerDone() { m_bWorkerDone = true; }
 
     // User interface.
     [[nodiscard]] RunSnapshot& Snapshot() { return m_snapshot; }
     [[nodiscard]] WorkerPrompt& Prompt() { return m_prompt; }
-    [[nodiscard]] bool CloseAsked() const { return m_bCloseAsked; }
     [[nodiscard]] bool WorkerDone() const { return m_bWorkerDone; }
 
 private:
     RunSnapshot m_snapshot;
     WorkerPrompt m_prompt;
-    std::atomic<bool> m_bCloseAsked = false;
     std::atomic<bool> m_bWorkerDone = false;
 };
 

@@ -252,7 +252,7 @@ void CProgressDlg::EndOfWorker()
     if (m_nExitCode != 0) {
         m_services.setExitCode(m_nExitCode);
     }
-    const bool exit = m_surface.CloseAsked();
+    const bool exit = m_values.figures.phase == RunPhase::Closed;
     if (exit || m_bCloseWanted) {
         OnCancel();
     }
@@ -304,7 +304,8 @@ void CProgressDlg::ShowNewest()
     }
     ShowElapsed();
     // Once more with the closing values, and then no longer.
-    if (m_values.figures.bCounted && (changed || !m_values.figures.bEnded)) {
+    const RunFigures& figures = m_values.figures;
+    if (figures.total && (changed || figures.phase < RunPhase::Ended)) {
         MeasureRate();
     }
     ShowTransfer();
@@ -313,13 +314,13 @@ void CProgressDlg::ShowNewest()
 void CProgressDlg::ShowStates()
 {
     const RunFigures& figures = m_values.figures;
-    if (!figures.bStopCounting || figures.bEnded) {
+    if (figures.phase > RunPhase::Counting) {
         m_btnStopCounting->setEnabled(false);
     }
-    if (figures.bViewLog) {
+    if (figures.phase >= RunPhase::Finishing) {
         m_btnViewLog->setEnabled(true);
     }
-    if (figures.bEnded) {
+    if (figures.phase >= RunPhase::Ended) {
         m_btnCancel->setText(QStringLiteral("OK"));
     }
 }
@@ -336,13 +337,14 @@ void CProgressDlg::ShowElapsed()
 void CProgressDlg::ShowTransfer()
 {
     const RunFigures& figures = m_values.figures;
-    const bool over = g_bStopRun || figures.bEnded;
+    const bool ended = figures.phase >= RunPhase::Ended;
+    const bool over = g_bStopRun || ended;
     // Nothing is left, and still it is not over: the disk is waited for, or a last script.
-    const bool finishing = figures.nSteps > 0 && figures.Counter(RunCounter::FilesLeft) == 0;
+    const bool finishing = figures.Steps() > 0 && figures.Counter(RunCounter::FilesLeft) == 0;
     Transfer transfer;
     transfer.bytes = figures.bytes;
     transfer.bytesPerSecond = over ? m_rate.MeanBytesPerSecond() : m_rate.BytesPerSecond();
-    if (g_bStopRun && !figures.bEnded) {
+    if (g_bStopRun && !ended) {
         transfer.note = "stopping after this file";
     } else if (finishing && !over) {
         transfer.note = "finishing";
@@ -355,7 +357,7 @@ void CProgressDlg::ShowTransfer()
 void CProgressDlg::MeasureRate()
 {
     const RunFigures& figures = m_values.figures;
-    RunProgress progress{figures.nSteps, std::nullopt, figures.bytes};
+    RunProgress progress{figures.Steps(), std::nullopt, figures.bytes};
     if (!g_bStopCounting) {
         progress.filesLeft = figures.Counter(RunCounter::FilesLeft);
     }

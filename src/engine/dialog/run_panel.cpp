@@ -196,13 +196,13 @@ void RunPanel::ShowTexts(const RunValues& values)
 // fills in proportion, which is one step a file for all counts that fit.
 void RunPanel::ShowProgress(const RunFigures& figures)
 {
-    if (!figures.bCounted) {
+    if (!figures.total) {
         return;
     }
     // A range of nothing would make it a busy indicator.
-    m_progress->setRange(0, std::max(figures.nRange, 1));
-    const std::int64_t done = figures.nSteps;
-    const std::int64_t all = done + figures.Counter(RunCounter::FilesLeft);
+    m_progress->setRange(0, std::max(*figures.total & 0xFFFF, 1));
+    const std::int64_t done = figures.Steps();
+    const std::int64_t all = *figures.total;
     if (done > 0 && all > 0) {
         m_progress->setValue(static_cast<int>(m_progress->maximum() * done / all));
     }

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,16 +22,17 @@ namespace quorbit {
 struct RunFigures {
     std::array<std::int32_t, 7> counters{};  // by RunCounter
     std::uint64_t bytes = 0;                 // copied so far
-    bool bCounted = false;                   // the range of the progress bar was set
-    std::int32_t nRange = 0;                 // of the progress bar
-    std::int32_t nSteps = 0;                 // of the progress bar
-    bool bStopCounting = true;               // the button may be pressed
-    bool bViewLog = false;                   // the button may be pressed
-    bool bEnded = false;                     // all values are the closing ones
+    RunPhase phase = RunPhase::Counting;
+    std::optional<std::int32_t> total;  // units to process; none before the process pass
 
     [[nodiscard]] std::int32_t Counter(RunCounter which) const
     {
         return counters[static_cast<std::size_t>(which)];
+    }
+    // Units done.
+    [[nodiscard]] std::int32_t Steps() const
+    {
+        return total ? *total - Counter(RunCounter::FilesLeft) : 0;
     }
 };
 
