@@ -7,13 +7,11 @@
 #include <iostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "batch/dir_copy.h"
 #include "engine/console_surface.h"
 #include "engine/run_context.h"
-#include "engine/tree_walk.h"
-#include "platform/path_text.h"
+#include "engine/run_driver.h"
 #include "platform/posix_file_system.h"
 
 using namespace quorbit;
@@ -32,10 +30,12 @@ int main(int argc, char** argv)
     ctx.m_pDlg = &surface;
 
     // A mask, so that each name is looked at as in a batch that selects.
-    const std::vector<std::string> masks{"*.dat"};
-    const WalkRules rules{masks, DCF_NO_ATTRS | DCF_SUBFOLDERS, 0, DCK_TYPES, {}};
-    const bool counted = CountFolder(ctx, WithSeparator(argv[1]), rules);
-    if (counted && std::to_string(ctx.m_nFilesLeft) == argv[2])
+    CDirCopy entry(argv[1], "", DCF_NO_ATTRS | DCF_SUBFOLDERS, DCK_TYPES, 0);
+    entry.m_listItems = {"*.dat"};
+    CQRBDoc doc;
+    doc.m_arrEntries.push_back(entry);
+    ctx.m_pDoc = &doc;
+    if (CountEntries(ctx) && std::to_string(ctx.m_nFilesLeft) == argv[2])
         return 0;
     std::cerr << "bench_count: " << ctx.m_nFilesLeft << " files instead of " << argv[2] << '\n';
     return 1;

@@ -32,14 +32,24 @@ private:
     CRunContext& m_ctx;
 };
 
+// What one file's transfer works with.
+struct Transfer {
+    CRunContext& ctx;
+    const SourceFolder& source;
+    TargetFolder& dest;
+    const FindData& item;
+    SourceFile* opened;
+    CopyOptions options;
+};
+
 // The file at the destination; Missing as a value, any other error as an error.
-Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder& dest,
-                                                 const std::string& name)
+Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
 {
-    if (!dest.Handle()) {
+    const Folder* folder = transfer.dest.Handle();
+    if (!folder) {
         return std::optional<FindData>();  // the copy fails for want of a folder
     }
-    auto found = ctx.m_pFiles->Probe(*dest.Handle(), name);
+    auto found = transfer.ctx.m_pFiles->Probe(*folder, transfer.item.name);
     if (found) {
         return std::optional<FindData>(std::move(*found));
     }
@@ -51,36 +61,21 @@ Result<std::optional<FindData>> ProbeDestination(CRunContext& ctx, TargetFolder&
 
 // The same, after making sure that the folder stands. What holds the file stands; only a folder
 // that does not hold it is looked after, and looked into again if it is another one then.
-Result<std::optional<FindData>> FindDestination(CRunContext& ctx, const SourceFolder& source,
-                                                TargetFolder& dest, const std::string& name)
+Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
 {
+    TargetFolder& dest = transfer.dest;
     std::optional<FolderIdentity> asked;
-    auto existing = ProbeDestination(ctx, dest, name);
+    auto existing = ProbeDestination(transfer);
     if (dest.Handle()) {
         asked = dest.Handle()->Identity();
         if (existing && *existing) {
             return existing;
         }
     }
-    EnsureFolder(ctx, source.path, dest, dest.Path(), &source.handle);
+    EnsureFolder(transfer.ctx, transfer.source.path, dest, dest.Path(), &transfer.source.handle);
     const bool same = asked && dest.Handle() && dest.Handle()->Identity() == *asked;
-    return same ? existing : ProbeDestination(ctx, dest, name);
+    return same ? existing : ProbeDestination(transfer);
 }
-
-// What one file's transfer works with.
-struct Transfer {
-    CRunContext& ctx;
-    const SourceFolder& source;
-    TargetFolder& dest;
-    const FindData& item;
-    SourceFile* opened;
-    CopyOptions options;
-
-    [[nodiscard]] bool Copy() const
-    {
-        return CopyOneFile(ctx, source, dest, item, opened, options);
-    }
-};
 
 // The copy itself. A failure is left to be reported.
 Status TryCopy(const Transfer& transfer)
@@ -109,11 +104,21 @@ Status TryCopy(const Transfer& transfer)
     return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
 }
 
-void CopyPlainly(Transfer transfer, bool destinationExists)
+// False if the copy failed; the failure has been reported.
+bool Copy(const Transfer& transfer)
+{
+    const Status copied = TryCopy(transfer);
+    if (!copied) {
+        ReportFileError(transfer.ctx, copied.GetError());
+    }
+    return copied.Ok();
+}
+
+void CopyPlainly(Transfer& transfer, bool destinationExists)
 {
     ShowAction(transfer.ctx, "Copying File.");
     transfer.options.expectMissing = !destinationExists;
-    if (transfer.Copy()) {
+    if (Copy(transfer)) {
         Raise(transfer.ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
     }
 }
@@ -144,12 +149,12 @@ bool CopyIntoNewFolder(Transfer transfer)
 void CopyNewer(const Transfer& transfer)
 {
     ShowAction(transfer.ctx, "Sync File.");
-    if (transfer.Copy()) {
+    if (Copy(transfer)) {
         Raise(transfer.ctx, &CRunContext::m_nSyncCount, RunCounter::Sync);
     }
 }
 
-void CopyWithBackup(Transfer transfer)
+void CopyWithBackup(Transfer& transfer)
 {
     CRunContext& ctx = transfer.ctx;
     const std::string& name = transfer.item.name;
@@ -161,12 +166,36 @@ void CopyWithBackup(Transfer transfer)
     if (rotation == Rotation::Linked) {
         transfer.options.replaceReadOnly = true;
     }
-    if (transfer.Copy()) {
+    if (Copy(transfer)) {
         Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
     } else if (rotation == Rotation::Linked) {
         // The older version stands under its number alone, so that the next run copies the file
         // afresh. Should this fail, the next run merely numbers the same version once more.
         (void)ctx.m_pFiles->DeleteFile(*transfer.dest.Handle(), name);
+    }
+}
+
+// By what stands at the destination: none if the file is missing there.
+void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
+                    std::uint32_t dwFlags)
+{
+    CRunContext& ctx = transfer.ctx;
+    std::optional<std::int64_t> tDest;
+    if (existing) {
+        tDest = existing->modified;
+    }
+    switch (DecideTransfer(dwFlags, transfer.item.modified, tDest)) {
+        case TransferAction::Copy:
+            return CopyPlainly(transfer, existing.has_value());
+        case TransferAction::Sync:
+            return CopyNewer(transfer);
+        case TransferAction::LeaveSync:
+            ShowAction(ctx, "Didn't Sync File.");
+            return Raise(ctx, &CRunContext::m_nDidntSyncCount, RunCounter::DidntSync);
+        case TransferAction::Backup:
+            return CopyWithBackup(transfer);
+        case TransferAction::LeaveBackup:
+            return ShowAction(ctx, "Didn't backup file. No change detected.");
     }
 }
 
@@ -182,7 +211,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     }
     // Only an open folder can tell whether the file is there. One that merely could not be opened a
     // moment ago must not pass for one without the file.
-    const auto existing = FindDestination(ctx, source, dest, item.name);
+    const auto existing = FindDestination(transfer);
     if (g_bStopRun) {
         return;
     }
@@ -191,34 +220,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
         ReportFileError(ctx, existing.GetError());
         return;
     }
-
-    std::optional<std::int64_t> tDest;
-    if (*existing) {
-        tDest = (*existing)->modified;
-    }
-    switch (DecideTransfer(dwFlags, item.modified, tDest)) {
-        case TransferAction::Copy:
-            return CopyPlainly(transfer, tDest.has_value());
-        case TransferAction::Sync:
-            return CopyNewer(transfer);
-        case TransferAction::LeaveSync:
-            ShowAction(ctx, "Didn't Sync File.");
-            return Raise(ctx, &CRunContext::m_nDidntSyncCount, RunCounter::DidntSync);
-        case TransferAction::Backup:
-            return CopyWithBackup(transfer);
-        case TransferAction::LeaveBackup:
-            return ShowAction(ctx, "Didn't backup file. No change detected.");
-    }
-}
-
-bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
-                 const FindData& item, SourceFile* opened, CopyOptions options)
-{
-    const Status copied = TryCopy({ctx, source, dest, item, opened, options});
-    if (!copied) {
-        ReportFileError(ctx, copied.GetError());
-    }
-    return copied.Ok();
+    TransferBeside(transfer, *existing, dwFlags);
 }
 
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name)

@@ -25,9 +25,6 @@ struct SourceFolder {
 // hand if it was opened already, else null.
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   const FindData& item, SourceFile* opened, std::uint32_t dwFlags);
-// False if the copy failed; the failure has been reported.
-[[nodiscard]] bool CopyOneFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
-                               const FindData& item, SourceFile* opened, CopyOptions options);
 
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name);
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "engine/failure_policy.h"
-#include "engine/run_flags.h"
+#include "engine/folder_items.h"
 #include "engine/run_report.h"
 #include "platform/path_text.h"
 
@@ -24,7 +24,7 @@ void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
             return ReportFileError(ctx, known.GetError());
         }
     }
-    if (!MatchAttributes(item.attributes, rules.dwFlags, rules.nMask) ||
+    if (!rules.PassesFilter(item.attributes) ||
         !MatchFileType(rules.list, item.name, rules.nKind, rules.dwFlags)) {
         return;
     }
@@ -46,7 +46,7 @@ void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::strin
                         FindData& item, const WalkRules& rules)
 {
     ClearReadOnly(*ctx.m_pFiles, folder, item);
-    const std::string subfolder = path + item.name + SeparatorOf(path);
+    const std::string subfolder = SubfolderPath(path, item.name);
     const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);
     // The home folder may be mounted a second time inside the tree.
     if (opened && !ctx.m_pFiles->IsProtected(**opened)) {
@@ -122,23 +122,20 @@ void DeleteWholeVolume(CRunContext& ctx, const std::string& path, const WalkRule
 void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string& path,
                       const WalkRules& rules)
 {
-    auto listing = ctx.m_pFiles->List(folder);
-    if (!listing) {
-        return;
+    auto items = FolderItems::List(*ctx.m_pFiles, folder);
+    if (!items) {
+        return;  // its removal fails and is reported
     }
     FindData item;
     for (;;) {
-        const auto more = (*listing)->Next(item);
+        const auto more = items->Next(item);
         if (!more) {
             return ReportFileError(ctx, more.GetError());
         }
-        if (!*more || g_bStopRun) {
+        if (!*more) {
             return;
         }
         FlushLogIfDue(ctx);
-        if (item.kind == ItemKind::Unknown) {
-            (void)ctx.m_pFiles->ReadDetails(folder, item);
-        }
         if (item.kind == ItemKind::Folder) {
             DeleteListedFolder(ctx, folder, path, item, rules);
         } else {

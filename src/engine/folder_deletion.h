@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Taking a whole folder away, with all that it holds. Works on open folders only, so that it cannot
-// leave its tree even if a folder in it is swapped for a link meanwhile. Worker thread only.
+// Deletes a folder recursively. Works on open folders only, so that it cannot leave its tree even
+// if a folder in it is swapped for a link meanwhile. Worker thread only.
 
 #pragma once
 

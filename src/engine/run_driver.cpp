@@ -3,169 +3,79 @@
 
 #include "engine/run_driver.h"
 
-#include <memory>
+#include <algorithm>
 #include <string>
 
+#include "engine/entry_plan.h"
 #include "engine/external_file.h"
 #include "engine/failure_policy.h"
 #include "engine/file_operations.h"
 #include "engine/folder_deletion.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
+#include "engine/step_target.h"
 #include "engine/tree_walk.h"
-#include "platform/path_text.h"
 
 namespace quorbit {
 namespace {
 
 constexpr const char* kUnknownTotal = "Unknown";
 
-bool IsFolderList(const CDirCopy& entry)
+// False when the count was given up.
+bool CountStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, const PlanStep& step)
 {
-    return !entry.m_listFolderTypes.empty() || (entry.m_dwFlags & DCF_FOLDER_ITEMS) != 0;
-}
-
-bool IsScript(const CDirCopy& entry)
-{
-    return (entry.m_dwFlags & (DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) != 0;
-}
-
-WalkRules RulesFor(const CDirCopy& entry, const std::vector<std::string>& list)
-{
-    return {list, entry.m_dwFlags, entry.m_dwFlags & DCF_ATTR_MASK, EffectiveKind(entry), {}};
-}
-
-// The folder that an item of a folder list names, and what it is called at the destination.
-struct ListedFolder {
-    std::string source;  // with a closing separator
-    std::string name;
-};
-
-ListedFolder ResolveListItem(const CDirCopy& entry, const std::string& item)
-{
-    if (entry.m_strSource == kMyComputer) {
-        return {WithSeparator(item), VolumeName(item)};
+    if (!step.oneUnit) {
+        StepTarget target(*ctx.m_pFiles, dest, step);
+        return CountFolder(ctx, step.source, target, rules);
     }
-    // Without a source the item alone would be a folder of the current one, and without an item the
-    // source itself would go.
-    if (entry.m_strSource.empty() || item.empty()) {
-        return {"", item};
+    // Folders to be deleted are counted to the end.
+    if (step.kind != StepKind::DeleteFolder && CountGivenUp(ctx)) {
+        return false;
     }
-    return {WithSeparator(WithSeparator(entry.m_strSource) + item), item};
-}
-
-// Where a listed folder goes. Below an open destination by its name, unless it is more than a name.
-std::unique_ptr<TargetFolder> ListedTarget(FileSystem& files, TargetFolder& dest,
-                                           const std::string& name)
-{
-    const bool plain = !name.empty() && name.find(SeparatorOf(dest.Path())) == std::string::npos;
-    if (plain || dest.Path().empty()) {
-        return std::make_unique<TargetFolder>(dest, name);
-    }
-    return std::make_unique<TargetFolder>(files, dest.Path() + name);
-}
-
-// The destination, if it is to be kept out of the walk of its own source.
-bool HasDestination(const CDirCopy& entry)
-{
-    return (entry.m_dwFlags & DCF_DELETE) == 0 && !IsScript(entry) && !entry.m_strDest.empty();
-}
-
-bool CountFolderList(CRunContext& ctx, const CDirCopy& entry)
-{
-    WalkRules rules = RulesFor(entry, entry.m_listFolderTypes);
-    TargetFolder dest(*ctx.m_pFiles, entry.m_strDest);
-    for (const std::string& item : entry.m_listItems) {
-        const ListedFolder folder = ResolveListItem(entry, item);
-        if (rules.Has(DCF_DELETE_FOLDER)) {
-            AddUnit(ctx);
-            continue;
-        }
-        const auto itemDest = ListedTarget(*ctx.m_pFiles, dest, folder.name);
-        if (HasDestination(entry)) {
-            rules.avoid = {&dest, itemDest.get()};
-        }
-        if (!CountFolder(ctx, folder.source, rules)) {
-            return false;
-        }
-    }
+    AddUnit(ctx);
     return true;
 }
 
-bool CountSingleFolder(CRunContext& ctx, const CDirCopy& entry)
-{
-    WalkRules rules = RulesFor(entry, entry.m_listItems);
-    TargetFolder dest(*ctx.m_pFiles, entry.m_strDest);
-    if (HasDestination(entry)) {
-        rules.avoid = {&dest};
-    }
-    return CountFolder(ctx, WithSeparator(entry.m_strSource), rules);
-}
-
-// False when the count was given up.
 bool CountEntry(CRunContext& ctx, const CDirCopy& entry)
 {
-    if (entry.m_nKind == DCK_TYPES && (entry.m_dwFlags & DCF_DELETE_FOLDER) != 0) {
+    const EntryPlan plan = PlanOf(entry);
+    if (plan.oneUnit) {
         AddUnit(ctx);
         return true;
     }
-    return IsFolderList(entry) ? CountFolderList(ctx, entry) : CountSingleFolder(ctx, entry);
+    TargetFolder dest(*ctx.m_pFiles, plan.destination);
+    return std::ranges::all_of(
+        plan.steps, [&](const PlanStep& step) { return CountStep(ctx, plan.rules, dest, step); });
 }
 
-bool ProcessFolderList(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
+// False if a stop was asked for before a walk began.
+bool ProcessStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, const PlanStep& step,
+                 ReadAheadPolicy& readAhead)
 {
-    WalkRules rules = RulesFor(entry, entry.m_listFolderTypes);
-    TargetFolder dest(*ctx.m_pFiles, entry.m_strDest);
-    for (const std::string& item : entry.m_listItems) {
-        const ListedFolder folder = ResolveListItem(entry, item);
-        if (rules.Has(DCF_DELETE_FOLDER)) {
-            DeleteWholeFolder(ctx, folder.source, rules);
-            continue;
-        }
-        const auto itemDest = ListedTarget(*ctx.m_pFiles, dest, folder.name);
-        if (!rules.Has(DCF_DELETE)) {
-            const auto like = ctx.m_pFiles->OpenFolder(folder.source);
-            EnsureFolder(ctx, folder.source, *itemDest, itemDest->Path(),
-                         like ? like->get() : nullptr);
-            rules.avoid = {&dest, itemDest.get()};
-        }
-        if (!ProcessFolder(ctx, folder.source, *itemDest, rules, readAhead)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool ProcessSingleFolder(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
-{
-    const std::string source = WithSeparator(entry.m_strSource);
-    WalkRules rules = RulesFor(entry, entry.m_listItems);
-    if (rules.nKind == DCK_TYPES && rules.Has(DCF_DELETE_FOLDER)) {
-        DeleteWholeFolder(ctx, source, rules);
+    if (step.kind == StepKind::RunScript) {
+        RunExternalFile(ctx, step.source, rules.dwFlags);
         return true;
     }
-    TargetFolder dest(*ctx.m_pFiles, entry.m_strDest);
-    if (!rules.Has(DCF_DELETE)) {
-        rules.avoid = {&dest};
-        // An entry of names gets its folder when its first file arrives.
-        if (rules.nKind == DCK_TYPES) {
-            const auto like = ctx.m_pFiles->OpenFolder(source);
-            EnsureFolder(ctx, source, dest, dest.Path(), like ? like->get() : nullptr);
-        }
+    if (step.kind == StepKind::DeleteFolder) {
+        DeleteWholeFolder(ctx, step.source, rules);
+        return true;
     }
-    return ProcessFolder(ctx, source, dest, rules, readAhead);
+    StepTarget target(*ctx.m_pFiles, dest, step);
+    if (step.makesTarget) {
+        TargetFolder& folder = target.Folder();
+        const auto like = ctx.m_pFiles->OpenFolder(step.source);
+        EnsureFolder(ctx, step.source, folder, folder.Path(), like ? like->get() : nullptr);
+    }
+    return ProcessFolder(ctx, step.source, target, rules, readAhead);
 }
 
 bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
 {
-    if (IsFolderList(entry)) {
-        return ProcessFolderList(ctx, entry, readAhead);
-    }
-    if (IsScript(entry)) {
-        RunExternalFile(ctx, entry.m_strSource, entry.m_dwFlags);
-        return true;
-    }
-    return ProcessSingleFolder(ctx, entry, readAhead);
+    const EntryPlan plan = PlanOf(entry);
+    TargetFolder dest(*ctx.m_pFiles, plan.destination);
+    return std::ranges::all_of(plan.steps, [&](const PlanStep& step) {
+        return ProcessStep(ctx, plan.rules, dest, step, readAhead);
+    });
 }
 
 // Both passes. False only if the process pass was cut short.

@@ -5,8 +5,6 @@
 
 #include <utility>
 
-#include "engine/run_flags.h"
-
 namespace quorbit {
 namespace {
 
@@ -14,7 +12,7 @@ constexpr std::size_t kWindow = 128;  // names held while files are fetched
 
 }  // namespace
 
-SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, Listing& listing,
+SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, FolderItems& listing,
                          const WalkRules& rules, ReadAheadPolicy& policy)
     : m_files(files),
       m_folder(folder),
@@ -68,29 +66,12 @@ void SourceQueue::Fill(std::size_t window)
 bool SourceQueue::ReadOne(FindData& data)
 {
     while (m_end && *m_end) {
-        if (g_bStopRun) {  // also while it passes over what is not selected
-            m_end = false;
-            break;
-        }
         m_end = m_listing.Next(data);
-        if (m_end && *m_end && Wanted(data)) {
+        if (m_end && *m_end && m_rules.Takes(data)) {
             return true;
         }
     }
     return false;
-}
-
-bool SourceQueue::Wanted(FindData& data) const
-{
-    // Only a kind that cannot be told stays unknown; the item is then reported as a file that
-    // failed.
-    if (data.kind == ItemKind::Unknown) {
-        (void)m_files.ReadDetails(m_folder, data);
-    }
-    if (data.kind == ItemKind::Folder) {
-        return m_rules.Has(DCF_SUBFOLDERS);
-    }
-    return !data.leftover && m_rules.SelectsName(data.name);
 }
 
 // A file that will surely be copied is opened at once: that reads its details as well.

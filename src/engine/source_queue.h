@@ -13,6 +13,7 @@
 #include <deque>
 #include <memory>
 
+#include "engine/folder_items.h"
 #include "engine/read_ahead_policy.h"
 #include "engine/walk_rules.h"
 #include "platform/file_system.h"
@@ -28,24 +29,23 @@ struct QueuedItem {
 class SourceQueue {
 public:
     // All of them must outlive the queue.
-    SourceQueue(FileSystem& files, const Folder& folder, Listing& listing, const WalkRules& rules,
-                ReadAheadPolicy& policy);
+    SourceQueue(FileSystem& files, const Folder& folder, FolderItems& listing,
+                const WalkRules& rules, ReadAheadPolicy& policy);
     SourceQueue(const SourceQueue&) = delete;
     SourceQueue& operator=(const SourceQueue&) = delete;
 
-    // The next item; false at the end. An error is the listing's.
+    // The next item; false at the end, and once a stop was asked for. An error is the listing's.
     Result<bool> Next(QueuedItem& item);
 
 private:
     void Fill(std::size_t window);
     bool ReadOne(FindData& data);
     [[nodiscard]] std::size_t Window();
-    [[nodiscard]] bool Wanted(FindData& data) const;
     void Prepare(QueuedItem& item);
 
     FileSystem& m_files;
     const Folder& m_folder;
-    Listing& m_listing;
+    FolderItems& m_listing;
     const WalkRules& m_rules;
     ReadAheadPolicy& m_policy;
     bool m_bSurelyCopied;  // no later test can turn a file away

@@ -73,7 +73,7 @@ void TargetFolder::Open()
 
 bool TargetFolder::Is(const FolderIdentity& folder)
 {
-    if (!m_handle) {
+    if (!m_handle && !m_strPath.empty()) {
         Open();
     }
     return m_handle && m_handle->Identity() == folder;

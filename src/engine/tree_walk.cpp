@@ -8,55 +8,51 @@
 
 #include "engine/failure_policy.h"
 #include "engine/file_operations.h"
+#include "engine/folder_items.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
 #include "engine/source_queue.h"
-#include "platform/path_text.h"
 
 namespace quorbit {
 namespace {
 
-std::string Subfolder(const std::string& folder, const std::string& name)
-{
-    return folder + name + SeparatorOf(folder);
-}
-
-bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules);
+bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules,
+                  StepTarget& target);
 
 bool CountSubfolder(CRunContext& ctx, const Folder& folder, const std::string& name,
-                    const WalkRules& rules)
+                    const WalkRules& rules, StepTarget& target)
 {
     const auto subfolder = ctx.m_pFiles->OpenSubfolder(folder, name);
-    if (!subfolder || rules.Avoids(**subfolder)) {
+    if (!subfolder || target.IsAt((*subfolder)->Identity())) {
         return true;
     }
-    return CountListing(ctx, **subfolder, rules);
+    return CountListing(ctx, **subfolder, rules, target);
 }
 
-bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules)
+// A folder that cannot be listed, or not to its end, is reported by the process pass.
+bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules,
+                  StepTarget& target)
 {
-    auto listing = ctx.m_pFiles->List(folder);
-    if (!listing) {
+    auto items = FolderItems::List(*ctx.m_pFiles, folder);
+    if (!items) {
         return true;
     }
     FindData item;
     for (;;) {
-        const auto more = (*listing)->Next(item);
-        if (!more || !*more || g_bStopRun) {
+        const auto more = items->Next(item);
+        if (!more || !*more) {
             return true;
         }
         if (CountGivenUp(ctx)) {
             return false;
         }
-        if (item.kind == ItemKind::Unknown) {
-            (void)ctx.m_pFiles->ReadDetails(folder, item);
+        if (!rules.Takes(item)) {
+            continue;
         }
-        if (item.kind == ItemKind::Folder) {
-            if (rules.Has(DCF_SUBFOLDERS) && !CountSubfolder(ctx, folder, item.name, rules)) {
-                return false;
-            }
-        } else if (!item.leftover && rules.SelectsName(item.name)) {
+        if (item.kind != ItemKind::Folder) {
             AddUnit(ctx);
+        } else if (!CountSubfolder(ctx, folder, item.name, rules, target)) {
+            return false;
         }
     }
 }
@@ -64,8 +60,9 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
 // The pass over one source folder and what lies below it.
 class ProcessWalk {
 public:
-    ProcessWalk(CRunContext& ctx, const WalkRules& rules, ReadAheadPolicy& readAhead)
-        : m_ctx(ctx), m_rules(rules), m_readAhead(readAhead)
+    ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target,
+                ReadAheadPolicy& readAhead)
+        : m_ctx(ctx), m_rules(rules), m_target(target), m_readAhead(readAhead)
     {
     }
 
@@ -78,10 +75,10 @@ private:
     bool ProcessItem(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
     bool ProcessFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
     bool ActOnFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
-    bool Deletes() const { return m_rules.Has(DCF_DELETE); }
 
     CRunContext& m_ctx;
     const WalkRules& m_rules;
+    StepTarget& m_target;
     ReadAheadPolicy& m_readAhead;
     std::string m_path;      // of the file that is worked on
     std::string m_destPath;  // where it goes
@@ -98,13 +95,13 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
         return true;
     }
     const SourceFolder folder{source, **opened};
-    auto listing = m_ctx.m_pFiles->List(folder.handle);
-    if (!listing) {
+    auto items = FolderItems::List(*m_ctx.m_pFiles, folder.handle);
+    if (!items) {
         ReportInvalidSource(m_ctx, source);
         return true;
     }
     FlushLogIfDue(m_ctx);
-    SourceQueue queue(*m_ctx.m_pFiles, folder.handle, **listing, m_rules, m_readAhead);
+    SourceQueue queue(*m_ctx.m_pFiles, folder.handle, *items, m_rules, m_readAhead);
     QueuedItem item;
     for (;;) {
         const auto more = queue.Next(item);
@@ -132,11 +129,11 @@ bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string
                                    TargetFolder& dest)
 {
     const auto opened = m_ctx.m_pFiles->OpenSubfolder(source.handle, name);
-    if (opened && !Deletes() && m_rules.Avoids(**opened)) {
+    if (opened && m_target.IsAt((*opened)->Identity())) {
         return true;
     }
-    const std::string path = Subfolder(source.path, name);
-    if (Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
+    const std::string path = SubfolderPath(source.path, name);
+    if (m_rules.Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
         return Process(path, opened, dest);
     }
     TargetFolder subfolder(dest, name);
@@ -149,7 +146,7 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
     m_path.assign(source.path).append(item.data.name);
     ShowCurrentFile(m_ctx, m_path, false, true);
     ShowFileSize(m_ctx, item.data.size, false, true);
-    if (!Deletes()) {
+    if (!m_rules.Deletes()) {
         m_destPath.assign(dest.Path()).append(item.data.name);
         ShowDestFile(m_ctx, m_destPath, false, true);
     }
@@ -159,7 +156,7 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
     }
     TakeOffUnit(m_ctx);
     ShowCurrentFile(m_ctx, m_path, true, false);
-    if (!Deletes()) {
+    if (!m_rules.Deletes()) {
         ShowDestFile(m_ctx, m_destPath, true, false);
     }
     ShowFileSize(m_ctx, item.data.size, true, false);
@@ -175,18 +172,18 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
     }
     if (!known) {
         // It vanished after it was listed, or it cannot be examined.
-        ShowAction(m_ctx, Deletes() ? "Delete File." : "Copying File.");
+        ShowAction(m_ctx, m_rules.Deletes() ? "Delete File." : "Copying File.");
         ReportFileError(m_ctx, known.GetError());
         return true;
     }
-    if (!MatchAttributes(item.data.attributes, m_rules.dwFlags, m_rules.nMask)) {
+    if (!m_rules.PassesFilter(item.data.attributes)) {
         ShowAction(m_ctx, "Didn't process file because file attributes didn't match.");
         return true;
     }
     if (g_bStopRun) {
         return false;
     }
-    if (Deletes()) {
+    if (m_rules.Deletes()) {
         DeleteOneFile(m_ctx, source, item.data.name);
     } else {
         TransferFile(m_ctx, source, dest, item.data, item.source.get(), m_rules.dwFlags);
@@ -197,24 +194,18 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
 
 }  // namespace
 
-bool CountFolder(CRunContext& ctx, const std::string& folder, const WalkRules& rules)
+bool CountFolder(CRunContext& ctx, const std::string& folder, StepTarget& target,
+                 const WalkRules& rules)
 {
-    if (rules.Has(DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) {
-        if (CountGivenUp(ctx)) {
-            return false;
-        }
-        AddUnit(ctx);
-        return true;
-    }
     const auto opened = ctx.m_pFiles->OpenFolder(folder);
-    return !opened || CountListing(ctx, **opened, rules);
+    return !opened || CountListing(ctx, **opened, rules, target);
 }
 
-bool ProcessFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
+bool ProcessFolder(CRunContext& ctx, const std::string& source, StepTarget& target,
                    const WalkRules& rules, ReadAheadPolicy& readAhead)
 {
-    return ProcessWalk(ctx, rules, readAhead)
-        .Process(source, ctx.m_pFiles->OpenFolder(source), dest);
+    return ProcessWalk(ctx, rules, target, readAhead)
+        .Process(source, ctx.m_pFiles->OpenFolder(source), target.Folder());
 }
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a walk is told about the entry that it works for.
+// The selection and traversal rules of one entry, as plain values.
 
 #pragma once
 
@@ -11,39 +11,34 @@
 
 #include "batch/dir_copy.h"
 #include "engine/selection.h"
-#include "engine/target_folder.h"
 #include "platform/find_data.h"
 
 namespace quorbit {
 
 struct WalkRules {
-    const std::vector<std::string>& list;  // masks or names
-    std::uint32_t dwFlags = 0;             // the entry's flag word
-    std::uint32_t nMask = 0;               // its attribute mask
-    std::uint32_t nKind = DCK_TYPES;       // the effective kind
-    std::vector<TargetFolder*>
-        avoid;  // destinations: where they lie inside the source they are not walked into
+    std::vector<std::string> list;    // masks or names
+    std::uint32_t dwFlags = 0;        // the entry's flag word
+    std::uint32_t nMask = 0;          // its attribute mask
+    std::uint32_t nKind = DCK_TYPES;  // what the list holds: DCK_
 
     [[nodiscard]] bool Has(std::uint32_t flag) const { return (dwFlags & flag) != 0; }
-    [[nodiscard]] bool SelectsName(const std::string& name) const
+    // Selected files are deleted; else they are transferred.
+    [[nodiscard]] bool Deletes() const { return Has(DCF_DELETE); }
+    // Whether a walk looks at a listed item: a folder that it goes down into, or a file that the
+    // list selects. What is of no known kind counts as a file, and fails as one.
+    [[nodiscard]] bool Takes(const FindData& item) const
     {
-        return Has(DCF_ALL_TYPES) || MatchFileType(list, name, nKind, dwFlags);
-    }
-    [[nodiscard]] bool Avoids(const Folder& folder) const
-    {
-        for (TargetFolder* target : avoid) {
-            if (target->Is(folder.Identity())) {
-                return true;
-            }
+        if (item.kind == ItemKind::Folder) {
+            return Has(DCF_SUBFOLDERS);
         }
-        return false;
+        return !item.leftover &&
+               (Has(DCF_ALL_TYPES) || MatchFileType(list, item.name, nKind, dwFlags));
+    }
+    // Whether the attribute filter lets a file through. It needs no attributes under DCF_NO_ATTRS.
+    [[nodiscard]] bool PassesFilter(std::uint32_t attributes) const
+    {
+        return MatchAttributes(attributes, dwFlags, nMask);
     }
 };
-
-// The kind of an entry for matching: masks as soon as it has folder types.
-[[nodiscard]] inline std::uint32_t EffectiveKind(const CDirCopy& entry)
-{
-    return entry.m_listFolderTypes.empty() ? entry.m_nKind : static_cast<std::uint32_t>(DCK_TYPES);
-}
 
 }  // namespace quorbit

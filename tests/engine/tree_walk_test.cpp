@@ -324,10 +324,9 @@ TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
 
     ReadAheadPolicy policy;
     policy.Learn(false, 0);
-    auto listing = files.List(**folder);
-    const std::vector<std::string> list;
-    const WalkRules rules{list, kAll, 0, DCK_TYPES, {}};
-    SourceQueue queue(files, **folder, **listing, rules, policy);
+    auto items = FolderItems::List(files, **folder);
+    const WalkRules rules{.list = {}, .dwFlags = kAll};
+    SourceQueue queue(files, **folder, *items, rules, policy);
     QueuedItem item;
     for (const std::string& name : listed) {
         ASSERT_TRUE(*queue.Next(item));
