@@ -17,12 +17,14 @@ BEGIN {
     may["panes"] = below " panes"
     may["dialogs"] = below " panes dialogs"
     may["look"] = below " look"
-    may["app"] = below " engine/dialog panes dialogs look app"
+    may["app"] = "platform batch engine app"
+    may["app/window"] = below " engine/dialog panes dialogs look app app/window"
 
     windowless["platform"]
     windowless["platform/shell"]
     windowless["batch"]
     windowless["engine"]
+    windowless["app"]
 
     count = split(widget_headers, names, " ")
     for (i = 1; i <= count; ++i) is_widget[names[i]]

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "app/qrb_app.h"
 #include "app/window/fake_prompts.h"
+#include "app/window/qrb_app.h"
 #include "support/scoped_variable.h"
 #include "support/temp_folder.h"
 #include "support/tree.h"

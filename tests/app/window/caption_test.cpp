@@ -10,9 +10,9 @@
 #include <QToolButton>
 #include <set>
 
-#include "app/caption_bar.h"
-#include "app/caption_paint.h"
-#include "app/frameless_frame.h"
+#include "app/window/caption_bar.h"
+#include "app/window/caption_paint.h"
+#include "app/window/frameless_frame.h"
 
 namespace quorbit {
 namespace {

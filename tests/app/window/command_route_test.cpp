@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/command_route.h"
+#include "app/window/command_route.h"
 
 #include <gtest/gtest.h>
 

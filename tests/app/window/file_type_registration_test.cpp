@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/file_type_registration.h"
+#include "app/window/file_type_registration.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/main_frame.h"
+#include "app/window/main_frame.h"
 
 #include <QApplication>
 #include <QDropEvent>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/qrb_app.h"
+#include "app/window/qrb_app.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "app/about_dialog.h"
+#include "app/window/about_dialog.h"
 #include "app/window/app_test.h"
 #include "engine/run_context.h"
 

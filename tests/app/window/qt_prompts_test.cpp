@@ -3,7 +3,7 @@
 
 // The real boxes, driven as a person would.
 
-#include "app/qt_prompts.h"
+#include "app/window/qt_prompts.h"
 
 #include <gtest/gtest.h>
 

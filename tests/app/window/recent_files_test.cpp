@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/recent_files.h"
+#include "app/window/recent_files.h"
 
 #include <gtest/gtest.h>
 

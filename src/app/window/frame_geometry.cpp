@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/frame_geometry.h"
+#include "app/window/frame_geometry.h"
 
 #include <algorithm>
 

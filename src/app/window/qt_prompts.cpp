@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/qt_prompts.h"
+#include "app/window/qt_prompts.h"
 
 #include <QApplication>
 #include <QFile>

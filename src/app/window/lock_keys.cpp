@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/lock_keys.h"
+#include "app/window/lock_keys.h"
 
 #include <QGuiApplication>
 #include <QLibrary>

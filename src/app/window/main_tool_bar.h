@@ -7,7 +7,7 @@
 
 #include <span>
 
-#include "app/command_actions.h"
+#include "app/window/command_actions.h"
 #include "look/flat_tool_bar.h"
 
 namespace quorbit {

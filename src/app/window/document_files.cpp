@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/document_files.h"
+#include "app/window/document_files.h"
 
 #include <utility>
 
-#include "app/identity.h"
+#include "app/window/identity.h"
 #include "platform/path_text.h"
 
 namespace quorbit {

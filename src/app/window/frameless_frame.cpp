@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/frameless_frame.h"
+#include "app/window/frameless_frame.h"
 
 #include <QGuiApplication>
 #include <QMainWindow>
@@ -10,7 +10,7 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "app/caption_bar.h"
+#include "app/window/caption_bar.h"
 
 namespace quorbit {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/pane_area.h"
+#include "app/window/pane_area.h"
 
 #include <QApplication>
 #include <algorithm>

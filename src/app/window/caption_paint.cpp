@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/caption_paint.h"
+#include "app/window/caption_paint.h"
 
 #include <QColor>
 #include <algorithm>

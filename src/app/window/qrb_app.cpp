@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/qrb_app.h"
+#include "app/window/qrb_app.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/about_dialog.h"
-#include "app/identity.h"
+#include "app/window/about_dialog.h"
+#include "app/window/identity.h"
 #include "batch/help_topic.h"
 #include "batch/help_topics.h"
 #include "batch/reg_key.h"

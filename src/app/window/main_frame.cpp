@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/main_frame.h"
+#include "app/window/main_frame.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -14,12 +14,12 @@
 #include <QUrl>
 #include <utility>
 
-#include "app/frame_geometry.h"
-#include "app/identity.h"
-#include "app/lock_indicators.h"
-#include "app/main_tool_bar.h"
-#include "app/pane_area.h"
-#include "app/qrb_app.h"
+#include "app/window/frame_geometry.h"
+#include "app/window/identity.h"
+#include "app/window/lock_indicators.h"
+#include "app/window/main_tool_bar.h"
+#include "app/window/pane_area.h"
+#include "app/window/qrb_app.h"
 #include "look/pictures.h"
 #include "platform/path_text.h"
 

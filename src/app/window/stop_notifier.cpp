@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/stop_notifier.h"
+#include "app/window/stop_notifier.h"
 
 #include <unistd.h>
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/file_type_registration.h"
+#include "app/window/file_type_registration.h"
 
 #include <cstdint>
 #include <cstdio>
 #include <string_view>
 
-#include "app/identity.h"
+#include "app/window/identity.h"
 #include "batch/reg_key.h"
 #include "platform/path_text.h"
 #include "platform/staged_file.h"

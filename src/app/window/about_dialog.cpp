@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/about_dialog.h"
+#include "app/window/about_dialog.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <chrono>
 
-#include "app/identity.h"
+#include "app/window/identity.h"
 #include "batch/machine_values.h"
 #include "look/pictures.h"
 #include "platform/mount_table.h"

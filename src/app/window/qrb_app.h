@@ -14,11 +14,11 @@
 #include <string>
 
 #include "app/command_line.h"
-#include "app/document_files.h"
-#include "app/file_type_registration.h"
-#include "app/main_frame.h"
-#include "app/recent_files.h"
-#include "app/window_run.h"
+#include "app/window/document_files.h"
+#include "app/window/file_type_registration.h"
+#include "app/window/main_frame.h"
+#include "app/window/recent_files.h"
+#include "app/window/window_run.h"
 #include "batch/fatal_handler.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/lock_indicators.h"
+#include "app/window/lock_indicators.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <cstddef>
 
-#include "app/lock_keys.h"
+#include "app/window/lock_keys.h"
 
 namespace quorbit {
 namespace {

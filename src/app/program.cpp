@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where the process begins: what the command line asks for, before anything that may need a
-// display.
+#include "app/program.h"
 
 #include <sys/stat.h>
 
@@ -10,11 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "app/command_line.h"
 #include "app/display.h"
 #include "app/show_batch.h"
 #include "app/unattended_run.h"
-#include "app/window_program.h"
 #include "batch/batch_file.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
@@ -86,11 +83,11 @@ int StartUnattended(const CommandLine& line)
     return RunUnattended(line, machine, Profile(stores.profile));
 }
 
-int Start(const CommandLine& line, const char* programName)
+int Start(const CommandLine& line, const WindowStart& runInWindow)
 {
     const bool unattended = (line.nRunMode & kRunInvisible) != 0;
     if (HasDisplay() && !(unattended && !IsFirstRunAhead(OpenSettingsStores().machine))) {
-        return RunInWindow(line, programName);
+        return runInWindow(line);
     }
     if (unattended) {
         return StartUnattended(line);
@@ -100,7 +97,9 @@ int Start(const CommandLine& line, const char* programName)
     return kExitNoRun;
 }
 
-int Main(const std::vector<std::string>& arguments, const char* programName)
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& arguments, const WindowStart& runInWindow)
 {
     const CommandLine line = ParseCommandLine(arguments, FileExists);
     switch (line.action) {
@@ -120,14 +119,7 @@ int Main(const std::vector<std::string>& arguments, const char* programName)
         case CommandAction::Start:
             break;
     }
-    return Start(line, programName);
+    return Start(line, runInWindow);
 }
 
-}  // namespace
 }  // namespace quorbit
-
-int main(int argc, char** argv)
-{
-    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-    return quorbit::Main(arguments, argc > 0 ? argv[0] : "quorbit");
-}

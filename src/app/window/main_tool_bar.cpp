@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/main_tool_bar.h"
+#include "app/window/main_tool_bar.h"
 
 #include <QMenu>
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/command_actions.h"
+#include "app/window/command_actions.h"
 
 #include <QKeySequence>
 #include <string_view>

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "app/command_actions.h"
-#include "app/command_route.h"
-#include "app/frameless_frame.h"
+#include "app/window/command_actions.h"
+#include "app/window/command_route.h"
+#include "app/window/frameless_frame.h"
 #include "batch/command_target.h"
 #include "look/flat_tool_bar.h"
 #include "look/spawn_frame_wnd.h"

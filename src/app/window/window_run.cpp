@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/window_run.h"
+#include "app/window/window_run.h"
 
 #include <QApplication>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/window_program.h"
+#include "app/window/window_program.h"
 
 #include <QApplication>
 #include <QFile>
@@ -14,10 +14,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/identity.h"
-#include "app/qrb_app.h"
-#include "app/qt_prompts.h"
-#include "app/stop_notifier.h"
+#include "app/window/identity.h"
+#include "app/window/qrb_app.h"
+#include "app/window/qt_prompts.h"
+#include "app/window/stop_notifier.h"
 #include "engine/dialog/desktop_text_editor.h"
 #include "engine/exit_code.h"
 #include "look/desktop_link_opener.h"

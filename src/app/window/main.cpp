@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Where the process begins. The only file that sees both the part of the program without windows
+// and the part with them.
+
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "app/window/window_program.h"
+
+int main(int argc, char** argv)
+{
+    const char* const name = argc > 0 ? argv[0] : "quorbit";
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return quorbit::RunProgram(arguments, [name](const quorbit::CommandLine& line) {
+        return quorbit::RunInWindow(line, name);
+    });
+}
