@@ -17,8 +17,9 @@ BEGIN {
     may["panes"] = below " panes"
     may["dialogs"] = below " panes dialogs"
     may["look"] = below " look"
+    may["help"] = below " look help"
     may["app"] = "platform batch engine app"
-    may["app/window"] = below " engine/dialog panes dialogs look app app/window"
+    may["app/window"] = below " engine/dialog panes dialogs look help app app/window"
 
     windowless["platform"]
     windowless["platform/shell"]

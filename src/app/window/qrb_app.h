@@ -26,7 +26,7 @@
 #include "dialogs/file_dialog.h"
 #include "dialogs/file_type_dialog.h"
 #include "engine/dialog/text_editor.h"
-#include "look/help_desk.h"
+#include "help/help_desk.h"
 #include "look/link_opener.h"
 #include "panes/item_icons.h"
 #include "panes/pane_services.h"

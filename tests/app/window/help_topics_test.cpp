@@ -33,7 +33,7 @@
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/set_attributes_dialog.h"
 #include "engine/dialog/progress_dialog.h"
-#include "look/tip_dialog.h"
+#include "help/tip_dialog.h"
 #include "platform/mount_table.h"
 #include "platform/shell/desktop_folder.h"
 

@@ -11,9 +11,9 @@
 #include <memory>
 #include <string>
 
-#include "look/help_keys.h"
-#include "look/help_pages.h"
-#include "look/help_window.h"
+#include "help/help_keys.h"
+#include "help/help_pages.h"
+#include "help/help_window.h"
 
 namespace quorbit {
 

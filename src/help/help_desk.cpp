@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/help_desk.h"
+#include "help/help_desk.h"
 
 #include <QWhatsThis>
 #include <utility>

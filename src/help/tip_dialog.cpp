@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/tip_dialog.h"
+#include "help/tip_dialog.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/tip_file.h"
+#include "help/tip_file.h"
 
 #include <sys/stat.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/help_keys.h"
+#include "help/help_keys.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -14,7 +14,7 @@
 #include <utility>
 
 #include "batch/help_topic.h"
-#include "look/help_window.h"
+#include "help/help_window.h"
 
 namespace quorbit {
 namespace {

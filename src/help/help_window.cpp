@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/help_window.h"
+#include "help/help_window.h"
 
 #include <QApplication>
 #include <QDesktopServices>

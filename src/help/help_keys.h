@@ -15,7 +15,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "look/help_pages.h"
+#include "help/help_pages.h"
 
 namespace quorbit {
 

@@ -15,7 +15,7 @@
 
 #include "batch/profile.h"
 #include "batch/prompts.h"
-#include "look/tip_file.h"
+#include "help/tip_file.h"
 
 namespace quorbit {
 

@@ -17,7 +17,7 @@
 #include <map>
 
 #include "batch/profile.h"
-#include "look/help_pages.h"
+#include "help/help_pages.h"
 
 namespace quorbit {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/help_pages.h"
+#include "help/help_pages.h"
 
 #include <QFile>
 #include <QFileInfo>
