@@ -37,20 +37,6 @@ TEST_F(CommandLineOfTheProgram, RefusesWhatItDoesNotUnderstand)
     }
 }
 
-TEST_F(CommandLineOfTheProgram, NeedsADisplayForAWindow)
-{
-    SetUpProgram();
-    Write({"from/a.txt=a"});
-    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {}, {"nightly.qrb"}, {"nightly.qrb", "/VS"}, {"nightly.qrb", "/VO"}}) {
-        const ProgramResult result = Run(arguments);
-        EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(arguments);
-        EXPECT_FALSE(result.err.empty()) << testing::PrintToString(arguments);
-    }
-    EXPECT_FALSE(std::filesystem::exists(Path("to")));
-}
-
 TEST_F(CommandLineOfTheProgram, DropsItsSwitchesOnTheFirstStartOnly)
 {
     Write({"from/a.txt=a"});

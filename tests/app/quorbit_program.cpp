@@ -7,16 +7,6 @@
 
 namespace quorbit {
 
-std::string QuorbitProgram::Path(const std::string& relative) const
-{
-    return m_folder.Path() + "/" + relative;
-}
-
-void QuorbitProgram::Write(const TreeLines& items) const
-{
-    WriteTree(m_folder.Path(), items);
-}
-
 void QuorbitProgram::WriteBatch(const std::string& relative,
                                 const std::vector<CDirCopy>& entries) const
 {
@@ -46,7 +36,7 @@ ProgramCall QuorbitProgram::Call(const std::vector<std::string>& arguments) cons
         {"WAYLAND_DISPLAY", ""},
         {"QT_QPA_PLATFORM", ""},
     };
-    call.folder = m_folder.Path();
+    call.folder = Path();
     return call;
 }
 

@@ -13,18 +13,13 @@
 #include <vector>
 
 #include "batch/batch_file.h"
+#include "support/folder_test.h"
 #include "support/program.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
 
 namespace quorbit {
 
-class QuorbitProgram : public testing::Test {
+class QuorbitProgram : public FolderTest {
 protected:
-    // A path inside the folder of the test.
-    [[nodiscard]] std::string Path(const std::string& relative) const;
-    // Makes items in the folder of the test.
-    void Write(const TreeLines& items) const;
     // A batch file in the folder of the test.
     void WriteBatch(const std::string& relative, const std::vector<CDirCopy>& entries) const;
     // An entry that copies the tree "from" to the tree "to", both in the folder of the test.
@@ -37,9 +32,6 @@ protected:
     void SetUpProgram() const;
     // The log of the document of this name (without ".qrb"); "(none)" if there is none.
     [[nodiscard]] std::string Log(const std::string& document) const;
-
-private:
-    TempFolder m_folder;
 };
 
 // The figures of a closing table by the words before " Count: ", wherever in a text it stands.

@@ -5,12 +5,10 @@
 
 #include <signal.h>
 
-#include <chrono>
 #include <filesystem>
-#include <functional>
-#include <thread>
 
 #include "app/quorbit_program.h"
+#include "support/wait.h"
 
 namespace quorbit {
 namespace {
@@ -25,12 +23,6 @@ protected:
         call.environment["QT_QPA_PLATFORM"] = "offscreen";
         return call;
     }
-    static void WaitFor(const std::function<bool()>& done)
-    {
-        for (int tries = 0; tries < 3000 && !done(); ++tries)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        ASSERT_TRUE(done());
-    }
     // The log is whole.
     [[nodiscard]] bool HasEnded(const std::string& document) const
     {
@@ -44,10 +36,10 @@ protected:
     // A signal during a run only asks it to stop; one after it presses OK.
     void SignalUntilClosed(const Program& program, int number) const
     {
-        WaitFor([&] {
+        ASSERT_TRUE(Eventually([&] {
             program.Signal(number);
             return HasClosed();
-        });
+        }));
     }
 };
 
@@ -72,7 +64,7 @@ TEST_F(WindowModes, EndWithOneAfterAnError)
 
     fs::remove(Path("state/quorbit/nightly.log"));
     Program stays(CallInWindow({"nightly.qrb", "/VO"}));
-    WaitFor([this] { return HasEnded("nightly"); });
+    ASSERT_TRUE(Eventually([this] { return HasEnded("nightly"); }));
     SignalUntilClosed(stays, SIGTERM);
     EXPECT_EQ(stays.Wait().exitCode, 1);
 }
@@ -83,9 +75,7 @@ TEST_F(WindowModes, StayOpenUntilSomebodyClosesTheDialog)
     Write({"from/a.txt=a"});
     WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
     Program program(CallInWindow({"/VO", "nightly.qrb"}));
-    WaitFor([this] { return HasEnded("nightly"); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    EXPECT_FALSE(HasClosed());
+    ASSERT_TRUE(Eventually([this] { return HasEnded("nightly"); }));
     SignalUntilClosed(program, SIGINT);
     const ProgramResult result = program.Wait();
     EXPECT_EQ(result.exitCode, 0) << result.endedBySignal;
@@ -100,7 +90,8 @@ TEST_F(WindowModes, CloseTheMainWindowWhenASignalAsks)
         fs::remove(Path("config/quorbit/filetypes.ini"));
         Program program(CallInWindow({}));
         // Registering is among the last steps before the window comes.
-        WaitFor([this] { return fs::exists(Path("config/quorbit/filetypes.ini")); });
+        ASSERT_TRUE(
+            Eventually([this] { return fs::exists(Path("config/quorbit/filetypes.ini")); }));
         program.Signal(number);
         const ProgramResult result = program.Wait();
         EXPECT_EQ(result.exitCode, 0) << number << " " << result.endedBySignal;
@@ -114,8 +105,8 @@ TEST_F(WindowModes, EndWithTwoIfTheFileCannotBeRead)
     Write({"damaged.qrb=1234"});
     fs::remove(Path("config/quorbit/filetypes.ini"));
     Program program(CallInWindow({"damaged.qrb", "/VS"}));
-    WaitFor([this] { return fs::exists(Path("data/mime/packages/org.example.Quorbit.xml")); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    ASSERT_TRUE(Eventually(
+        [this] { return fs::exists(Path("data/mime/packages/org.example.Quorbit.xml")); }));
     program.Signal(SIGTERM);  // closes the box that tells why
     EXPECT_EQ(program.Wait().exitCode, 2);
     EXPECT_FALSE(fs::exists(Path("state/quorbit/damaged.log")));

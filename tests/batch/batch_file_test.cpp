@@ -245,25 +245,6 @@ TEST(BatchFile, TakesUpToAMillionStrings)
     ExpectSame(read, written);
 }
 
-TEST(BatchFile, AListCountOfZeroOrLessIsAnEmptyList)
-{
-    for (const std::uint32_t count : {0U, 0x80000000U, 0xFFFFFFFFU}) {
-        std::string bytes = kHeader + Number(1, 2) + kFirstTag + std::string(2 + 12, '\0') +
-                            Number(count, 4) + Number(count, 4);
-        BatchFile file;
-        ASSERT_TRUE(ParseBatchFile(bytes, file).Ok()) << count;
-        ExpectSame(file, {{0, 0}, {CDirCopy()}});
-    }
-}
-
-TEST(BatchFile, TellsAPersonWhatIsWrong)
-{
-    EXPECT_EQ((BatchFileError{BatchFileFault::EndOfFile, 57, {}}.Text()),
-              "Unexpected end of file at byte 57.");
-    EXPECT_EQ((BatchFileError{BatchFileFault::NotWritable, 0, "No space left on device"}.Text()),
-              "The batch file cannot be written: No space left on device.");
-}
-
 class BatchFileOnDiskTest : public FolderTest {};
 
 TEST_F(BatchFileOnDiskTest, RefusesWhatIsNoRegularFileWithoutWaitingOrIsTooLargeToRead)

@@ -83,22 +83,6 @@ TEST_F(MachineValuesTest, SetUpLeavesNoFirstRunAndMendsWhatIsMissing)
     EXPECT_TRUE(m_fatal.m_texts.empty());
 }
 
-TEST_F(MachineValuesTest, TakesAnyBytesAndReadsAtMost127OfThem)
-{
-    const std::string fits = "/a\xFF\n" + std::string(123, 'a');
-    WriteFile("[1.00]\n");
-    ASSERT_TRUE(m_values.SetRegValue("Word", 4294967295U));
-    ASSERT_TRUE(m_values.SetRegValue("Log File", fits));
-    ASSERT_TRUE(m_values.SetRegValue("Install Path", fits + "a"));
-    EXPECT_EQ(Stored("Word"), "4294967295");
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), fits);
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::InstallPath), "");
-    EXPECT_TRUE(m_fatal.m_texts.empty());
-    ASSERT_TRUE(m_values.SetRegValue("Log File", fits + "a"));
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), std::nullopt);
-    EXPECT_EQ(m_fatal.m_texts.size(), 1U);
-}
-
 TEST_F(MachineValuesTest, AStoreThatCannotBeUsedIsFatalWhateverIsAsked)
 {
     using enum MachineValue;
@@ -138,42 +122,6 @@ TEST_F(MachineValuesTest, AMarkerOrLogPathThatCannotBeStoredIsFatal)
     EXPECT_EQ(ContentOf(m_stores.machine.Path()), before);
     EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), std::nullopt);  // missing
     EXPECT_EQ(m_fatal.m_texts.size(), 3U);
-}
-
-TEST_F(MachineValuesTest, AKeyReachesTheValuesOfItsStoreAndLeavesNoTraceIfOnlyOpened)
-{
-    WriteFile("[1.00]\nInstall Path=/logs/\nWord=7\nLong=" + std::string(2048, 'x') + "\n");
-    const std::string before = ContentOf(m_stores.machine.Path());
-    ASSERT_TRUE(m_stores.profile.Write({{"Options\\Default", "FileBits", "5"}}).Ok());
-    CRegKey key(m_stores);
-    std::string text = "before";
-    std::uint32_t word = 99;
-    EXPECT_FALSE(key.Read("Install Path", text).Ok());  // none is open
-    EXPECT_FALSE(key.Write("x", "y").Ok());
-    EXPECT_TRUE(key.Close().Ok());
-    EXPECT_EQ(MachineKeyPath(), "Software\\Halvane Works\\Quorbit\\1.00");
-    const std::string product = "SOFTWARE\\Halvane Works\\Quorbit\\";
-    ASSERT_TRUE(key.Open(RegParent::LocalMachine, product + "2.00").Ok());
-    EXPECT_FALSE(key.Read("Install Path", text).Ok());
-    ASSERT_TRUE(key.Open(RegParent::LocalMachine, product + "1.00").Ok());
-    EXPECT_FALSE(key.Read("None", text).Ok());
-    EXPECT_FALSE(key.Read("Long", text).Ok());
-    EXPECT_FALSE(key.Read("Install Path", word).Ok());
-    EXPECT_EQ(text, "before");
-    EXPECT_EQ(word, 99U);
-    EXPECT_EQ(ContentOf(m_stores.machine.Path()), before);
-    ASSERT_TRUE(key.Read("install path", text).Ok());
-    ASSERT_TRUE(key.Read("Word", word).Ok());
-    EXPECT_EQ(text, "/logs/");
-    EXPECT_EQ(word, 7U);
-    ASSERT_TRUE(key.Write("Word", 4294967295U).Ok());
-    ASSERT_TRUE(key.Read("Word", word).Ok());
-    EXPECT_EQ(word, 4294967295U);
-    ASSERT_TRUE(key.Open(RegParent::CurrentUser, product + "Options\\Default").Ok());
-    ASSERT_TRUE(key.Read("FileBits", word).Ok());
-    EXPECT_EQ(word, 5U);
-    EXPECT_FALSE(key.Open(RegParent::LocalMachine, "Software\\Other\\Quorbit\\1.00").Ok());
-    EXPECT_FALSE(key.Read("FileBits", word).Ok());
 }
 
 TEST_F(MachineValuesTest, FileTypesTakeNamedAndNamelessValues)

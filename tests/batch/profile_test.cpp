@@ -18,28 +18,6 @@ protected:
     Profile m_profile{m_store};
 };
 
-TEST_F(ProfileTest, WithoutAFileEveryValueHasItsDefault)
-{
-    const std::pair<Setting, std::int32_t> cases[] = {
-        {Setting::OptFlags, 0},      {Setting::FileBits, 1},      {Setting::FrameX, 0},
-        {Setting::FrameY, 0},        {Setting::FrameSizeX, 640},  {Setting::FrameSizeY, 480},
-        {Setting::WindowState, -1},  {Setting::EditHeader0, 175}, {Setting::EditHeader1, 175},
-        {Setting::EditHeader2, 180}, {Setting::EditHeader3, 150}, {Setting::FileHeader0, 120},
-        {Setting::FileHeader1, 70},  {Setting::FileHeader2, 120}, {Setting::FileHeader3, 100},
-        {Setting::FileHeader4, 45},  {Setting::ViewStyle, 1},     {Setting::FullRowSel, 0},
-        {Setting::TipStartUp, 0},    {Setting::TipFilePos, 0}};
-    for (const auto& [setting, value] : cases)
-        EXPECT_EQ(m_profile.GetProfileInt(setting), value) << InfoOf(setting).name;
-    EXPECT_EQ(m_profile.GetProfileString(Setting::FileTypes), "Default");
-    EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath), "c:\\");
-    EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath, "/logs/"), "/logs/");
-    EXPECT_EQ(m_profile.GetProfileString(Setting::TipTimeStamp), "");
-    EXPECT_EQ(m_profile.DriveViewSize(), (PaneSize{200, 260}));
-    EXPECT_EQ(m_profile.EditViewSize(), (PaneSize{640, 140}));
-    EXPECT_TRUE(m_profile.RecentFiles().empty() && m_profile.ReadDrives().empty());
-    EXPECT_EQ(m_store.State(), StoreState::Missing);  // and asking stores nothing
-}
-
 TEST_F(ProfileTest, ValuesLieUnderTheirNamesInTheFile)
 {
     m_profile.WriteProfileInt(Setting::OptFlags, kOptRefreshViews);

@@ -5,12 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <vector>
 
-#include "batch/command_table.h"
 #include "batch/qrb_doc.h"
+#include "support/fake_views.h"
 
 namespace quorbit {
 namespace {
@@ -53,58 +52,12 @@ private:
     }
 };
 
-class FakeView : public CView {
-public:
-    explicit FakeView(ViewKind kind, int command = 0) : m_kind(kind), m_nCommand(command) {}
-    std::vector<int> hints;
-    int commands = 0;
-
-    [[nodiscard]] ViewKind Kind() const override { return m_kind; }
-    void OnUpdate(CView*, int nHint, const HintObject*) override { hints.push_back(nHint); }
-    bool OnCommand(int nId) override
-    {
-        if (nId != m_nCommand)
-            return false;
-        ++commands;
-        return true;
-    }
-    bool OnUpdateCommand(int nId, CommandState& state) override
-    {
-        state.checked = state.checked || nId == m_nCommand;
-        return nId == m_nCommand;
-    }
-
-private:
-    ViewKind m_kind;
-    int m_nCommand;
-};
-
-class FakeTree : public FakeView, public DrivePane {
-public:
-    FakeTree() : FakeView(ViewKind::DriveTree, CMD_REFRESH) {}
-    bool deleteMode = false;
-    [[nodiscard]] std::string GetSourcePath() const override { return "/from"; }
-    [[nodiscard]] std::string GetDestPath() const override { return "/to"; }
-    [[nodiscard]] std::string GetDeletePath() const override { return "/gone"; }
-    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
-    [[nodiscard]] std::string CurrentPath() const override { return {}; }
-    [[nodiscard]] std::string DropText() const override { return {}; }
-};
-
-class FakeList : public FakeView, public FilePane {
-public:
-    FakeList() : FakeView(ViewKind::FileList) {}
-    bool deleteMode = false;
-    bool files = true;
-    [[nodiscard]] bool FilesSelected() const override { return files; }
-    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
-    [[nodiscard]] std::vector<std::string> GetSelectedNames() const override { return {}; }
-};
-
 class QrbDocCommandsTest : public testing::Test {
 protected:
     void SetUp() override
     {
+        tree.source = "/from";
+        tree.dest = "/to";
         dialogs.answer.m_strSource = "/s";
         dialogs.answer.m_strDest = "/d";
         dialogs.answer.m_dwFlags = DCF_NO_ATTRS;
@@ -242,17 +195,6 @@ TEST(SplitMasksTest, CutsARunOfMasks)
     EXPECT_EQ(SplitMasks("*."), Strings{"*."});
 }
 
-TEST_F(QrbDocCommandsTest, CommandsGoToTheFirstViewThatTakesThem)
-{
-    EXPECT_TRUE(doc.RouteCmdToViews(nullptr, CMD_REFRESH));
-    EXPECT_EQ(tree.commands, 1);
-    EXPECT_FALSE(doc.RouteCmdToViews(&tree, CMD_REFRESH));
-    CommandState state;
-    EXPECT_TRUE(doc.RouteUpdateToViews(&list, CMD_REFRESH, state));
-    EXPECT_TRUE(state.checked);
-    EXPECT_FALSE(doc.OnCommand(CMD_REFRESH));
-}
-
 TEST_F(QrbDocCommandsTest, HintsReachAllButTheirSender)
 {
     doc.OnCommand(CMD_DELETE);
@@ -272,17 +214,6 @@ TEST_F(QrbDocCommandsTest, StartRunsWhateverStandsInMemory)
     EXPECT_TRUE(doc.OnCommand(CMD_START_BATCH));
     EXPECT_EQ(dialogs.runs, 1);
     EXPECT_TRUE(doc.IsModified());
-}
-
-TEST(CommandTableTest, HoldsEachCommandAndEachKeyOnce)
-{
-    std::set<std::string_view> keys;
-    for (const Command& command : CommandTable()) {
-        EXPECT_FALSE(command.help.empty()) << command.nId;
-        EXPECT_EQ(FindCommand(command.nId), &command);
-        EXPECT_TRUE(command.key.empty() || keys.insert(command.key).second) << command.key;
-    }
-    EXPECT_EQ(FindCommand(CMD_ADD_DEFAULT), nullptr);
 }
 
 }  // namespace

@@ -8,14 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
-#include <QTest>
-#include <QTimer>
-#include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,25 +17,13 @@
 #include "dialogs/dialog_services.h"
 #include "platform/mount_table.h"
 #include "platform/shell/desktop_folder.h"
-#include "support/temp_folder.h"
+#include "support/fake_prompts.h"
+#include "support/folder_test.h"
+#include "support/widgets.h"
 
 namespace quorbit {
 
-class ToldPrompts final : public Prompts {
-public:
-    std::vector<std::string> told;  // each caption: text
-
-    PromptAnswer Ask(const std::string& text, const std::string& caption, PromptIcon,
-                     PromptButtons) override
-    {
-        told.push_back(caption + ": " + text);
-        return PromptAnswer::Ok;
-    }
-    std::optional<std::string> AskOpenFile(const FileQuestion&) override { return {}; }
-    std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
-};
-
-class DialogsTest : public testing::Test {
+class DialogsTest : public FolderTest {
 protected:
     DialogsTest()
     {
@@ -49,11 +31,6 @@ protected:
         services.pIcons = &icons;
         services.desktop = MakeDesktopFolder(
             {[] { return ParseMountTable("1 0 8:1 / / rw - ext4 /dev/sda1 rw\n"); }, "", {}});
-    }
-
-    [[nodiscard]] std::string Path(const std::string& name) const
-    {
-        return folder.Path() + "/" + name;
     }
 
     // The button of any kind with that text.
@@ -66,10 +43,6 @@ protected:
         }
         ADD_FAILURE() << "no button " << text;
         return nullptr;
-    }
-    static bool IsShown(const QWidget& window, const char* text)
-    {
-        return Button(window, text)->isVisibleTo(&window);
     }
     static void Click(const QWidget& window, const char* text)
     {
@@ -112,28 +85,7 @@ protected:
         ADD_FAILURE() << "no line " << text;
     }
 
-    // Acts in the next dialog that opens over what is open now. What it leaves open is cancelled.
-    static void InNextDialog(const std::function<void(QDialog&)>& act)
-    {
-        QWidget* below = QApplication::activeModalWidget();
-        auto* timer = new QTimer(qApp);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, below, act] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog == nullptr || dialog == below) {
-                return;
-            }
-            timer->stop();
-            timer->deleteLater();
-            act(*dialog);
-            if (dialog->isVisible()) {
-                dialog->reject();
-            }
-        });
-        timer->start(5);
-    }
-
-    TempFolder folder;
-    ToldPrompts prompts;
+    FakePrompts prompts;
     ItemIcons icons;
     DialogServices services;
 };

@@ -8,7 +8,6 @@
 #include "dialogs/attribute_form.h"
 #include "dialogs/file_entry_form.h"
 #include "dialogs/file_type_form.h"
-#include "dialogs/mask_list.h"
 
 namespace quorbit {
 namespace {
@@ -31,58 +30,6 @@ CDirCopy Entry(std::uint32_t flags, Names items, Names folderTypes = {})
     entry.m_listItems = std::move(items);
     entry.m_listFolderTypes = std::move(folderTypes);
     return entry;
-}
-
-TEST(EntryBoxes, ActOnEachOtherWhenClicked)
-{
-    const struct {
-        const char* what;
-        bool types;
-        EntryChecks before;
-        EntryBox box;
-        bool on;
-        EntryChecks after;
-    } cases[] = {
-        {"sub folders off", false, On({SubFolders, Preserve}), SubFolders, false, On({})},
-        {"sync over incremental", false, On({Incremental}), Sync, true, On({Sync})},
-        {"incremental over sync", false, On({Sync}), Incremental, true, On({Incremental})},
-        {"whole folders", false, On({SubFolders, Preserve, AllBut}), DeleteFolder, true,
-         On({DeleteFolder, AllBut})},
-        {"whole source", true, On({SubFolders, Preserve, AllBut, AllTypes}), DeleteFolder, true,
-         On({DeleteFolder})},
-        {"not the whole source", true, On({DeleteFolder}), DeleteFolder, false, On({})},
-        {"all types", true, On({AllBut, SubFolders}), AllTypes, true, On({AllTypes, SubFolders})},
-    };
-    for (const auto& c : cases) {
-        const EntryChecks after =
-            c.types ? ClickTypeBox(c.before, c.box, c.on) : ClickBox(c.before, c.box, c.on);
-        EXPECT_EQ(after, c.after) << c.what;
-    }
-}
-
-TEST(EntryBoxes, AreDisabledByOthers)
-{
-    const struct {
-        EntryChecks checks;
-        EntryChecks disabled;
-        bool lists;
-    } cases[] = {
-        {On({}), On({Preserve}), true},
-        {On({SubFolders}), On({}), true},
-        {On({Sync}), On({Preserve, Incremental}), true},
-        {On({Incremental}), On({Preserve, Sync}), true},
-        {On({AllBut}), On({Preserve, AllTypes}), true},
-        {On({AllTypes}), On({Preserve, AllBut}), false},
-        {On({DeleteFolder}), On({Preserve, SubFolders, AllBut, AllTypes}), false},
-    };
-    for (std::size_t i = 0; i < std::size(cases); ++i) {
-        const EntryChecks enabled = EnabledTypeBoxes(cases[i].checks);
-        for (std::size_t box = 0; box < kEntryBoxes; ++box) {
-            const auto which = static_cast<EntryBox>(box);
-            EXPECT_NE(enabled[which], cases[i].disabled[which]) << i << " box " << box;
-        }
-        EXPECT_EQ(ListsEnabled(cases[i].checks), cases[i].lists) << i;
-    }
 }
 
 TEST(FileEntryForm, MendsFlagsThatDoNotFitTogether)
@@ -222,15 +169,6 @@ TEST(AttributeForm, MakesTheWordAnew)
     const AttributeForm form = ClickDontApply(OpenAttributeForm(DCF_NO_ATTRS), false);
     EXPECT_EQ(WordOf(form), DCF_ATTR_OR);
     EXPECT_EQ(WordOf(ClickDontApply(OpenAttributeForm(DCF_ATTR_AND | 3), true)), DCF_NO_ATTRS);
-}
-
-TEST(MaskList, OffersShortSuffixesOnce)
-{
-    const QStringList suffixes = {QStringLiteral("txt"),    QStringLiteral("html"),
-                                  QStringLiteral("class"),  QStringLiteral("c"),
-                                  QStringLiteral("C"),      QStringLiteral("a.b"),
-                                  QStringLiteral("tar.gz"), QString()};
-    EXPECT_EQ(MasksOfSuffixes(suffixes), (Names{"*.a.b", "*.c", "*.html", "*.txt"}));
 }
 
 }  // namespace

@@ -16,9 +16,8 @@
 #include "platform/posix_file_system.h"
 #include "platform/posix_process_runner.h"
 #include "support/failing_file_system.h"
+#include "support/folder_test.h"
 #include "support/recording_surface.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
 
 namespace quorbit {
 
@@ -46,7 +45,7 @@ struct RunResult {
 };
 
 // In paths and in expected texts "@" stands for the temporary folder.
-class RunFixture : public testing::Test {
+class RunFixture : public FolderTest {
 protected:
     RunFixture() { ClearFlags(); }
     ~RunFixture() override { ClearFlags(); }
@@ -57,7 +56,6 @@ protected:
             text.replace(at, 1, m_folder.Path());
         return text;
     }
-    void Write(const TreeLines& items) const { WriteTree(m_folder.Path(), items); }
     [[nodiscard]] TreeLines Tree(const std::string& path) const { return ReadTree(Path(path)); }
 
     // An entry of masks.
@@ -182,7 +180,6 @@ private:
         return text;
     }
 
-    TempFolder m_folder;
     TempFolder m_logFolder;
 };
 

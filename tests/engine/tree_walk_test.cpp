@@ -336,25 +336,5 @@ TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
     EXPECT_FALSE(*queue.Next(item));
 }
 
-TEST(ReadAheadPolicyTest, BeginsWithAFileThatIsNotInMemoryAndEndsWhenAllAre)
-{
-    ReadAheadPolicy policy;
-    int asked = 0;
-    for (int i = 0; i < 64; ++i)
-        asked += policy.Next() == ReadAhead::Start ? 1 : 0;
-    EXPECT_EQ(asked, 4);
-    policy.Learn(true, 0);
-    EXPECT_FALSE(policy.Pays());
-
-    policy.Learn(false, 500);  // 500 of an earlier time
-    EXPECT_EQ(policy.Next(), ReadAhead::No);
-    for (const std::size_t inVain : {500U, 627U, 3U, 127U}) {
-        policy.LearnFetched(inVain);
-        EXPECT_TRUE(policy.Pays()) << inVain;
-    }
-    policy.LearnFetched(128);
-    EXPECT_FALSE(policy.Pays());
-}
-
 }  // namespace
 }  // namespace quorbit

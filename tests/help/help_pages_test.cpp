@@ -8,7 +8,6 @@
 #include <QDirIterator>
 #include <QRegularExpression>
 #include <QSet>
-#include <vector>
 
 #include "support/temp_folder.h"
 #include "support/tree.h"
@@ -71,33 +70,6 @@ TEST(HelpPages, EveryPageIsReachedFromTheContents)
     for (const QUrl& page : BuiltInPages()) {
         EXPECT_TRUE(reached.contains(page)) << page.toString().toStdString();
     }
-}
-
-TEST(HelpPages, PagesRunNothingAndFixNoColour)
-{
-    static const QRegularExpression colour(
-        QStringLiteral("<script|[^-]color\\s*:|bgcolor|background|<font"));
-    QList<QUrl> texts = BuiltInPages();
-    texts << QUrl(QStringLiteral("qrc:/help/help.css"));
-    for (const QUrl& page : texts) {
-        const QString text = HelpPages::Read(page);
-        EXPECT_FALSE(text.isEmpty());
-        EXPECT_FALSE(text.contains(colour)) << page.toString().toStdString();
-    }
-}
-
-TEST(HelpPages, ContentsListChaptersAndTheirSections)
-{
-    const std::vector<HelpEntry> entries = HelpPages().Entries();
-    ASSERT_GT(entries.size(), 30U);
-    EXPECT_EQ(entries[0].title, u"First steps");
-    EXPECT_EQ(entries[0].depth, 1);
-    EXPECT_EQ(entries[1].page.toString(), u"qrc:/help/start.html#first");
-    EXPECT_EQ(entries[1].depth, 2);
-    // A message of the program sends people to the topic of that name.
-    EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const HelpEntry& entry) {
-        return entry.title == u"Selection Error" && entry.depth == 1;
-    }));
 }
 
 TEST(HelpPages, ATopicHasATextAndAChapterAndAnUnknownNumberNothing)

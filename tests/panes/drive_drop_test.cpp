@@ -4,11 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QScrollBar>
 #include <QTest>
 
-#include "drive_fixture.h"
 #include "panes/drag_payload.h"
+#include "panes/drive_fixture.h"
 
 namespace quorbit {
 namespace {
@@ -171,64 +170,6 @@ TEST_F(DriveDropTest, RefusesWhatIsNotOursAndTheRootNode)
     EXPECT_EQ(m_view->DropText(), "");
     EXPECT_THAT(m_posted, IsEmpty());
     EXPECT_EQ(m_view->GetDestPath(), "D:\\to") << "the root node has none";
-}
-
-TEST_F(DriveDropTest, WarnsOfADropOnTheSourceAndGoesOn)
-{
-    MakeDrive();
-    DragFrom(m_from, Qt::LeftButton);
-    const auto folder = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
-    EXPECT_TRUE(DragTo(*folder, m_from));
-    EXPECT_THAT(m_prompts.asked,
-                ElementsAre("Warning you are trying to copy to the same directory."));
-    EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_TYPE_ENTRY));
-    const auto rows = MakeDragData(ListPayload({"from"}), Qt::LeftButton);
-    EXPECT_TRUE(DragTo(*rows, m_view->FindVolume("D:\\")));
-    EXPECT_EQ(m_prompts.asked.size(), 1U) << "the list shows that folder";
-    EXPECT_TRUE(DragTo(*rows, m_from));
-    EXPECT_THAT(m_prompts.asked, IsEmpty());
-}
-
-TEST_F(DriveDropTest, OpensTheNodeUnderAnyDragAfterTwoSeconds)
-{
-    MakeDrive();
-    QMimeData text;
-    text.setText(QStringLiteral("anything"));
-    Enter(text);
-    EXPECT_FALSE(MoveTo(text, PlaceOf(m_to)));
-    QTest::qWait(1400);
-    EXPECT_FALSE(MoveTo(text, PlaceOf(m_from)));
-    EXPECT_FALSE(MoveTo(text, PlaceOf(m_to))) << "begins anew";
-    QTest::qWait(1400);
-    EXPECT_FALSE(m_to->isExpanded());
-    EXPECT_TRUE(WaitFor([&] { return m_to->isExpanded() && m_to->childCount() == 1; }));
-    QDragLeaveEvent leave;
-    QApplication::sendEvent(m_view->viewport(), &leave);
-    EXPECT_EQ(m_view->GetDestPath(), "D:\\to") << "a leave does not clear it";
-    EXPECT_EQ(m_view->CurrentPath(), "D:\\");
-}
-
-TEST_F(DriveDropTest, ScrollsNearTheEdges)
-{
-    TreeLines folders;
-    for (int i = 100; i < 200; ++i) {
-        folders.push_back("f" + std::to_string(i) + "/");
-    }
-    Make(folders);
-    Expand("D:\\");
-    const auto data = MakeDragData(FolderPayload("D:\\f100"), Qt::LeftButton);
-    QScrollBar& bar = *m_view->verticalScrollBar();
-    ASSERT_TRUE(WaitFor([&] { return bar.maximum() > 10; }));
-    bar.setValue(5);
-    Enter(*data);
-    const int height = m_view->viewport()->height();
-    MoveTo(*data, {20, height / 2});
-    QTest::qWait(300);
-    EXPECT_EQ(bar.value(), 5);
-    MoveTo(*data, {20, height - 3});
-    EXPECT_TRUE(WaitFor([&] { return bar.value() > 7; }));
-    MoveTo(*data, {20, 2});
-    EXPECT_TRUE(WaitFor([&] { return bar.value() == 0; }));
 }
 
 }  // namespace

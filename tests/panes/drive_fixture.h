@@ -5,40 +5,33 @@
 
 #pragma once
 
-#include <QApplication>
-#include <QDeadlineTimer>
-#include <chrono>
-#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "app/window/fake_prompts.h"
 #include "panes/drive_view.h"
 #include "panes/pane_hints.h"
-#include "platform/shell/shell_fixture.h"
+#include "support/fake_prompts.h"
+#include "support/fake_views.h"
+#include "support/shell_test.h"
+#include "support/widgets.h"
 
 namespace quorbit {
 
-// What the other views are told.
-class RecordingView final : public CView {
+// The list of files: which folder it is to show.
+class FolderView final : public FakeView {
 public:
-    [[nodiscard]] ViewKind Kind() const override { return ViewKind::FileList; }
-    void OnUpdate(CView*, int nHint, const HintObject* object) override
+    FolderView() : FakeView(ViewKind::FileList) {}
+    void OnUpdate(CView* sender, int nHint, const HintObject* object) override
     {
-        hints.push_back(nHint);
+        FakeView::OnUpdate(sender, nHint, object);
         if (const auto* tree = dynamic_cast<const TreeItemHint*>(object)) {
             folder = CShellPidl::GetItemName(*tree->Item().m_pFolder, tree->Item().m_pidlItem,
                                              SHGDN_FORPARSING)
                          .value_or("");
         }
     }
-    bool OnCommand(int) override { return false; }
-    bool OnUpdateCommand(int, CommandState&) override { return false; }
-
-    std::vector<int> hints;
-    std::string folder;  // that the list is to show
+    std::string folder;
 };
 
 class DriveTest : public ShellTest {
@@ -77,19 +70,10 @@ protected:
         }
     }
 
-    static bool WaitFor(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer limit(std::chrono::seconds(20));
-        while (!condition() && !limit.hasExpired()) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-            QApplication::processEvents();
-        }
-        return condition();
-    }
     // Everything that is being read has been.
     void Settle()
     {
-        EXPECT_TRUE(WaitFor([this] { return !m_view->IsFilling(); }));
+        EXPECT_TRUE(Until([this] { return !m_view->IsFilling(); }));
     }
     // The node of a folder, reading what leads there. Selects it.
     ShellTreeNode* GoTo(const std::string& path)
@@ -126,7 +110,7 @@ protected:
     }
 
     CQRBDoc m_doc;
-    RecordingView m_list;
+    FolderView m_list;
     Profile m_profile{SettingsStore(Path("profile.ini"))};
     FakePrompts m_prompts;
     ItemIcons m_icons;

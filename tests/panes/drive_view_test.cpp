@@ -9,9 +9,7 @@
 #include <QTest>
 #include <filesystem>
 
-#include "drive_fixture.h"
-#include "panes/drive_tree_filter.h"
-#include "platform/shell/dead_mount.h"
+#include "panes/drive_fixture.h"
 
 namespace quorbit {
 namespace {
@@ -20,34 +18,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-
-TEST(DriveTreeFilterTest, LetsThroughWhatHoldsFiles)
-{
-    constexpr std::uint32_t kPlace = SFGAO_FOLDER | SFGAO_FILESYSANCESTOR;
-    constexpr std::uint32_t kFolder = SFGAO_FOLDER | SFGAO_FILESYSTEM;
-    using enum TreeVerdict;
-    struct Case {
-        TreeCandidate item;
-        TreeVerdict verdict;
-    };
-    const Case cases[] = {
-        {{SFGAO_CANRENAME, "x", false, false, 0}, Count},
-        {{SFGAO_FOLDER, "x", false, false, 0}, Skip},
-        {{SFGAO_FILESYSTEM, "file", false, false, 0}, Count},
-        {{kFolder, "folder", true, false, 5}, Make},
-        {{kPlace, "My Machine", true, false, 0}, Make},
-        {{kPlace, "Printers", true, false, 1}, Skip},
-        {{kPlace, "Network Neighborhood", true, false, 1}, Make},
-        {{kPlace, "network neighborhood", true, false, 1}, Skip},
-        {{kFolder, "Control Panel", true, false, 0}, Skip},
-        {{kFolder, "Control Panel", false, false, 3}, Skip},
-        {{kFolder, "control panel", false, false, 3}, Make},
-        {{kPlace, "Control Panel", false, true, 3}, Make},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(DriveTreeVerdict(c.item), c.verdict) << c.item.name << c.item.attributes;
-    }
-}
 
 class DriveViewTest : public DriveTest {
 protected:
@@ -65,30 +35,6 @@ protected:
         return path;
     }
 };
-
-TEST_F(DriveViewTest, BeginsWithTheDrivesBelowTheRootNode)
-{
-    WriteTree(Path(), {"Desktop/work/", "Desktop/note.txt="});
-    Make({"a/"});
-    EXPECT_THAT(Texts(m_view->invisibleRootItem()),
-                ElementsAre("My Computer", "Network Neighborhood", "work"));
-    EXPECT_EQ(m_view->SelectedNode(), m_view->RootNode());
-    EXPECT_TRUE(m_view->RootNode()->isExpanded());
-    EXPECT_EQ(m_view->RootNode()->childCount(), 2);
-    EXPECT_EQ(m_view->CurrentPath(), "My Computer");
-    EXPECT_EQ(m_list.folder, "::My Computer");
-    EXPECT_EQ(m_view->GetSelectedText(), "My Computer");
-}
-
-TEST_F(DriveViewTest, StaysEmptyWhenTheProgramWasStartedToRun)
-{
-    Make({"a/"}, 1);
-    EXPECT_EQ(m_view->topLevelItemCount(), 0);
-    Refresh();
-    EXPECT_THAT(m_list.hints, IsEmpty());
-    EXPECT_EQ(m_view->GetSelectedItemData(), nullptr);
-    EXPECT_EQ(m_view->GetDeletePath(), "");
-}
 
 TEST_F(DriveViewTest, ReadsANodeOnceWhenItIsSelected)
 {
@@ -133,42 +79,12 @@ TEST_F(DriveViewTest, AFolderThatCannotBeReadKeepsItsMarkAndIsReadAgain)
     EXPECT_THAT(Texts(node), ElementsAre("x"));
 }
 
-TEST_F(DriveViewTest, CollapsingSelectsTheNodeThatHidesTheSelectedOne)
-{
-    Make({"a/x/"});
-    Expand("D:\\");
-    GoTo("D:\\a\\x");
-    m_view->FindNodeByPath("D:\\a")->setExpanded(false);
-    EXPECT_EQ(SelectedPath(), "D:\\a");
-}
-
-TEST_F(DriveViewTest, FindsNodesByTheLongestVolume)
-{
-    m_strMounts += "30 20 8:2 / /mnt/usb rw - ext4 /dev/sdb1 rw\n";
-    Make({"dir/Sub/deep/", "dir/sub2/"});
-    std::string path;
-    const auto pathOf = [&](const std::string& of) {
-        ShellTreeNode* node = m_view->FindNodeByPath(of);
-        return m_view->GetItemPath(node, path) ? path : "(none)";
-    };
-    EXPECT_EQ(pathOf("/mnt/usb/x"), "/mnt/usb") << "its children have not been read";
-    EXPECT_EQ(pathOf("/mnt/usb2"), "/");
-    EXPECT_EQ(pathOf("E:\\x"), "(none)");
-    EXPECT_EQ(pathOf("D:\\dir\\Sub"), "D:\\") << "not read yet";
-    GoTo("D:\\dir\\Sub");
-    EXPECT_EQ(pathOf("D:"), "D:\\");
-    EXPECT_EQ(pathOf("d:\\DIR\\sub"), "D:\\dir\\Sub");
-    EXPECT_EQ(pathOf("D:\\dir\\sub2\\"), "D:\\dir\\sub2");
-    EXPECT_EQ(pathOf("D:\\dir\\none"), "(none)");
-    EXPECT_EQ(pathOf("D:\\dir\\sub2\\none"), "(none)");
-}
-
 TEST_F(DriveViewTest, GoesDownAsFarAsThePathExists)
 {
     Make({"dir/a\nb/"});
     int ends = 0;
     m_view->GoToPath("D:\\dir\\none\\deeper", [&] { ++ends; });
-    ASSERT_TRUE(WaitFor([&] { return ends == 1; }));
+    ASSERT_TRUE(Until([&] { return ends == 1; }));
     EXPECT_EQ(SelectedPath(), "D:\\dir");
     GoTo("D:\\dir\\a\nb");
     EXPECT_EQ(SelectedPath(), "D:\\dir\\a\nb") << "by its bytes, not by what is shown";
@@ -221,52 +137,6 @@ TEST_F(DriveViewTest, RefreshFollowsTheDiskBelowExpandedNodes)
     EXPECT_EQ(m_list.folder, "D:\\b\\");
 }
 
-TEST_F(DriveViewTest, RefreshCollapsesANodeThatLostItsLastChild)
-{
-    Make({"a/x/"});
-    Expand("D:\\");
-    ShellTreeNode* node = Expand("D:\\a");
-    GoTo("D:\\a\\x");
-    std::filesystem::remove(Path("d/a/x"));
-    Refresh();
-    EXPECT_FALSE(node->isExpanded());
-    EXPECT_EQ(node->childCount(), 0);
-    EXPECT_EQ(SelectedPath(), "D:\\a");
-    EXPECT_EQ(m_list.folder, "D:\\a\\") << "the list leaves the folder that is gone";
-    WriteTree(Path("d"), {"a/later/"});
-    node->setExpanded(true);
-    Settle();
-    EXPECT_THAT(Texts("D:\\a"), ElementsAre("later"));
-}
-
-TEST_F(DriveViewTest, RefreshFollowsAFolderOnTheDesktop)
-{
-    WriteTree(Path(), {"Desktop/work/a/", "Desktop/work/b/"});
-    Make({});
-    QTreeWidgetItem* work = m_view->topLevelItem(2);
-    work->setExpanded(true);
-    Settle();
-    m_view->setCurrentItem(work->child(1));
-    std::filesystem::remove(Path("Desktop/work/b"));
-    WriteTree(Path(), {"Desktop/work/c/"});
-    Refresh();
-    EXPECT_THAT(Texts(work), ElementsAre("a", "c"));
-    EXPECT_EQ(m_list.folder, Path("Desktop/work/a/")) << "the list leaves the folder that is gone";
-}
-
-TEST_F(DriveViewTest, RefreshFollowsTheDesktopItself)
-{
-    WriteTree(Path(), {"Desktop/gone/", "Desktop/stays/", "Desktop/.h/"});
-    Make({});
-    std::filesystem::remove(Path("Desktop/gone"));
-    WriteTree(Path(), {"Desktop/new/sub/", "Desktop/.h2/", "Desktop/file="});
-    Refresh();
-    EXPECT_THAT(Texts(m_view->invisibleRootItem()),
-                ElementsAre("My Computer", "Network Neighborhood", ".h", "new", "stays"));
-    EXPECT_EQ(m_view->RootNode(), m_view->SelectedNode());
-    EXPECT_TRUE(NodeOf(m_view->topLevelItem(3))->HasMark());
-}
-
 TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
 {
     Make({"a/x/"});
@@ -278,55 +148,6 @@ TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
     Refresh();
     EXPECT_THAT(Texts("D:\\"), ElementsAre("a"));
     EXPECT_THAT(Texts("D:\\a"), ElementsAre("x"));
-}
-
-TEST_F(DriveViewTest, RefreshFollowsTheDrives)
-{
-    m_strMounts += "30 20 8:2 / /mnt/usb rw - ext4 /dev/sdb1 rw\n";
-    Make({});
-    ShellTreeNode* root = m_view->RootNode();
-    ASSERT_EQ(root->childCount(), 3);
-    m_view->setCurrentItem(m_view->FindVolume("/mnt/usb"));
-    Settle();
-    m_strMounts =
-        "20 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
-        "31 20 8:3 / /mnt/card rw - ext4 /dev/sdc1 rw\n"
-        "32 20 8:4 / /mnt/disk rw - ext4 /dev/sdd1 rw\n";
-    Refresh();
-    std::vector<std::string> paths;
-    for (int i = 0; i < root->childCount(); ++i) {
-        m_view->GetItemPath(root->child(i), paths.emplace_back());
-    }
-    EXPECT_THAT(paths, testing::UnorderedElementsAre("/", "/mnt/card", "/mnt/disk", "D:\\"));
-    EXPECT_NE(m_view->SelectedNode(), nullptr) << "something else is selected";
-}
-
-TEST_F(DriveViewTest, ADriveThatDoesNotAnswerHoldsUpItselfAlone)
-{
-    std::filesystem::create_directory(Path("dead"));
-    const DeadMount dead(Path("dead"));
-    if (!dead.IsMounted()) {
-        GTEST_SKIP() << "mounting needs root";
-    }
-    m_drives['E'] = Path("dead");
-    Make({"a/"});
-    m_view->FindVolume("E:\\")->setExpanded(true);
-    m_view->setCurrentItem(m_view->FindVolume("E:\\"));
-    const auto waits = [&] { return m_view->viewport()->cursor().shape() == Qt::WaitCursor; };
-    EXPECT_TRUE(waits());
-    m_view->setCurrentItem(m_view->FindVolume("D:\\"));
-    EXPECT_TRUE(WaitFor([&] { return !waits(); })) << "whoever goes elsewhere does not wait";
-    m_view->setCurrentItem(m_view->FindVolume("E:\\"));
-    EXPECT_TRUE(waits());
-    m_view->FindVolume("E:\\")->setExpanded(false);
-    EXPECT_FALSE(waits());
-    m_view->FindVolume("D:\\")->setExpanded(true);
-    EXPECT_TRUE(WaitFor([&] { return m_view->FindVolume("D:\\")->m_bFilled; }));
-    WriteTree(Path("d"), {"b/"});
-    m_view->OnCommand(CMD_REFRESH);
-    EXPECT_TRUE(WaitFor([&] { return Texts("D:\\").size() == 2; }));
-    EXPECT_EQ(m_list.folder, "E:\\");
-    EXPECT_TRUE(m_view->IsFilling());
 }
 
 TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
@@ -364,17 +185,6 @@ TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
     EXPECT_EQ(m_deletePath, "D:\\a") << "the menu was left without a choice";
     EXPECT_THAT(m_sentInDeleteMode, ElementsAre(true, true));
     EXPECT_FALSE(m_view->DeleteMode());
-}
-
-TEST_F(DriveViewTest, StoresItsSizeUnlessTheFrameIsMinimised)
-{
-    Make({});
-    m_minimised = true;
-    m_view->SaveLayout();
-    EXPECT_EQ(m_profile.DriveViewSize(), (PaneSize{200, 260}));
-    m_minimised = false;
-    m_view->SaveLayout();
-    EXPECT_EQ(m_profile.DriveViewSize(), (PaneSize{400, 300}));
 }
 
 }  // namespace

@@ -38,12 +38,6 @@ protected:
         }
     }
 
-    static QIcon Mark(const QColor& color)
-    {
-        QPixmap picture(16, 16);
-        picture.fill(color);
-        return {picture};
-    }
     // Entries 10, 11, ... from "/s0", "/s1", ...
     void Add(int entries)
     {
@@ -57,9 +51,7 @@ protected:
     void Make(int entries)
     {
         Add(entries);
-        PaneServices services = Services();
-        services.marks = {Mark(Qt::red), Mark(Qt::blue)};
-        view = std::make_unique<CQRBEditView>(services);
+        view = std::make_unique<CQRBEditView>(Services());
         doc.AddView(view.get());
         Show(*view);
         doc.UpdateAllViews(nullptr, HINT_REFRESH_ENTRIES);
@@ -82,46 +74,6 @@ protected:
     std::unique_ptr<CQRBEditView> view;
 };
 
-TEST_F(EditViewTest, ShowsTheEntriesInTheirOrder)
-{
-    Make(3);
-    EXPECT_EQ(Column(*view, kEntrySource), Texts({"/s0", "/s1", "/s2"}));
-    EXPECT_EQ(Column(*view, kEntryItems), Texts(3, "*.a*.b"));
-    const auto picture = [&](int row) {
-        return view->Model().index(row, 0).data(Qt::DecorationRole).value<QIcon>();
-    };
-    EXPECT_NE(picture(0).pixmap(16).toImage(), picture(1).pixmap(16).toImage());
-    EXPECT_EQ(picture(0).pixmap(16).toImage(), picture(2).pixmap(16).toImage());
-    EXPECT_EQ(activated, std::vector<CView*>({view.get()}));
-}
-
-TEST_F(EditViewTest, BringsAnAddedEntryIntoSightAndStaysWhereItIsAfterAnEdit)
-{
-    Make(200);
-    const auto refresh = [&] { doc.UpdateAllViews(nullptr, HINT_REFRESH_ENTRIES); };
-    const auto top = [&] { return view->Report().TopRow().row(); };
-    EXPECT_EQ(top(), 0);
-    Add(1);
-    refresh();
-    EXPECT_EQ(view->RowAt(PlaceOf(*view, 200)), 200);
-    EXPECT_GT(top(), 150);
-    EXPECT_EQ(view->CurrentRow(), 200);
-    EXPECT_EQ(view->SelectedRows(), Rows());
-
-    Click(*view, 120);
-    const int before = top();
-    ASSERT_GT(before, 0);
-    doc.m_arrEntries[120].m_strDest = "/elsewhere";
-    refresh();
-    EXPECT_EQ(top(), before);
-    EXPECT_EQ(view->CurrentRow(), 120);
-    EXPECT_EQ(view->SelectedRows(), Rows());
-
-    doc.m_arrEntries.erase(doc.m_arrEntries.begin(), doc.m_arrEntries.begin() + 9);
-    refresh();
-    EXPECT_EQ(top(), 0) << "another document";
-}
-
 TEST_F(EditViewTest, DeletesAllSelectedRowsAndOnlyThose)
 {
     Make(4);
@@ -136,16 +88,6 @@ TEST_F(EditViewTest, DeletesAllSelectedRowsAndOnlyThose)
     EXPECT_EQ(Ids(), std::vector<std::uint32_t>({10, 13}));
     EXPECT_EQ(Column(*view, kEntrySource), Texts({"/s0", "/s3"}));
     EXPECT_EQ(prompts.asked, Texts(2, "Are you sure you want to delete this entry?"));
-}
-
-TEST_F(EditViewTest, DeletesMoreRowsThanFiveHundred)
-{
-    Make(700);
-    view->ActiveView().selectAll();
-    prompts.answers = {PromptAnswer::Yes};
-    doc.UpdateAllViews(nullptr, HINT_DELETE);
-    EXPECT_TRUE(Ids().empty());
-    EXPECT_EQ(view->Model().rowCount(), 0);
 }
 
 TEST_F(EditViewTest, AsksThoughNothingIsSelectedAndDeletesNothing)
@@ -166,7 +108,7 @@ TEST_F(EditViewTest, LeavesTheDeleteCommandToThePaneWithTheFocus)
     other.show();
     other.activateWindow();
     other.setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !view->HasFocus(); }));
+    ASSERT_TRUE(Until([&] { return !view->HasFocus(); }));
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_TRUE(prompts.asked.empty());
     EXPECT_FALSE(EditEnabled());
@@ -193,38 +135,6 @@ TEST_F(EditViewTest, EditNeedsExactlyOneRow)
     EXPECT_FALSE(EditEnabled());
     EXPECT_TRUE(view->OnCommand(CMD_EDIT_ENTRY));
     EXPECT_EQ(dialog.edited, std::vector<std::uint32_t>({11}));
-}
-
-TEST_F(EditViewTest, MenuOffersWhatTheSelectionAllows)
-{
-    Make(3);
-    const std::string add = "Add WSH or Dos Batch File";
-    RightClickBeside(*view);
-    EXPECT_EQ(CloseMenu(*view), Texts({"-Edit", "-Delete", add}));
-    Click(*view, 1, {}, Qt::RightButton);  // selects the row, too
-    view->PopupMenu()->actions().at(1)->trigger();
-    EXPECT_EQ(posted, std::vector<int>({CMD_DELETE}));
-    EXPECT_EQ(CloseMenu(*view), Texts({"Edit", "Delete", add}));
-    Click(*view, 2, Qt::ControlModifier);
-    PressMenuKey(*view);
-    EXPECT_EQ(CloseMenu(*view), Texts({"-Edit", "Delete", add}));
-}
-
-TEST_F(EditViewTest, KeepsColumnWidthsAndSizeButNotOfAMinimisedWindow)
-{
-    profile.WriteProfileInts({{Setting::EditHeader0, 0}, {Setting::EditHeader2, 77}});
-    Make(0);
-    EXPECT_EQ(view->Report().columnWidth(0),
-              175 * view->Report().fontMetrics().horizontalAdvance(QLatin1Char('0')) / 5);
-    EXPECT_EQ(view->Report().columnWidth(2), 77);
-    view->Report().setColumnWidth(3, 91);
-    minimised = true;
-    view->SaveLayout();
-    EXPECT_EQ(profile.GetProfileInt(Setting::EditHeader3), 150);
-    minimised = false;
-    view->SaveLayout();
-    EXPECT_EQ(profile.GetProfileInt(Setting::EditHeader3), 91);
-    EXPECT_EQ(profile.EditViewSize(), (PaneSize{600, 400}));
 }
 
 }  // namespace

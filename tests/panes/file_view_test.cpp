@@ -6,10 +6,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <algorithm>
-#include <condition_variable>
 #include <filesystem>
 #include <memory>
-#include <mutex>
 
 #include "panes/drag_payload.h"
 #include "panes/file_list_columns.h"
@@ -23,20 +21,10 @@ namespace {
 using Texts = std::vector<std::string>;
 
 // The tree, with one node selected.
-class FakeTree : public CView, public FolderTree {
+class SelectedNode : public FakeView, public FolderTree {
 public:
+    SelectedNode() : FakeView(ViewKind::DriveTree) {}
     ShellTreeItem selected;
-    Texts opened;  // names that came with HINT_FOLDER_OPENED
-
-    [[nodiscard]] ViewKind Kind() const override { return ViewKind::DriveTree; }
-    void OnUpdate(CView*, int nHint, const HintObject* object) override
-    {
-        if (nHint == HINT_FOLDER_OPENED) {
-            opened.push_back(dynamic_cast<const ListItemHint&>(*object).Item().m_szName);
-        }
-    }
-    bool OnCommand(int) override { return false; }
-    bool OnUpdateCommand(int, CommandState&) override { return false; }
     [[nodiscard]] const ShellTreeItem* GetSelectedItemData() const override { return &selected; }
     [[nodiscard]] std::string GetSelectedText() const override { return "node"; }
 };
@@ -83,7 +71,7 @@ protected:
     }
     void Wait() const
     {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !view->IsReading(); }, 30'000));
+        ASSERT_TRUE(Until([this] { return !view->IsReading(); }));
     }
     [[nodiscard]] Texts Names() const { return Column(*view, kFileName); }
     [[nodiscard]] std::string Notice() const
@@ -102,50 +90,12 @@ protected:
         QApplication::sendEvent(viewport, &move);
         QTest::mouseRelease(viewport, button, {}, to);
     }
-    [[nodiscard]] std::string Checked() const
-    {
-        std::string checked;
-        for (int nId = CMD_VIEW_LARGE_ICONS; nId <= CMD_VIEW_ROW_DETAIL; ++nId) {
-            CommandState state;
-            EXPECT_TRUE(view->OnUpdateCommand(nId, state));
-            checked += state.checked ? std::to_string(nId) : "";
-        }
-        return checked;
-    }
 
-    FakeTree tree;
+    SelectedNode tree;
     std::unique_ptr<CFileView> view;
     Texts drags;  // what stands behind "QRB"
     std::vector<Qt::MouseButton> buttons;
 };
-
-TEST_F(FileViewTest, ShowsFoldersThenFilesByTheirBytes)
-{
-    std::filesystem::create_directory(Path("data/sub"));
-    std::filesystem::create_directory(Path("data/Zoo"));
-    WriteContent(Path("data/b.txt"), std::string(1024, 'x'));
-    WriteContent(Path("data/B.txt"), "");
-    WriteContent(Path("data/.hidden"), "");
-    Make();
-    Select("data");
-    EXPECT_EQ(Names(), Texts({"Zoo", "sub", ".hidden", "B.txt", "b.txt"}));
-    EXPECT_EQ(Column(*view, kFileSize), Texts({"0 bytes", "0 bytes", "1KB", "1KB", "2KB"}));
-    EXPECT_EQ(Notice(), "");
-    Select("data");
-    EXPECT_EQ(Names().size(), 5U) << "the rows of before have gone";
-}
-
-TEST_F(FileViewTest, PortionsEndUpInOneOrder)
-{
-    for (int i = 0; i < 6500; ++i) {
-        WriteContent(Path("data/") + std::to_string(i), "");
-    }
-    Make();
-    Select("data");
-    const Texts names = Names();
-    EXPECT_EQ(names.size(), 6500U);
-    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
-}
 
 // More rows than are sorted at once.
 TEST_F(FileViewTest, WhatIsSelectedStaysSoWhileManyRowsAreSorted)
@@ -172,37 +122,7 @@ TEST_F(FileViewTest, WhatIsSelectedStaysSoWhileManyRowsAreSorted)
     clickOn(kFileName);
     EXPECT_TRUE(view->IsReading());
     Select("other");
-    QTest::qWait(50);
     EXPECT_EQ(Names(), Texts({"one"}));
-}
-
-TEST_F(FileViewTest, WhoHasScrolledKeepsTheRowAtTheTop)
-{
-    for (int i = 0; i < 6500; ++i) {
-        WriteContent(Path("data/") + std::to_string(i), "");
-    }
-    Make();
-    const ShellFolderPtr folder = BindTemp("data");
-    EXPECT_TRUE(view->ShowFolder(folder));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return view->Model().RowCount() > 5500; }));
-    view->Report().PutOnTop(view->Model().index(5400, 0));
-    const QPersistentModelIndex top = view->Report().TopRow();
-    Wait();
-    EXPECT_EQ(view->Report().TopRow(), top);
-}
-
-TEST_F(FileViewTest, DefaultWidthsShowATimeInAnyFont)
-{
-    const QFont before = QApplication::font();
-    for (const int points : {8, 24}) {
-        QFont font = before;
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        const CFileView list(Services());
-        const int time = QFontMetrics(font).horizontalAdvance(QStringLiteral("12/28/08 08:05 PM"));
-        EXPECT_GE(list.Report().columnWidth(kFileModified), time + 12) << points;
-    }
-    QApplication::setFont(before);
 }
 
 TEST_F(FileViewTest, AnEmptyFolderIsNotTakenForOneThatCannotBeRead)
@@ -217,82 +137,6 @@ TEST_F(FileViewTest, AnEmptyFolderIsNotTakenForOneThatCannotBeRead)
     Wait();
     EXPECT_NE(Notice(), "");
     EXPECT_TRUE(prompts.asked.empty());
-}
-
-TEST_F(FileViewTest, DrivesAreFoldersThatGoByTheirPaths)
-{
-    m_strMounts += "21 20 8:2 / /mnt/usb rw - ext4 /dev/sdb1 rw\n";
-    Make();
-    EXPECT_TRUE(view->ShowFolder(Bind("::My Computer")));
-    Wait();
-    EXPECT_EQ(Column(*view, kFileSize), Texts({"0 bytes", "0 bytes"}));
-    view->ActiveView().selectAll();
-    Texts names = view->GetSelectedNames();
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, Texts({"/", "/mnt/usb"}));
-    EXPECT_EQ(view->GetRowName(2, true), std::nullopt);
-    EXPECT_EQ(view->GetRowName(-1, true), std::nullopt);
-}
-
-// A folder whose disk does not answer until the test is over.
-class SilentFolder : public ShellFolder {
-public:
-    struct Gate {
-        std::mutex mutex;
-        std::condition_variable opened;
-        bool open = false;
-    };
-    struct Silence : ShellEnumerator {
-        explicit Silence(std::shared_ptr<Gate> at) : gate(std::move(at)) {}
-        Result<std::optional<ItemIdList>> Next() override
-        {
-            std::unique_lock lock(gate->mutex);
-            gate->opened.wait(lock, [this] { return gate->open; });
-            return std::optional<ItemIdList>();
-        }
-        Result<FindData> ReadDetails() override { return FindData(); }
-        std::shared_ptr<Gate> gate;
-    };
-
-    ~SilentFolder() override = default;
-    std::shared_ptr<Gate> gate = std::make_shared<Gate>();
-
-    void Answer() const
-    {
-        const std::lock_guard lock(gate->mutex);
-        gate->open = true;
-        gate->opened.notify_all();
-    }
-    std::unique_ptr<ShellEnumerator> EnumObjects(std::uint32_t, std::stop_token) const override
-    {
-        return std::make_unique<Silence>(gate);
-    }
-    Result<std::uint32_t> GetAttributesOf(ItemIdView, std::uint32_t) const override { return 0U; }
-    Result<std::string> GetDisplayNameOf(ItemIdView, std::uint32_t) const override
-    {
-        return std::string();
-    }
-    Result<std::shared_ptr<const ShellFolder>> BindToObject(ItemIdView) const override
-    {
-        return std::shared_ptr<const ShellFolder>();
-    }
-    Result<int> CompareIDs(ItemIdView, ItemIdView) const override { return 0; }
-    Result<ItemIdList> ParseDisplayName(std::string_view) const override { return ItemIdList(); }
-};
-
-TEST_F(FileViewTest, AFolderThatDoesNotAnswerLetsAnotherOneBeShown)
-{
-    MakeMixed();
-    const auto silent = std::make_shared<SilentFolder>();
-    EXPECT_TRUE(view->ShowFolder(silent));
-    QTest::qWait(50);
-    EXPECT_TRUE(view->IsReading());
-    EXPECT_TRUE(Names().empty());
-    EXPECT_EQ(view->cursor().shape(), Qt::WaitCursor);
-    Select("data");
-    EXPECT_EQ(Names().size(), 5U);
-    EXPECT_EQ(view->cursor().shape(), Qt::ArrowCursor);
-    silent->Answer();
 }
 
 TEST_F(FileViewTest, WarnsOfFilesAndFoldersTogetherAndDropsTheSelection)
@@ -314,16 +158,6 @@ TEST_F(FileViewTest, WarnsOfFilesAndFoldersTogetherAndDropsTheSelection)
     EXPECT_EQ(view->GetSelectedNames(), Texts({"F2"}));
 }
 
-TEST_F(FileViewTest, AClickThatReplacesTheSelectionDoesNotWarn)
-{
-    MakeMixed();
-    Click(*view, 2);
-    Click(*view, 0);
-    EXPECT_TRUE(prompts.asked.empty());
-    EXPECT_EQ(view->GetSelectedNames(), Texts({"F1"}));
-    EXPECT_EQ(view->CheckedKind(), SelectionKind::Folders);
-}
-
 TEST_F(FileViewTest, BothButtonsDragTheSelectedNamesInRowOrder)
 {
     MakeMixed();
@@ -337,14 +171,6 @@ TEST_F(FileViewTest, BothButtonsDragTheSelectedNamesInRowOrder)
     Drag(1, Qt::LeftButton);  // not selected before
     EXPECT_EQ(drags.back(), "FF2");
     EXPECT_FALSE(view->FilesSelected());
-}
-
-TEST_F(FileViewTest, DragsNoMixture)
-{
-    MakeMixed();
-    view->ActiveView().selectAll();
-    Drag(3, Qt::LeftButton);
-    EXPECT_TRUE(drags.empty());
 }
 
 TEST_F(FileViewTest, MenuStandsOnRowsOnlyAndSetsUpADelete)
@@ -378,70 +204,6 @@ TEST_F(FileViewTest, DeleteCommandNeedsFocusAndRowsOfOneKind)
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_EQ(sent.size(), 1U);
     EXPECT_EQ(prompts.asked.size(), 1U);
-}
-
-TEST_F(FileViewTest, DoubleClickOpensTheRowUnderTheMouse)
-{
-    MakeMixed();
-    Click(*view, 3);
-    DoubleClick(*view, 1);
-    EXPECT_EQ(tree.opened, Texts({"F2"}));
-    view->SetFullRow(false);
-    QWidget* viewport = view->ActiveView().viewport();
-    const QPoint size(view->Report().columnViewportPosition(1) + 5, PlaceOf(*view, 0).y());
-    QTest::mouseDClick(viewport, Qt::LeftButton, {}, size);
-    EXPECT_EQ(tree.opened.size(), 1U) << "beside the name";
-}
-
-TEST_F(FileViewTest, AColumnSortsOneWayAndTheSelectionFollows)
-{
-    WriteContent(Path("data/a"), std::string(5000, 'x'));
-    WriteContent(Path("data/b"), "");
-    Make();
-    Select("data");
-    Click(*view, 0);
-    const QHeaderView& header = *view->Report().header();
-    const QPoint size(header.sectionViewportPosition(kFileSize) + 10, header.height() / 2);
-    for (int click = 0; click < 2; ++click) {
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, size);
-        EXPECT_EQ(Names(), Texts({"b", "a"}));
-        EXPECT_EQ(view->GetSelectedNames(), Texts({"a"}));
-    }
-}
-
-TEST_F(FileViewTest, ViewsStepThroughTheCycleOnOneSelection)
-{
-    MakeMixed();
-    Click(*view, 2);
-    EXPECT_EQ(Checked(), "113");
-    for (const char* next : {"114", "110", "111", "112", "113"}) {
-        EXPECT_TRUE(view->OnCommand(CMD_VIEWS));
-        EXPECT_EQ(Checked(), next);
-        EXPECT_EQ(view->GetSelectedNames(), Texts({"a"})) << next;
-        EXPECT_TRUE(view->HasFocus()) << next;
-        Click(*view, 2);
-    }
-    EXPECT_FALSE(view->OnCommand(CMD_EDIT_ENTRY));
-}
-
-TEST_F(FileViewTest, RowDetailSurvivesARestartAndWidthsOnlyAReport)
-{
-    profile.WriteProfileInts({{Setting::FileHeader1, 0}, {Setting::FileHeader2, 88}});
-    Make();
-    EXPECT_EQ(view->Report().columnWidth(kFileSize),
-              70 * view->Report().fontMetrics().horizontalAdvance(QLatin1Char('0')) / 5);
-    EXPECT_EQ(view->Report().columnWidth(kFileType), 88);
-    view->Report().setColumnWidth(kFileType, 99);
-    view->OnCommand(CMD_VIEW_LIST);
-    view->SaveLayout();
-    EXPECT_EQ(profile.GetProfileInt(Setting::FileHeader2), 88);
-    EXPECT_EQ(profile.GetProfileInt(Setting::ViewStyle), 3);
-    view->OnCommand(CMD_VIEW_ROW_DETAIL);
-    view->SaveLayout();
-    const CFileView restarted(Services());
-    EXPECT_EQ(restarted.Report().columnWidth(kFileType), 99);
-    EXPECT_EQ(restarted.Style(), ListStyle::Report);
-    EXPECT_TRUE(restarted.GetFullRow());
 }
 
 }  // namespace

@@ -16,11 +16,13 @@
 #include <string>
 #include <vector>
 
-#include "app/window/fake_prompts.h"
 #include "panes/list_view_ex.h"
 #include "panes/pane_services.h"
-#include "platform/shell/shell_fixture.h"
+#include "support/fake_prompts.h"
+#include "support/fake_views.h"
 #include "support/scoped_variable.h"
+#include "support/shell_test.h"
+#include "support/widgets.h"
 
 namespace quorbit {
 
@@ -52,7 +54,7 @@ protected:
         list.activateWindow();
         list.setFocus();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return list.HasFocus(); }));
+        ASSERT_TRUE(Until([&] { return list.HasFocus(); }));
     }
 
     // Middle of what a row shows in its first column.

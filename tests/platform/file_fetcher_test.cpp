@@ -9,9 +9,9 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
-#include <thread>
 
 #include "support/folder_test.h"
+#include "support/wait.h"
 
 namespace quorbit {
 namespace {
@@ -37,9 +37,7 @@ protected:
     // Waits for the thread to have found so many files in memory.
     static bool Reaches(const FileFetcher& fetcher, std::size_t inVain)
     {
-        for (int i = 0; i < 2000 && fetcher.InVain() < inVain; ++i)
-            std::this_thread::sleep_for(5ms);
-        return fetcher.InVain() == inVain;
+        return Eventually([&] { return fetcher.InVain() >= inVain; }) && fetcher.InVain() == inVain;
     }
 };
 

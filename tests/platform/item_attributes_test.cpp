@@ -7,7 +7,7 @@
 
 #include <cerrno>
 
-#include "disk_test.h"
+#include "platform/disk_test.h"
 #include "platform/fat_attributes.h"
 #include "platform/word_attributes.h"
 

@@ -14,8 +14,9 @@
 #include <fstream>
 #include <thread>
 
-#include "disk_test.h"
+#include "platform/disk_test.h"
 #include "platform/file_metadata.h"
+#include "support/wait.h"
 
 namespace quorbit {
 namespace {
@@ -163,7 +164,8 @@ TEST_F(DiskTest, ACopyWaitsForAFileServerToLetGoOfTheFile)
         GTEST_SKIP() << "no leases in " << Path();
     {
         const std::jthread server([&] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            // The system marks the lease once somebody else opens the file.
+            EXPECT_TRUE(Eventually([&] { return ::fcntl(leased.Get(), F_GETLEASE) != F_WRLCK; }));
             EXPECT_EQ(::fcntl(leased.Get(), F_SETLEASE, F_UNLCK), 0);
         });
         EXPECT_TRUE(Copy("a").Ok());

@@ -8,7 +8,7 @@
 
 #include <filesystem>
 
-#include "disk_test.h"
+#include "platform/disk_test.h"
 #include "support/full_disk.h"
 
 namespace quorbit {

@@ -16,7 +16,7 @@
 #include <set>
 #include <thread>
 
-#include "disk_test.h"
+#include "platform/disk_test.h"
 #include "platform/leftover_name.h"
 #include "support/scoped_variable.h"
 

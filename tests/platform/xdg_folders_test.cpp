@@ -36,19 +36,6 @@ TEST_F(XdgFolders, FollowTheEnvironmentAndIgnoreRelativeValues)
     }
 }
 
-TEST_F(XdgFolders, FindInstalledFilesTheUsersOwnFirst)
-{
-    const ScopedVariable home("XDG_DATA_HOME", Path("own"));
-    const ScopedVariable dirs("XDG_DATA_DIRS", "rel::" + Path("none") + ":" + Path("system"));
-    EXPECT_EQ(FindDataFile("index.html"), "");
-    Write({"own/quorbit/index.html/",  // a folder is no file
-           "system/quorbit/index.html=help"});
-    EXPECT_EQ(FindDataFile("index.html"), Path("system/quorbit/index.html"));
-    std::filesystem::remove(Path("own/quorbit/index.html"));
-    Write({"own/quorbit/index.html=my help"});
-    EXPECT_EQ(FindDataFile("index.html"), Path("own/quorbit/index.html"));
-}
-
 TEST_F(XdgFolders, NewFoldersAreForTheUserAlone)
 {
     Write({"open/", "file=x"});

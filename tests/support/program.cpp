@@ -73,11 +73,12 @@ ProgramResult Program::Wait()
     ProgramResult result;
     int status = 0;
     while (waitpid(m_pid, &status, WNOHANG) == 0) {
-        if (std::chrono::steady_clock::now() >= m_deadline && !result.timedOut) {
+        const auto now = std::chrono::steady_clock::now();
+        if (now >= m_deadline && !result.timedOut) {
             result.timedOut = true;
             kill(-m_pid, SIGKILL);
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        std::this_thread::sleep_until(now + std::chrono::milliseconds(2));
     }
     m_bWaitedFor = true;
     result.endedBySignal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;

@@ -4,7 +4,6 @@
 #include "app/window/app_test.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QThread>
 #include <QTimer>
 
@@ -18,11 +17,6 @@ AppTest::AppTest()
 }
 
 AppTest::~AppTest() = default;
-
-std::string AppTest::Path(const std::string& name) const
-{
-    return folder.Path() + "/" + name;
-}
 
 void AppTest::WriteBatch(const std::string& name, const std::string& from) const
 {
@@ -71,23 +65,6 @@ int AppTest::Live()
     QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
     limit.start(30'000);
     return app->ExitInstance(QApplication::exec());
-}
-
-void AppTest::Until(const std::function<bool()>& done) const
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!done()) {
-        ASSERT_LT(clock.elapsed(), 30'000);
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-}
-
-void AppTest::Serve() const
-{
-    for (int round = 0; round < 5; ++round) {
-        QApplication::processEvents();
-    }
 }
 
 std::string AppTest::Title()

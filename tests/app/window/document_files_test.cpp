@@ -3,29 +3,20 @@
 
 #include "app/window/document_files.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "app/window/fake_prompts.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/fake_prompts.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::Test;
 
-class DocumentFilesTest : public Test {
+class DocumentFilesTest : public FolderTest {
 protected:
-    [[nodiscard]] std::string Path(const std::string& name) const
-    {
-        return folder.Path() + "/" + name;
-    }
     void WriteBatch(const std::string& name, const std::string& source) const
     {
         CDirCopy entry(source, "/to", DCF_NO_ATTRS, DCK_TYPES, 0);
@@ -53,7 +44,6 @@ protected:
         recent.clear();
     }
 
-    TempFolder folder;
     FakePrompts prompts;
     CQRBDoc doc;
     std::vector<std::string> recent;
@@ -129,7 +119,7 @@ TEST_F(DocumentFilesTest, OpensARelativePathAsAnAbsoluteOne)
 {
     WriteBatch("a.qrb", "/from");
     const fs::path before = fs::current_path();
-    fs::current_path(folder.Path());
+    fs::current_path(Path());
     const bool opened = files.OpenDocumentFile("./a.qrb");
     const std::string expected = fs::current_path().string() + "/a.qrb";
     fs::current_path(before);
@@ -169,7 +159,7 @@ TEST_F(DocumentFilesTest, KeepsItsNameIfItCannotBeSavedUnderANewOne)
 
     EXPECT_FALSE(files.DoSaveAs());
 
-    EXPECT_EQ(prompts.fileQuestions[0].folder, folder.Path());
+    EXPECT_EQ(prompts.fileQuestions[0].folder, Path());
     EXPECT_EQ(prompts.fileQuestions[0].name, "a.qrb");
     EXPECT_EQ(files.PathName(), Path("a.qrb"));
     EXPECT_TRUE(doc.IsModified());

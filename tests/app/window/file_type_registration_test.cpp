@@ -3,14 +3,10 @@
 
 #include "app/window/file_type_registration.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
@@ -18,12 +14,8 @@ namespace {
 constexpr const char* kEntry = "applications/org.example.Quorbit.desktop";
 constexpr const char* kMime = "mime/packages/org.example.Quorbit.xml";
 
-class FileTypeRegistrationTest : public testing::Test {
+class FileTypeRegistrationTest : public FolderTest {
 protected:
-    [[nodiscard]] std::string Path(const std::string& name) const
-    {
-        return folder.Path() + "/" + name;
-    }
     void Register(const std::string& program)
     {
         started.clear();
@@ -47,7 +39,6 @@ protected:
                                        : text.substr(at + 1, text.find('\n', at + 1) - at - 1);
     }
 
-    TempFolder folder;
     std::vector<std::string> started;
 };
 
@@ -73,18 +64,10 @@ TEST_F(FileTypeRegistrationTest, LaysDownEntryAndTypeOnceAndThenAgainOnlyForAnot
     EXPECT_EQ(started, entryUpdate);
 }
 
-TEST_F(FileTypeRegistrationTest, LeavesADesktopAloneWhereTheProgramIsInstalledForAll)
-{
-    WriteTree(folder.Path(), {std::string("system2/") + kEntry + "=[Desktop Entry]"});
-    Register("/opt/quorbit");
-    EXPECT_EQ(ReadTree(folder.Path()).size(), 3U);
-    EXPECT_TRUE(started.empty());
-}
-
 TEST_F(FileTypeRegistrationTest, TakesBackItsOwnEntryOnceTheProgramIsInstalledForAll)
 {
     Register("/build of mine/quorbit");
-    WriteTree(folder.Path(), {std::string("system1/") + kEntry + "=[Desktop Entry]"});
+    Write({std::string("system1/") + kEntry + "=[Desktop Entry]"});
     Register("/usr/bin/quorbit");
     EXPECT_FALSE(Exists(std::string("data/") + kEntry));
     EXPECT_FALSE(Exists(std::string("data/") + kMime));
@@ -97,7 +80,7 @@ TEST_F(FileTypeRegistrationTest, KeepsAnEntryThatTheUserChangedBesideTheInstalle
 {
     Register("/opt/quorbit");
     const std::string entry = ContentOf(Path("data/") + kEntry);
-    WriteTree(folder.Path(), {std::string("system1/") + kEntry + "=[Desktop Entry]"});
+    Write({std::string("system1/") + kEntry + "=[Desktop Entry]"});
     const std::size_t name = entry.find("Name=Quorbit");
     for (const std::string& changed :
          {entry + "Hidden=true\n", entry.substr(0, name) + "Name=Mine" + entry.substr(name + 12),
@@ -107,58 +90,6 @@ TEST_F(FileTypeRegistrationTest, KeepsAnEntryThatTheUserChangedBesideTheInstalle
         Register("/usr/bin/quorbit");
         EXPECT_TRUE(Exists(std::string("data/") + kEntry)) << changed;
     }
-}
-
-TEST_F(FileTypeRegistrationTest, GivesUpSilentlyWhereItMayNotWrite)
-{
-    WriteContent(Path("data"), "a file in the place of the folder");
-    Register("/opt/quorbit");
-    EXPECT_TRUE(started.empty());
-    EXPECT_EQ(ReadTree(folder.Path()).size(), 1U);
-}
-
-// Read back as the Desktop Entry Specification tells: the escapes of the value first, then those of
-// the quoted argument, then the field codes.
-std::string ReadExecArgument(const std::string& value)
-{
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        text += value[i] == '\\' ? value.at(++i) : value[i];
-    }
-    std::string argument;
-    for (std::size_t i = 1; i + 1 < text.size(); ++i) {
-        if (text[i] == '\\' || text[i] == '%') {
-            ++i;
-        }
-        argument += text.at(i);
-    }
-    return argument;
-}
-
-TEST_F(FileTypeRegistrationTest, QuotesAnyPath)
-{
-    for (const char* path : {"/opt/quorbit", "/my programs/quorbit", "/a\\b", "/100%f/$HOME/`x`",
-                             "/say \"hi\"", "/\xFF"}) {
-        EXPECT_EQ(ReadExecArgument(ExecArgument(path)), path) << ExecArgument(path);
-    }
-}
-
-TEST_F(FileTypeRegistrationTest, StoresTheOpenCommandOnlyWhereItDiffers)
-{
-    const SettingsStore store(Path("filetypes.ini"));
-    const SettingsStores stores{SettingsStore({}), SettingsStore({}), store};
-    const std::string command = R"(QRB.Document\shell\open\command)";
-    RegisterShellFileTypes(stores, "/opt/quorbit");
-    EXPECT_EQ(*store.ReadText(command, {}), R"(/opt/quorbit "%1" "%2")");
-    EXPECT_EQ(*store.ReadText(".qrb", {}), "QRB.Document");
-    EXPECT_EQ(*store.ReadText("QRB.Document", {}), "QRB Document");
-
-    const auto before = ReadTreeWithDetails(folder.Path());
-    RegisterShellFileTypes(stores, "/opt/quorbit");
-    EXPECT_EQ(ReadTreeWithDetails(folder.Path()), before);
-
-    RegisterShellFileTypes(stores, "/my programs/quorbit");
-    EXPECT_EQ(*store.ReadText(command, {}), R"("/my programs/quorbit" "%1" "%2")");
 }
 
 }  // namespace

@@ -7,19 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
-#include <QComboBox>
 #include <QDirIterator>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QToolBar>
-#include <QToolButton>
-#include <map>
 #include <set>
 
 #include "app/window/app_test.h"
@@ -74,24 +62,6 @@ protected:
         return all;
     }
 
-    // What a person can use or read a value from.
-    static bool IsControl(const QWidget& widget)
-    {
-        return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
-               qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
-               qobject_cast<const QComboBox*>(&widget) != nullptr ||
-               qobject_cast<const QLineEdit*>(&widget) != nullptr ||
-               qobject_cast<const QPlainTextEdit*>(&widget) != nullptr ||
-               qobject_cast<const QProgressBar*>(&widget) != nullptr ||
-               widget.objectName().startsWith(u"m_stc");
-    }
-    static std::string NameOf(const QWidget& window, const QWidget& widget)
-    {
-        return (window.windowTitle() + QStringLiteral(": ") +
-                QLatin1String(widget.metaObject()->className()) + u' ' + widget.objectName() +
-                u' ' + widget.accessibleName())
-            .toStdString();
-    }
     static void Collect(const QObject& root, std::set<int>& topics)
     {
         topics.insert(HelpTopicOf(root));
@@ -104,45 +74,6 @@ protected:
     DialogServices services;
     OptionSources sources;
 };
-
-TEST_F(HelpTopicsTest, EveryControlOfEveryDialogHasATopicAndEveryTitleBarItsQuestionMark)
-{
-    for (const auto& dialog : Dialogs()) {
-        EXPECT_TRUE(dialog->windowFlags().testFlag(Qt::WindowContextHelpButtonHint))
-            << dialog->windowTitle().toStdString();
-        int controls = 0;
-        for (const QWidget* widget : dialog->findChildren<QWidget*>()) {
-            if (IsControl(*widget) && widget->window() == dialog.get()) {
-                ++controls;
-                EXPECT_NE(HelpTopicAt(widget), kTopicNone) << NameOf(*dialog, *widget);
-            }
-        }
-        EXPECT_GT(controls, 3) << dialog->windowTitle().toStdString();
-    }
-}
-
-TEST_F(HelpTopicsTest, EveryButtonAndMenuItemOfTheMainWindowHasOne)
-{
-    SetUpProgram();
-    Start();
-    int items = 0;
-    for (const QAction* title : Frame().menuBar()->actions()) {
-        for (const QAction* action : title->menu()->actions()) {
-            items += action->isSeparator() ? 0 : 1;
-            EXPECT_EQ(HelpTopicOf(*action) == kTopicNone, action->isSeparator())
-                << action->text().toStdString();
-        }
-    }
-    EXPECT_GT(items, 20);
-    for (const auto* button : Frame().findChild<QToolBar*>()->findChildren<QToolButton*>()) {
-        if (button->defaultAction() != nullptr) {
-            EXPECT_NE(HelpTopicAt(button), kTopicNone) << button->text().toStdString();
-        }
-    }
-    for (const auto* pane : Frame().findChildren<QAbstractItemView*>()) {
-        EXPECT_NE(HelpTopicAt(pane), kTopicNone) << pane->accessibleName().toStdString();
-    }
-}
 
 // What no control asks for would never be read, and what has no page leaves F1 without an answer.
 TEST_F(HelpTopicsTest, PagesAndControlsAskForTheSameNumbers)
@@ -165,33 +96,6 @@ TEST_F(HelpTopicsTest, PagesAndControlsAskForTheSameNumbers)
         pages.insert(files.fileInfo().baseName().toInt());
     }
     EXPECT_EQ(asked, pages);
-}
-
-TEST_F(HelpTopicsTest, TheOptionsDialogAsksForTheNumbersThatAnInstalledHelpKnows)
-{
-    COptionsDlg dialog(services, sources, nullptr);
-    std::map<std::string, int> asked;
-    for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
-        if (const int topic = HelpTopicOf(*widget)) {
-            const auto* button = qobject_cast<const QAbstractButton*>(widget);
-            const auto* label = qobject_cast<const QLabel*>(widget);
-            const QString text = button != nullptr  ? button->text()
-                                 : label != nullptr ? label->text()
-                                                    : widget->accessibleName();
-            asked[text.toStdString()] = topic;
-        }
-    }
-    const std::map<std::string, int> given{
-        {"Log file path", 70},
-        {"Refresh views after running a qrb file.", 29},
-        {"Suppress error message boxes while running qrb file.", 71},
-        {"Text editor for log file:  Notepad.exe", 79},
-        {"Qrb file folder", 105},
-        {"...", 106},
-        {"OK", kTopicOk},
-        {"Cancel", kTopicCancel},
-    };
-    EXPECT_EQ(asked, given);
 }
 
 }  // namespace

@@ -3,34 +3,22 @@
 
 #include "engine/dialog/dialog_test.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QThread>
 #include <cerrno>
 
 namespace quorbit {
 
-PromptAnswer ScriptedPrompts::Ask(const std::string& text, const std::string& caption,
-                                  PromptIcon icon, PromptButtons buttons)
-{
-    boxes.push_back({text, caption, icon, buttons});
-    if (whileOpen)
-        whileOpen();
-    return buttons == PromptButtons::Ok ? PromptAnswer::Ok : answer;
-}
-
 DialogTest::DialogTest()
 {
     Write({"logs/"});
-    m_doc.m_strFilePath = In("nightly.qrb");
-    m_strLog = In("logs/nightly.log");
+    m_doc.m_strFilePath = Path("nightly.qrb");
+    m_strLog = Path("logs/nightly.log");
     m_services.pFiles = &m_files;
     m_services.pProcesses = &m_processes;
     m_services.pPrompts = &m_prompts;
     m_services.pTextEditor = &m_editor;
     m_services.bSyncAtEnd = false;
     m_services.readOptFlags = [] { return 0U; };
-    m_services.installPath = [this] { return In("logs/"); };
+    m_services.installPath = [this] { return Path("logs/"); };
     m_services.storeLogPath = [this](const std::string& path) {
         m_storedLogPath = path;
         return true;
@@ -56,8 +44,8 @@ DialogTest::~DialogTest()
 
 CDirCopy& DialogTest::AddCopy(std::uint32_t flags)
 {
-    CDirCopy entry(In("from"), In("to"), DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_NO_ATTRS | flags,
-                   DCK_TYPES, 1);
+    CDirCopy entry(Path("from"), Path("to"),
+                   DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_NO_ATTRS | flags, DCK_TYPES, 1);
     entry.m_listItems = {"*.*"};
     return m_doc.m_arrEntries.emplace_back(std::move(entry));
 }
@@ -80,37 +68,19 @@ void DialogTest::Open()
     m_pDialog->show();
 }
 
-void DialogTest::Until(const std::function<bool()>& done)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < 30'000) {
-        QCoreApplication::processEvents();
-        QThread::msleep(1);
-    }
-    ASSERT_TRUE(done());
-}
-
 void DialogTest::UntilReached(Gate& gate)
 {
-    Until([&] { return gate.Reached(); });
-    Wait(std::chrono::milliseconds(100));  // twice the time between two looks of the dialog
-}
-
-void DialogTest::Wait(std::chrono::milliseconds time)
-{
-    const auto end = std::chrono::steady_clock::now() + time;
-    Until([&] { return std::chrono::steady_clock::now() > end; });
+    ASSERT_TRUE(Until([&] { return gate.Reached(); }));
 }
 
 void DialogTest::UntilEnded()
 {
-    Until([this] { return Text("m_btnCancel") == "OK"; });
+    ASSERT_TRUE(Until([this] { return Text("m_btnCancel") == "OK"; }));
 }
 
 void DialogTest::UntilClosed()
 {
-    Until([this] { return !m_pDialog->isVisible(); });
+    ASSERT_TRUE(Until([this] { return !m_pDialog->isVisible(); }));
 }
 
 void DialogTest::RunAndClose()

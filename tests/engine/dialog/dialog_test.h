@@ -8,7 +8,6 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,46 +17,15 @@
 #include "platform/posix_file_system.h"
 #include "platform/posix_process_runner.h"
 #include "support/failing_file_system.h"
-#include "support/temp_folder.h"
-#include "support/tree.h"
+#include "support/fake_editor.h"
+#include "support/fake_prompts.h"
+#include "support/folder_test.h"
+#include "support/widgets.h"
 
 namespace quorbit {
 
-// Answers boxes without showing any.
-class ScriptedPrompts : public Prompts {
-public:
-    struct Box {
-        std::string text;
-        std::string caption;
-        PromptIcon icon;
-        PromptButtons buttons;
-        bool operator==(const Box&) const = default;
-    };
-
-    std::vector<Box> boxes;
-    PromptAnswer answer = PromptAnswer::No;  // to every question
-    std::function<void()> whileOpen;         // may be null
-
-    PromptAnswer Ask(const std::string& text, const std::string& caption, PromptIcon icon,
-                     PromptButtons buttons) override;
-    std::optional<std::string> AskOpenFile(const FileQuestion&) override { return {}; }
-    std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
-};
-
-using Boxes = std::vector<ScriptedPrompts::Box>;
+using Boxes = std::vector<FakePrompts::Box>;
 using Lines = std::vector<std::string>;
-
-class RecordingEditor : public TextEditor {
-public:
-    std::vector<std::string> opened;
-    EditorStart result = EditorStart::Started;
-
-    EditorStart Open(const std::string& path) override
-    {
-        opened.push_back(path);
-        return result;
-    }
-};
 
 // Holds the worker at a place until it is opened.
 class Gate {
@@ -79,16 +47,11 @@ private:
     std::atomic<bool> m_bOpen = false;
 };
 
-class DialogTest : public testing::Test {
+class DialogTest : public FolderTest {
 protected:
     DialogTest();
     ~DialogTest() override;
 
-    void Write(const TreeLines& items) { WriteTree(m_temp.Path(), items); }
-    [[nodiscard]] std::string In(const std::string& name) const
-    {
-        return m_temp.Path() + "/" + name;
-    }
     // An entry that copies all of "from" to "to", with further flags.
     CDirCopy& AddCopy(std::uint32_t flags = 0);
     // The worker stops at the number-th call of a kind.
@@ -98,13 +61,9 @@ protected:
 
     // Shows the dialog; the run begins when events are served.
     void Open();
-    // Serves events until it is so; a failure if it takes half a minute.
-    void Until(const std::function<bool()>& done);
     void UntilReached(Gate& gate);
     void UntilEnded();   // the Cancel button reads "OK"
     void UntilClosed();  // the dialog has closed itself
-    // Serves events for some time.
-    void Wait(std::chrono::milliseconds time);
     // A whole run up to its end, OK pressed.
     void RunAndClose();
 
@@ -113,12 +72,11 @@ protected:
     [[nodiscard]] bool Enabled(const char* button) const;
     [[nodiscard]] std::string Log() const { return ContentOf(m_strLog); }
 
-    TempFolder m_temp;
     PosixFileSystem m_disk;
     FailingFileSystem m_files{m_disk};
     PosixProcessRunner m_processes{0};
-    ScriptedPrompts m_prompts;
-    RecordingEditor m_editor;
+    FakePrompts m_prompts;
+    FakeEditor m_editor;
     CQRBDoc m_doc;
     ProgressServices m_services;
     std::string m_strLog;  // path of the log

@@ -158,11 +158,11 @@ TEST_F(ProgressDialogEndTest, ClosingInTheLastStepsOfTheWorkerIsSafe)
         m_prompts.boxes.clear();
         m_told.clear();
         Open();
-        Until([this] { return g_bStopRun != 0; });
-        Until([this] {
+        ASSERT_TRUE(Until([this] { return g_bStopRun != 0; }));
+        ASSERT_TRUE(Until([this] {
             m_pDialog->reject();  // again and again, as early as it takes
             return !m_pDialog->isVisible();
-        });
+        }));
         EXPECT_EQ(m_prompts.boxes.size(), stopped ? 2U : 0U);
         EXPECT_EQ(m_told, stopped ? (Lines{"exit code 1", "exit"}) : Lines{"exit"});
         EXPECT_EQ(m_closed, round + 1);
@@ -178,7 +178,7 @@ TEST_F(ProgressDialogEndTest, AWindowThatIsDestroyedTakesItsRunAlong)
     FailCopy(1);
     m_prompts.whileOpen = [this] { m_pDialog.reset(); };
     Open();
-    Until([this] { return !m_pDialog; });
+    ASSERT_TRUE(Until([this] { return !m_pDialog; }));
     EXPECT_EQ(m_prompts.boxes.size(), 1U);
     EXPECT_EQ(m_closed, 1);
     EXPECT_EQ(g_bStopRun + g_bRunStarted, 0);

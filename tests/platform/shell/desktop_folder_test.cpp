@@ -4,7 +4,7 @@
 #include "platform/shell/desktop_folder.h"
 
 #include "platform/shell/item_id_content.h"
-#include "shell_fixture.h"
+#include "support/shell_test.h"
 
 namespace quorbit {
 namespace {
@@ -16,23 +16,6 @@ constexpr std::uint32_t kPlace = SFGAO_FOLDER | SFGAO_FILESYSANCESTOR;
 
 class DesktopFolderTest : public ShellTest {};
 
-TEST_F(DesktopFolderTest, BeginsWithTheComputerAndTheNetworkWhateverFollows)
-{
-    EXPECT_THAT(Names(*Desktop()), ElementsAre("My Computer", "Network Neighborhood"));
-    Write({"Desktop/a folder/", "Desktop/note.txt=1", "Desktop/.hidden="});
-    const auto desktop = Desktop();
-    const auto names = Names(*desktop, SHCONTF_FOLDERS | SHCONTF_NONFOLDERS);
-    ASSERT_EQ(names.size(), 4U);
-    EXPECT_EQ(names[0] + names[1], "My ComputerNetwork Neighborhood");
-    EXPECT_THAT(Names(*desktop, SHCONTF_NONFOLDERS), ElementsAre("note.txt"));
-    EXPECT_EQ(AttributesOf(*desktop, "My Computer"), kPlace | SFGAO_HASSUBFOLDER);
-    EXPECT_EQ(AttributesOf(*desktop, "Network Neighborhood"), kPlace) << "nothing in it";
-    m_strDesktop = Path("Desktop/note.txt");
-    const auto items = Desktop()->EnumObjects(kEverything, {});
-    EXPECT_TRUE(items->Next().Ok() && items->Next().Ok());
-    EXPECT_EQ(KindOf(items->Next()), ErrorKind::NotAFolder);
-}
-
 TEST_F(DesktopFolderTest, ListsDrivesThatAreNotThere)
 {
     m_strMounts += "30 20 0:40 / /no/such/mount rw - nfs4 dead:/x rw\n";
@@ -42,23 +25,6 @@ TEST_F(DesktopFolderTest, ListsDrivesThatAreNotThere)
     const auto dead = computer->BindToObject(IdOf(*computer, "x on dead (/no/such/mount)"));
     ASSERT_TRUE(dead.Ok()) << "only reading it touches it";
     EXPECT_EQ(KindOf((*dead)->EnumObjects(kEverything, {})->Next()), ErrorKind::Missing);
-}
-
-TEST_F(DesktopFolderTest, NetworkHoldsNetworkDrivesAndTheUsersPlaces)
-{
-    const std::string place = "gvfs/smb-share:server=nas,share=docs";
-    std::filesystem::create_directories(Path(place + "/sub"));
-    m_strMounts += "30 20 0:40 / /mnt/x rw - nfs4 nas:/x rw\n41 20 0:38 / " + Path("gvfs") +
-                   " rw - fuse.gvfsd-fuse x rw,user_id=" + std::to_string(::getuid()) + "\n";
-    const auto network = Bind("::Network Neighborhood");
-    EXPECT_THAT(Names(*network), ElementsAre("x on nas (/mnt/x)", "docs on nas"));
-    EXPECT_NE(AttributesOf(*Desktop(), "Network Neighborhood") & SFGAO_HASSUBFOLDER, 0U);
-    EXPECT_THAT(Names(**network->BindToObject(IdOf(*network, "docs on nas")), kEverything,
-                      SHGDN_FORPARSING),
-                ElementsAre(Path(place + "/sub/")));
-    EXPECT_EQ(ReadItemId(*Desktop()->ParseDisplayName(Path(place + "/sub/")))->kind,
-              ShellItemKind::Network)
-        << "not by way of the root folder";
 }
 
 TEST_F(DesktopFolderTest, ResolvesNamesByTheInnermostVolumeAndRefusesThoseThatNameNothing)
@@ -151,34 +117,6 @@ TEST_F(DesktopFolderTest, RefusesIdsThatAreNotItsOwn)
     }
     EXPECT_EQ(KindOf(folder->BindToObject(MakeItemId({File, 0, "a", {}}))), ErrorKind::NotAFolder);
     EXPECT_TRUE(MakeItemId({File, 0, std::string(70'000, 'a'), {}}).IsNull());
-}
-
-TEST_F(DesktopFolderTest, SortsAsAPersonDoesAndOnlyOneAndTheSameNameIsEqual)
-{
-    using enum ShellItemKind;
-    const std::vector<ItemIdContent> sorted = {
-        {Computer, 0, {}, {}},   {Network, 0, {}, {}},      {Volume, 0, "/", "z"},
-        {Volume, 0, "/b/", "a"}, {Folder, 0, "B10", {}},    {Folder, 1, "c", {}},
-        {File, 0, "a2", {}},     {File, 0, "A10", {}},      {Link, 0, "a10", {}},
-        {File, 0, "B", {}},      {File, 0, "\xC3\xA9", {}}, {Special, 0, "f", {}}};
-    for (std::size_t i = 0; i < sorted.size(); ++i)
-        for (std::size_t j = 0; j < sorted.size(); ++j)
-            EXPECT_TRUE((*Desktop()->CompareIDs(MakeItemId(sorted[i]), MakeItemId(sorted[j])) <=>
-                         0) == (i <=> j))
-                << i << " " << j;
-    // All of them alike to a reader, or not to be read at all.
-    const std::vector<std::string> names = {
-        "a",    "A",    "\xC3\xA9",     "e\xCC\x81", "01",    "1",           "001",
-        "\xFF", "\xFE", "\xEF\xBF\xBD", "a\x01",     "a\x02", "\xE2\x80\x8B"};
-    const NameOrder order;
-    for (const std::string& a : names)
-        for (const std::string& b : names) {
-            EXPECT_EQ(order.Compare(a, b) == 0, a == b);
-            EXPECT_EQ(order.Compare(a, b) < 0, order.Compare(b, a) > 0);
-            for (const std::string& c : names)
-                EXPECT_FALSE(order.Compare(a, b) < 0 && order.Compare(b, c) < 0 &&
-                             order.Compare(a, c) >= 0);
-        }
 }
 
 }  // namespace

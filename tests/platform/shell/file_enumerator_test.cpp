@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "shell_fixture.h"
+#include "support/shell_test.h"
 
 namespace quorbit {
 namespace {
@@ -46,16 +46,6 @@ TEST_F(FileEnumeratorTest, FoldersThatVanishOrAreSwappedShowAtTheFirstItem)
     EXPECT_EQ(KindOf(swapped->EnumObjects(kEverything, {})->Next()), ErrorKind::NotAFolder);
     const auto next = walk->Next();
     EXPECT_FALSE(next.Ok() && next->has_value()) << "the folder that was opened has no more items";
-}
-
-TEST_F(FileEnumeratorTest, AStopEndsTheWalk)
-{
-    Write({"a=", "b="});
-    std::stop_source stop;
-    const auto items = BindTemp()->EnumObjects(kEverything, stop.get_token());
-    ASSERT_TRUE(items->Next()->has_value());
-    stop.request_stop();
-    EXPECT_FALSE(items->Next()->has_value());
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 
 #include <atomic>
 #include <chrono>
-#include <thread>
 
-#include "dead_mount.h"
 #include "platform/mount_table.h"
-#include "shell_fixture.h"
+#include "support/dead_mount.h"
+#include "support/shell_test.h"
+#include "support/wait.h"
 
 namespace quorbit {
 namespace {
@@ -26,17 +26,6 @@ std::vector<std::string> NamesOf(const FolderBatch& batch)
     for (const FolderItem& item : batch.items)
         names.push_back(item.name);
     return names;
-}
-
-template <class Condition>
-bool Eventually(Condition condition)
-{
-    for (const auto end = Clock::now() + kLong; Clock::now() < end;) {
-        if (condition())
-            return true;
-        std::this_thread::sleep_for(1ms);
-    }
-    return false;
 }
 
 class FolderReaderTest : public ShellTest {};
@@ -102,22 +91,6 @@ TEST_F(FolderReaderTest, LeavesAThreadThatHangsBehindAndHearsNoMoreOfIt)
     gate->notify_all();
     EXPECT_TRUE(Eventually([&] { return watch.expired(); })) << "it ends as soon as it can";
     EXPECT_EQ(news, newsBefore) << "and tells nobody";
-}
-
-TEST_F(FolderReaderTest, AHugeFolderGivesItsFirstItemsLongBeforeItsLast)
-{
-    constexpr std::size_t kFiles = 100'000;
-    Write({"huge/", "one=", "two="});
-    // Second names of two files are made faster than files; a file cannot have so many.
-    for (std::size_t i = 0; i < kFiles; ++i)
-        std::filesystem::create_hard_link(Path(i % 2 == 0 ? "one" : "two"),
-                                          Path("huge/file" + std::to_string(i) + ".dat"));
-    FolderReader reader(BindTemp("huge"), {kEverything, 0xF0000170, true, true});
-    FolderBatch batch;
-    ASSERT_TRUE(Eventually([&] { return !(batch = reader.Take()).items.empty(); }));
-    EXPECT_FALSE(batch.ended);
-    EXPECT_TRUE(reader.WaitForEnd(120s));
-    EXPECT_EQ(batch.items.size() + reader.Take().items.size(), kFiles);
 }
 
 TEST_F(FolderReaderTest, ADeadServerHoldsUpNothingButItsOwnFolder)

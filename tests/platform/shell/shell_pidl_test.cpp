@@ -4,7 +4,7 @@
 #include "platform/shell/shell_pidl.h"
 
 #include "platform/shell/shell_list_item.h"
-#include "shell_fixture.h"
+#include "support/shell_test.h"
 
 namespace quorbit {
 namespace {

@@ -4,9 +4,13 @@
 #include "platform/shell/volume_list.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
 
 #include "platform/shell/gvfs_name.h"
-#include "support/folder_test.h"
 
 namespace quorbit {
 namespace {
@@ -56,25 +60,6 @@ TEST(VolumeList, OfADesktopMachineHoldsWhatAPersonCallsADrive)
                     "R STICK (/media/me/STICK)", "R My Disk (/run/media/me/My Disk)"));
 }
 
-TEST(VolumeList, NamesSharesAfterTheirServers)
-{
-    EXPECT_THAT(Listed(kRoot + "40 20 0:40 / /mnt/a rw - cifs //nas/docs rw\n"
-                               "41 20 0:41 / /mnt/b rw - nfs4 nas:/export/music rw\n"
-                               "42 20 0:42 / /mnt/c rw - nfs [fe80::1]:/v rw\n"
-                               "43 20 0:43 / /mnt/d rw - fuse.sshfs me@host:pictures rw\n"
-                               "44 20 0:44 / /mnt/e rw - fuse.sshfs me@host: rw\n"
-                               "45 20 0:45 / /mnt/f rw - davfs https://cloud.example/dav rw\n"
-                               "46 20 0:46 / /mnt/g rw - virtiofs hostshare rw\n"
-                               "47 20 0:47 / /mnt/h rw - autofs systemd-1 rw,fd=41,direct\n"
-                               "48 20 0:48 / /net rw - autofs /etc/auto.net rw,indirect\n"
-                               "49 20 0:49 / /mnt/i rw - nfs4 nas:/ rw\n"
-                               "50 20 0:50 / /mnt/j rw - smb3 //nas/sha\\012re/ rw\n"),
-                ElementsAre("F root (/)", "n docs on nas (/mnt/a)", "n music on nas (/mnt/b)",
-                            "n v on [fe80::1] (/mnt/c)", "n pictures on host (/mnt/d)",
-                            "n host (/mnt/e)", "n dav on cloud.example (/mnt/f)", "n g (/mnt/g)",
-                            "F h (/mnt/h)", "n nas (/mnt/i)", "n sha\\x0Are on nas (/mnt/j)"));
-}
-
 TEST(VolumeList, ShowsEachContentOnceAndSubvolumesAndSharesForThemselves)
 {
     EXPECT_THAT(Listed(kRoot + "30 20 8:2 /home /home rw - ext4 /dev/sda2 rw\n"
@@ -107,21 +92,6 @@ TEST(VolumeList, ShowsEachContentOnceAndSubvolumesAndSharesForThemselves)
         << "a container";
 }
 
-class VolumeLabelTest : public FolderTest {};
-
-TEST_F(VolumeLabelTest, CallsAFileSystemByItsLabel)
-{
-    const std::string devices = Path() + "/";
-    Write({"sdb1=", "dm-0=", "mapper/vault->../dm-0", "disk/by-label/Old\\x20Photos->../../sdb1",
-           "disk/by-label/safe\\x->../../dm-0", "disk/by-label/gone->../../sdz9"});
-    EXPECT_THAT(
-        Listed(kRoot + "30 20 8:17 / /mnt/usb rw - ext4 " + devices + "sdb1 rw\n" +
-                   "31 20 253:0 / /mnt/v rw - ext4 " + devices + "mapper/vault rw\n" +
-                   "32 20 8:33 / /mnt/w rw - ext4 " + devices + "sdc1 rw\n",
-               {}, devices),
-        ElementsAre("F root (/)", "F Old Photos (/mnt/usb)", "F safe\\x (/mnt/v)", "F w (/mnt/w)"));
-}
-
 TEST(VolumeList, HoldsARootFolderInAnyCaseAndMappedDrivesWithTheirLetters)
 {
     EXPECT_THAT(Listed(""), ElementsAre("F root (/)"));
@@ -143,21 +113,6 @@ TEST(GvfsFolders, AreThoseOfTheUserWhoAsks)
         ours + "9,group_id=0\n");
     EXPECT_THAT(ListGvfsFolders(mounts), ElementsAre("/run/user/1/gvfs"));
     EXPECT_THAT(ListGvfsFolders({}), IsEmpty());
-}
-
-TEST(GvfsName, TellsShareAndServer)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"smb-share:port=4450,server=127.0.0.1,share=s", "s on 127.0.0.1"},
-        {"smb-share:server=nas,share=my%20docs,user=me", "my docs on nas"},
-        {"sftp:host=example.org,user=me", "example.org"},
-        {"dav:host=cloud.example,ssl=true,prefix=%2Fremote.php%2Fdav", "dav on cloud.example"},
-        {"smb-share:server=nas,share=a%0Ab", "a\\x0Ab on nas"},
-        {"mtp:", "mtp:"},
-        {"something", "something"},
-        {"bad\xFF", "bad\\xFF"}};
-    for (const auto& [name, label] : cases)
-        EXPECT_EQ(GvfsLabel(name), label);
 }
 
 }  // namespace
