@@ -2,10 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
 
-# What the commands of the repository share; sourced by ./run, ./test, ./lint, ./bench and .ci/run.
-# The caller has set `root` to the folder of the repository.
+# Shared by the scripts of the repository, which source this file after setting `root` to the top of the repository.
 
-# Debian packages by purpose. `lint_packages` and the rest come on top of `build_packages`.
+# Debian packages by purpose; all others come on top of `build_packages`.
 # shellcheck disable=SC2034
 {
     build_packages=(cmake g++ libqt6svg6 ninja-build qt6-base-dev)
@@ -17,27 +16,33 @@
     screenshot_packages=(fonts-dejavu-core imagemagick openbox pngquant qt6-gtk-platformtheme x11-utils xdotool xvfb)
 }
 
-: "${root:?the caller sets it}"
+: "${root:?must be set by the caller}"
+
+# Moves settings, logs and caches of the programs that are started from here into a folder.
+use_xdg_folders() # FOLDER
+{
+    export XDG_CONFIG_HOME=$1/config XDG_STATE_HOME=$1/state XDG_DATA_HOME=$1/data XDG_CACHE_HOME=$1/cache
+}
 
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
-# Runs a command with its output in a log; shows the log only if the command fails.
+# Runs a command with its output going to a log. If the command fails, prints the log and exits.
 quietly() # LOG COMMAND...
 {
     local log=$1
     shift
     if ! "$@" >"$log" 2>&1; then
         cat "$log" >&2
-        die "this failed: $* (output above, also in $log)"
+        die "command failed: $* (output above, also in $log)"
     fi
 }
 
-# Installs the packages that are missing. Takes no time, and no rights, when there are none.
+# Installs missing packages. Needs neither time nor root if none are missing.
 install_packages() # PACKAGE...
 {
     if ! command -v dpkg-query >/dev/null; then
-        say "This is not a Debian system; the build expects what these packages hold: $*"
+        say "Not a Debian system; make sure that the equivalents of these packages are installed: $*"
         return
     fi
     local installed package missing=() as_root=()
@@ -50,7 +55,7 @@ install_packages() # PACKAGE...
 
     if [[ $EUID -ne 0 ]]; then
         command -v sudo >/dev/null ||
-            die "packages are missing and there is no sudo; as root: apt-get install ${missing[*]}"
+            die "missing packages and no sudo; run as root: apt-get install ${missing[*]}"
         as_root=(sudo)
     fi
     say "Installing ${missing[*]}"
@@ -60,8 +65,8 @@ install_packages() # PACKAGE...
     quietly "$root/build/packages.log" "${as_root[@]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
 }
 
-# Configures build/PRESET where that is needed: the first time, after a change of the presets, and in a copy of the
-# repository that brought along the build folder of the original. Everything else the build sees for itself.
+# Configures build/PRESET if needed: the first time, after a change of the presets, and if the build folder was copied
+# along with the repository. Ninja reruns CMake itself in all other cases.
 configure() # PRESET
 {
     local preset=$1 folder=$root/build/$1 fresh=()
@@ -75,12 +80,12 @@ configure() # PRESET
     quietly "$root/build/$preset.log" cmake -S "$root" --preset "$preset" "${fresh[@]}"
 }
 
-# Brings targets of build/PRESET up to date.
+# Builds targets in build/PRESET.
 build() # PRESET TARGET...
 {
     local preset=$1
     shift
-    [[ -f $root/build/$preset/build.ninja ]] || say "Building $preset; the first time this takes a while"
+    [[ -f $root/build/$preset/build.ninja ]] || say "Building the preset $preset; the first build takes several minutes"
     configure "$preset"
     quietly "$root/build/$preset.log" cmake --build "$root/build/$preset" --target "$@"
 }
