@@ -40,7 +40,7 @@ std::string EntryText(const std::string& program)
            "Version=1.0\n"
            "Name=Quorbit\n"
            "GenericName=Batch File Operations\n"
-           "Comment=Copies, syncs, backs up and deletes files by batch files\n" +
+           "Comment=Copy, sync, back up and delete files with batch files\n" +
            ("Exec=" + ExecArgument(program)) +
            " %f\n"
            "Terminal=false\n"
