@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The topics of the help by number. Each is a page of its own, docs/help/topics/NUMBER.html, and a
-// number that was given once keeps its meaning: an installed help may be older than the program.
+// The help topics by number. Each is a section of docs/help/controls.html with the number as its
+// anchor. Numbers keep their meaning, since an installed help may be older than the program.
 
 #pragma once
 

@@ -139,7 +139,7 @@ void HelpKeys::OnEnterQuestions(const QObject& window) const
 bool HelpKeys::OnLink(const QString& link)
 {
     QWhatsThis::hideText();
-    m_showPage(m_pages.Page(QStringLiteral("topics/")).resolved(QUrl(link)));
+    m_showPage(m_pages.Page(link));
     return true;
 }
 

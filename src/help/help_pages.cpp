@@ -32,25 +32,20 @@ QString FileOf(const QUrl& page)
     return page.scheme() == u"qrc" ? QLatin1Char(':') + page.path() : page.toLocalFile();
 }
 
-QUrl TopicPage(const QUrl& contents, int number)
-{
-    return contents.resolved(QUrl(QStringLiteral("topics/%1.html").arg(number)));
-}
+// The page with all topics: one section each, with the number of the topic as its anchor.
+constexpr const char* kTopicsPage = "controls.html";
 
-QString BodyOf(const QString& html)
+// A section of that page, up to the next heading. Its heading becomes bold text, since a pop-up
+// has no room for headings. Empty if there is no such section.
+QString TopicText(const QString& html, int number)
 {
-    static const QRegularExpression body(
-        QStringLiteral("<body[^>]*>(.*)</body>"),
-        QRegularExpression::DotMatchesEverythingOption | QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = body.match(html);
-    return match.hasMatch() ? match.captured(1).trimmed() : html;
-}
-
-// A heading is too loud for a pop-up.
-QString WithQuietHeading(QString text)
-{
-    return text.replace(QLatin1String("<h1>"), QLatin1String("<p><b>"))
-        .replace(QLatin1String("</h1>"), QLatin1String("</b></p>"));
+    const QRegularExpression section(
+        QStringLiteral("<h3><a name=\"%1\"></a>(.*?)</h3>(.*?)(?=<h[23]>|</body>)").arg(number),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = section.match(html);
+    return match.hasMatch() ? QStringLiteral("<p><b>%1</b></p>%2")
+                                  .arg(match.captured(1), match.captured(2).trimmed())
+                            : QString();
 }
 
 QUrl FirstLink(const QString& html, const QUrl& page)
@@ -102,11 +97,11 @@ std::optional<HelpTopic> HelpPages::Topic(int number) const
         return std::nullopt;
     }
     for (const QUrl& contents : {m_contents, BuiltInContents()}) {
-        const QUrl page = TopicPage(contents, number);
-        const QString body = BodyOf(Read(page));
-        if (!body.isEmpty()) {
-            const QUrl chapter = FirstLink(body, page);
-            return HelpTopic{WithQuietHeading(body), chapter.isEmpty() ? m_contents : chapter};
+        const QUrl page = contents.resolved(QUrl(QLatin1String(kTopicsPage)));
+        const QString text = TopicText(Read(page), number);
+        if (!text.isEmpty()) {
+            const QUrl chapter = FirstLink(text, page);
+            return HelpTopic{text, chapter.isEmpty() ? m_contents : chapter};
         }
     }
     return std::nullopt;
