@@ -12,7 +12,7 @@
 #include "engine/console_surface.h"
 #include "engine/run_context.h"
 #include "engine/run_driver.h"
-#include "platform/posix_file_system.h"
+#include "platform/native.h"
 
 using namespace quorbit;
 
@@ -22,11 +22,11 @@ int main(int argc, char** argv)
         std::cerr << "Usage: bench_count FOLDER EXPECTED\n";
         return 2;
     }
-    PosixFileSystem files;
+    const auto files = MakeFileSystem();
     ConsoleSurface surface({[](std::string_view) {}, [](std::string_view) {}, [] { return 0; }},
                            [] { return std::string(); });
     CRunContext ctx;
-    ctx.m_pFiles = &files;
+    ctx.m_pFiles = files.get();
     ctx.m_pDlg = &surface;
 
     // A mask, so that each name is looked at as in a batch that selects.

@@ -20,8 +20,7 @@
 #include "batch/prompts.h"
 #include "engine/dialog/desktop_text_editor.h"
 #include "engine/dialog/progress_dialog.h"
-#include "platform/posix_file_system.h"
-#include "platform/posix_process_runner.h"
+#include "platform/native.h"
 
 namespace quorbit::bench {
 namespace {
@@ -66,13 +65,13 @@ public:
 
 double LongestWait(CQRBDoc& doc, const std::string& logFolder, int& exitCode)
 {
-    PosixFileSystem files;
-    PosixProcessRunner processes(0);
+    const auto files = MakeFileSystem();
+    const auto processes = MakeProcessRunner();
     NoPrompts prompts;
     DesktopTextEditor editor;
     ProgressServices services;
-    services.pFiles = &files;
-    services.pProcesses = &processes;
+    services.pFiles = files.get();
+    services.pProcesses = processes.get();
     services.pPrompts = &prompts;
     services.pTextEditor = &editor;
     services.nRunMode = kRunAndQuit;

@@ -9,7 +9,9 @@
 
 BEGIN {
     may["platform"] = "platform"
-    may["platform/shell"] = "platform platform/shell"
+    may["platform/posix"] = "platform platform/posix"
+    may["platform/shell"] = "platform platform/shell platform/posix platform/posix/shell"
+    may["platform/posix/shell"] = "platform platform/shell platform/posix platform/posix/shell"
     may["batch"] = "platform batch"
     may["engine"] = "platform batch engine"
     below = "platform platform/shell batch engine"
@@ -22,7 +24,9 @@ BEGIN {
     may["app/window"] = below " engine/dialog panes dialogs look help app app/window"
 
     windowless["platform"]
+    windowless["platform/posix"]
     windowless["platform/shell"]
+    windowless["platform/posix/shell"]
     windowless["batch"]
     windowless["engine"]
     windowless["app"]

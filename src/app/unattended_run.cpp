@@ -15,8 +15,7 @@
 #include "engine/run_context.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
-#include "platform/posix_file_system.h"
-#include "platform/posix_process_runner.h"
+#include "platform/native.h"
 #include "platform/stop_signals.h"
 
 namespace quorbit {
@@ -87,8 +86,8 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
     }
 
     const DriveMap drives = profile.ReadDrives();
-    PosixFileSystem files(drives);
-    PosixProcessRunner processes(RaiseOpenFileLimit());
+    const auto files = MakeFileSystem(drives);
+    const auto processes = MakeProcessRunner(RaiseOpenFileLimit());
     int exitCode = kExitOk;
     CRunContext ctx;
     ConsoleSurface surface(StandardStreams(), [&ctx] { return ctx.m_clock.Text(); });
@@ -98,8 +97,8 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
     }
     ctx.m_pDoc = &doc;
     ctx.m_pDlg = &surface;
-    ctx.m_pFiles = &files;
-    ctx.m_pProcesses = &processes;
+    ctx.m_pFiles = files.get();
+    ctx.m_pProcesses = processes.get();
     ctx.m_drives = drives;
     ctx.m_nRunMode = line.nRunMode;
     ctx.m_readOptFlags = [&profile] {

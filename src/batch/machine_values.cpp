@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/path_text.h"
-#include "platform/xdg_folders.h"
+#include "platform/standard_folders.h"
 
 namespace quorbit {
 

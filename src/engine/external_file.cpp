@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <string_view>
 #include <utility>
 
@@ -68,7 +67,7 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
 {
     const std::string native = ToNative(path, ctx.m_drives);
     if (native.empty()) {
-        return ErrorFromErrno(ENOENT);
+        return Error(ErrorKind::Missing);
     }
     const std::string script = MakeAbsolute(native);
     auto command = ScriptCommand(*ctx.m_pProcesses, script, dwFlags);
@@ -78,7 +77,7 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
     const std::string parent = SplitLast(script).first;
     const std::string folder = parent.empty() ? "/" : parent;
     const Status ran = ctx.m_pProcesses->RunAndWait(*command, folder);
-    if (ran || ran.GetError().Code() != ENOEXEC) {
+    if (ran || ran.GetError().Kind() != ErrorKind::NotAProgram) {
         return ran;
     }
     // A text file without an interpreter line that has the right to be executed: on a mounted

@@ -3,7 +3,6 @@
 
 #include "engine/file_operations.h"
 
-#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -96,7 +95,7 @@ Status TryCopy(const Transfer& transfer)
         opened = own.get();
     }
     if (!transfer.dest.Handle()) {
-        return ErrorFromErrno(ENOENT);
+        return Error(ErrorKind::Missing);
     }
     ShownProgress progress(ctx);
     CopyOptions options = transfer.options;

@@ -3,7 +3,6 @@
 
 #include "engine/folder_deletion.h"
 
-#include <cerrno>
 #include <memory>
 #include <utility>
 
@@ -66,7 +65,7 @@ Result<Place> FindPlace(FileSystem& files, const std::string& path)
     const std::string name = SplitLast(path).second;
     // What cannot be named in its parent cannot be removed from it.
     if (name.empty() || name == "." || name == "..") {
-        return ErrorFromErrno(EINVAL);
+        return Error(ErrorKind::Invalid);
     }
     auto opened = files.OpenFolder(ParentFolder(path));
     if (!opened) {
@@ -113,7 +112,7 @@ void DeleteWholeVolume(CRunContext& ctx, const std::string& path, const WalkRule
     }
     DeleteFolderTree(ctx, **folder, path, rules);
     ShowFolderDeletion(ctx, path);
-    ReportFileError(ctx, ErrorFromErrno(EBUSY));
+    ReportFileError(ctx, Error(ErrorKind::Busy));
     TallyDeletion(ctx);
 }
 

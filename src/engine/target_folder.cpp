@@ -3,7 +3,6 @@
 
 #include "engine/target_folder.h"
 
-#include <cerrno>
 #include <utility>
 
 #include "platform/path_text.h"
@@ -83,7 +82,7 @@ Status TargetFolder::Create(const Folder* like)
 {
     TargetFolder& parent = Parent();
     if (!parent.Stands()) {
-        return ErrorFromErrno(ENOENT);
+        return Error(ErrorKind::Missing);
     }
     const Status created = m_pFiles->CreateFolder(*parent.m_handle, m_strName, like);
     if (created) {

@@ -12,8 +12,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/posix_io.h"
-#include "platform/xdg_folders.h"
+#include "platform/posix/errno_error.h"
+#include "platform/posix/file_io.h"
+#include "platform/standard_folders.h"
 
 namespace quorbit {
 namespace {

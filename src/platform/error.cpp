@@ -3,70 +3,57 @@
 
 #include "platform/error.h"
 
-#include <cerrno>
-#include <cstring>
-
 namespace quorbit {
-
-std::string Error::Text() const
-{
-    if (m_pszText != nullptr) {
-        return m_pszText;
-    }
-    // Not translated and without shared state, unlike strerror(3): the log reads the same
-    // everywhere.
-    const char* text = strerrordesc_np(m_nCode);
-    return text != nullptr ? text : "Unknown error " + std::to_string(m_nCode);
-}
 
 namespace {
 
-ErrorKind KindFromErrno(int code)
+// In the words of POSIX systems, so that the log reads alike whoever found the error.
+const char* UsualText(ErrorKind kind)
 {
-    switch (code) {
-        case ENOENT:
-            return ErrorKind::Missing;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            return ErrorKind::AccessDenied;
-        case EEXIST:
-            return ErrorKind::AlreadyExists;
-        case ENOTDIR:
-        case ELOOP:
-            return ErrorKind::NotAFolder;
-        case EISDIR:
-            return ErrorKind::IsAFolder;
-        case ENOTEMPTY:
-            return ErrorKind::NotEmpty;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return ErrorKind::DiskFull;
-        case EOPNOTSUPP:
-        case ENOSYS:
-        case ENOTTY:
-            return ErrorKind::NotSupported;
-        case ENAMETOOLONG:
-            return ErrorKind::NameTooLong;
-        case EMFILE:
-        case ENFILE:
-            return ErrorKind::TooManyOpen;
-        case EBUSY:
-        case EWOULDBLOCK:
-            return ErrorKind::Busy;
-        default:
-            // ESTALE too: the server has lost sight of the item, which does not say that it is
-            // gone.
-            return ErrorKind::Other;
+    switch (kind) {
+        case ErrorKind::Missing:
+            return "No such file or directory";
+        case ErrorKind::AccessDenied:
+            return "Permission denied";
+        case ErrorKind::AlreadyExists:
+            return "File exists";
+        case ErrorKind::NotAFolder:
+            return "Not a directory";
+        case ErrorKind::IsAFolder:
+            return "Is a directory";
+        case ErrorKind::NotEmpty:
+            return "Directory not empty";
+        case ErrorKind::DiskFull:
+            return "No space left on device";
+        case ErrorKind::SameFile:
+            return "Source and destination are the same file";
+        case ErrorKind::NotSupported:
+            return "Operation not supported";
+        case ErrorKind::NameTooLong:
+            return "File name too long";
+        case ErrorKind::TooManyOpen:
+            return "Too many open files";
+        case ErrorKind::Protected:
+            return "Operation not permitted";
+        case ErrorKind::Busy:
+            return "Device or resource busy";
+        case ErrorKind::Invalid:
+            return "Invalid argument";
+        case ErrorKind::NotAProgram:
+            return "Exec format error";
+        case ErrorKind::Other:
+            break;
     }
+    return "Input/output error";
 }
 
 }  // namespace
 
-Error ErrorFromErrno(int code)
+Error::Error(ErrorKind kind) : Error(kind, UsualText(kind)) {}
+
+std::string Error::Text() const
 {
-    return Error(KindFromErrno(code), code);
+    return m_pszText != nullptr ? m_pszText : "Unknown error " + std::to_string(m_nCode);
 }
 
 }  // namespace quorbit

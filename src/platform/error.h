@@ -26,7 +26,9 @@ enum class ErrorKind {
     NameTooLong,    //
     TooManyOpen,    // out of descriptors
     Protected,      // the root folder, the home folder or one above it
-    Busy,           // held by another run
+    Busy,           // in use; held by another run
+    Invalid,        // an argument that no system would take, e.g. a name with a separator in it
+    NotAProgram,    // a file that may be executed and that the system cannot run
     Other,
 };
 
@@ -34,24 +36,26 @@ enum class ErrorKind {
 // own.
 class Error {
 public:
-    Error(ErrorKind kind, int code) : m_kind(kind), m_nCode(code) {}
-    // text must have static storage duration.
-    Error(ErrorKind kind, const char* text) : m_kind(kind), m_pszText(text) {}
+    // With the usual text of the kind, e.g. "No such file or directory" for Missing.
+    explicit Error(ErrorKind kind);
+    // text must have static storage duration. code: see Code().
+    Error(ErrorKind kind, const char* text, int code = 0)
+        : m_kind(kind), m_nCode(code), m_pszText(text)
+    {
+    }
 
     [[nodiscard]] ErrorKind Kind() const { return m_kind; }
-    // The errno value, 0 if the refusal is ours.
+    // The number by which the system knows the error (an errno value on POSIX systems), 0 if the
+    // refusal is ours. Only code for that one system can make sense of it.
     [[nodiscard]] int Code() const { return m_nCode; }
     // One line without a line end, e.g. "Permission denied".
     [[nodiscard]] std::string Text() const;
 
 private:
     ErrorKind m_kind;
-    int m_nCode = 0;
-    const char* m_pszText = nullptr;
+    int m_nCode;
+    const char* m_pszText;  // null for a code that the system has no text for
 };
-
-// The one place where errno (see errno(3)) becomes a kind.
-[[nodiscard]] Error ErrorFromErrno(int code);
 
 // A value or the reason why there is none.
 template <class T>
@@ -93,7 +97,7 @@ public:
     [[nodiscard]] const Error& GetError() const { return m_error; }
 
 private:
-    Error m_error{ErrorKind::Other, 0};
+    Error m_error{ErrorKind::Other, nullptr};
     bool m_bOk = true;
 };
 

@@ -3,8 +3,6 @@
 
 #include "platform/leftover_name.h"
 
-#include <sys/random.h>
-
 #include <cstdint>
 #include <random>
 
@@ -19,12 +17,8 @@ constexpr std::size_t kDigitCount = 16;
 
 std::uint64_t RandomNumber()
 {
-    std::uint64_t number = 0;
-    if (::getrandom(&number, sizeof(number), GRND_NONBLOCK) != sizeof(number)) {
-        std::random_device device;
-        number = (std::uint64_t{device()} << 32U) | device();
-    }
-    return number;
+    std::random_device device;
+    return (std::uint64_t{device()} << 32U) | device();
 }
 
 }  // namespace

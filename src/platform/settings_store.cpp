@@ -3,19 +3,16 @@
 
 #include "platform/settings_store.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <limits>
 #include <optional>
 
+#include "platform/folder_lock.h"
 #include "platform/ini_text.h"
 #include "platform/path_text.h"
-#include "platform/posix_io.h"
 #include "platform/staged_file.h"
-#include "platform/xdg_folders.h"
+#include "platform/standard_folders.h"
 
 namespace quorbit {
 
@@ -103,17 +100,16 @@ Result<std::vector<std::pair<std::string, std::string>>> SettingsStore::ReadSect
 Status SettingsStore::Write(const std::vector<SettingsValue>& values) const
 {
     if (m_strPath.empty() || std::any_of(values.begin(), values.end(), HasNul)) {
-        return ErrorFromErrno(EINVAL);
+        return Error(ErrorKind::Invalid);
     }
     const std::string folder = ParentFolder(m_strPath);
     if (Status created = CreateFolders(folder); !created) {
         return created;
     }
-    const auto lock = OpenPath(folder, O_RDONLY | O_DIRECTORY);
+    const auto lock = LockFolder(folder);
     if (!lock) {
         return lock.GetError();
     }
-    (void)LockWaiting(lock->Get());
 
     const auto before = ReadWholeFile(m_strPath, kLargestFile);
     if (!before && before.GetError().Kind() != ErrorKind::Missing) {

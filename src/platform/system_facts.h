@@ -18,6 +18,10 @@ namespace quorbit {
 // Physical memory in KB, 0 if that cannot be had.
 [[nodiscard]] std::uint64_t PhysicalMemoryKb();
 
+// Root folder of the volume that an absolute path lies on, found without touching the volume; empty
+// if that cannot be told.
+[[nodiscard]] std::string VolumeRootOf(const std::string& path);
+
 // Space in KB that a user without rights may still fill on the file system of a path. Nothing if
 // that cannot be had, or not in time: a server that does not answer holds nobody up.
 [[nodiscard]] std::optional<std::uint64_t> FreeSpaceKb(const std::string& path,

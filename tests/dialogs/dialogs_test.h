@@ -15,7 +15,7 @@
 
 #include "dialogs/combo_box_ex.h"
 #include "dialogs/dialog_services.h"
-#include "platform/mount_table.h"
+#include "platform/posix/mount_table.h"
 #include "platform/shell/desktop_folder.h"
 #include "support/fake_prompts.h"
 #include "support/folder_test.h"

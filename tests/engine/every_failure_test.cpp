@@ -96,13 +96,13 @@ TEST_P(EveryFailureTest, LosesNothing)
         SCOPED_TRACE(number);
         happened = false;
         ExpectNothingLostBy([&](FailingFileSystem& disk) {
-            disk.FailAt(call, number, ErrorFromErrno(EIO));
+            disk.FailAt(call, number, Error(ErrorKind::Other));
             disk.RunBefore(call, number, [&] { happened = true; });
         });
         EXPECT_TRUE(happened || number > 1) << "the batch never makes this call";
     }
     ExpectNothingLostBy(
-        [&](FailingFileSystem& disk) { disk.FailAlways(call, ErrorFromErrno(EACCES)); });
+        [&](FailingFileSystem& disk) { disk.FailAlways(call, Error(ErrorKind::AccessDenied)); });
 }
 
 constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},

@@ -19,7 +19,7 @@ public:
     bool IsExecutable(const std::string& path) override { return path.find("/x/") == 0; }
     Status CanRead(const std::string& path) override
     {
-        return path.find("/none/") == 0 ? Status(ErrorFromErrno(ENOENT)) : Status();
+        return path.find("/none/") == 0 ? Status(Error(ErrorKind::Missing)) : Status();
     }
     std::string FindProgram(const std::string& name) override
     {

@@ -27,7 +27,7 @@ protected:
         for (int i = 0; i < files; ++i)
             Write({"source/" + std::to_string(i) + "=x"});
         return Run({Entry(kDelete)}, [](FailingFileSystem& disk) {
-            disk.FailAlways(Call::DeleteFile, ErrorFromErrno(EBUSY));
+            disk.FailAlways(Call::DeleteFile, Error(ErrorKind::Busy));
         });
     }
     const Box m_prompt{"Device or resource busy\r\n  Do you want to CANCEL file processing?",
@@ -143,7 +143,7 @@ TEST_F(FailurePolicyTest, InvalidSourcesAloneDoNotReachTheMaximum)
     entries.push_back(Entry(kDelete));
     entries.push_back(Entry(kAll, "@/none"));
     const RunResult stopped = Run(entries, [](FailingFileSystem& disk) {
-        disk.FailAlways(Call::DeleteFile, ErrorFromErrno(EBUSY));
+        disk.FailAlways(Call::DeleteFile, Error(ErrorKind::Busy));
     });
     EXPECT_EQ(stopped.counters, "left 1 error 8");
     EXPECT_THAT(stopped.log, HasSubstr(kErrorMaximum));
@@ -152,7 +152,7 @@ TEST_F(FailurePolicyTest, InvalidSourcesAloneDoNotReachTheMaximum)
 TEST_F(FailurePolicyTest, ADiskThatCannotBeSyncedIsAnErrorBeforeTheFooter)
 {
     const auto failing = [](FailingFileSystem& disk) {
-        disk.FailAlways(Call::SyncWritten, ErrorFromErrno(EIO));
+        disk.FailAlways(Call::SyncWritten, Error(ErrorKind::Other));
     };
     m_bSyncAtEnd = true;
     Write({"source/a=x", "dest/"});

@@ -121,7 +121,9 @@ TEST_F(FolderDeletionTest, AProtectedFolderInsideTheTreeKeepsWhatItHolds)
 {
     Write({"source/mounted/a=1"});
     const RunResult run = Run({Delete("@/source")}, [](FailingFileSystem& disk) {
-        disk.FailAt(Call::IsProtected, 2, ErrorFromErrno(EPERM));  // as of a home folder
+        disk.FailAt(
+            Call::IsProtected, 2,
+            Error(ErrorKind::AccessDenied, "Operation not permitted"));  // as of a home folder
     });
     EXPECT_EQ(run.counters, "delete 1 error 2");
     EXPECT_EQ(Tree("@/source"), (TreeLines{"mounted/", "mounted/a=1"}));

@@ -44,7 +44,7 @@ TEST_F(RotateBackupTest, TheLowestNumberIsTakenThatIsSurelyFree)
     // One that cannot be examined is not, nor is one that is taken meanwhile. The first probe is
     // that of the file itself.
     const auto prepare = [&](FailingFileSystem& disk) {
-        disk.FailAt(Call::Probe, 2, ErrorFromErrno(EIO));
+        disk.FailAt(Call::Probe, 2, Error(ErrorKind::Other));
         disk.RunBefore(Call::Link, 1, [&] { Write({"dest/a3.txt=theirs"}); });
     };
     EXPECT_EQ(Backup(prepare).counters, "backup 1");
@@ -95,9 +95,10 @@ TEST_F(RotateBackupTest, AFailedCopyLeavesTheVersionUnderItsNumberAndNoFileUnder
         std::filesystem::remove_all(Path("@/dest"));
         WritePair("a.txt");
         const RunResult run = Backup([links](FailingFileSystem& disk) {
-            disk.FailAlways(Call::CopyFile, ErrorFromErrno(ENOSPC));
+            disk.FailAlways(Call::CopyFile, Error(ErrorKind::DiskFull));
             if (!links)
-                disk.FailAlways(Call::Link, ErrorFromErrno(EPERM));
+                disk.FailAlways(Call::Link,
+                                Error(ErrorKind::AccessDenied, "Operation not permitted"));
         });
         EXPECT_EQ(run.counters, "error 1");
         EXPECT_EQ(Tree("@/dest"), (TreeLines{"a1.txt=old"}));
@@ -114,7 +115,7 @@ TEST_F(RotateBackupTest, AFolderThatCouldNotBeOpenedAtOnceDoesNotPassForAnEmptyO
             const std::vector<CDirCopy> entries{Entry(kTree | DCF_INCREMENTAL)};
             (void)Run(entries, [&](FailingFileSystem& disk) {
                 for (int number = first; number <= last; ++number)
-                    disk.FailAt(Call::OpenSubfolder, number, ErrorFromErrno(EMFILE));
+                    disk.FailAt(Call::OpenSubfolder, number, Error(ErrorKind::TooManyOpen));
             });
             (void)Run(entries);
             EXPECT_EQ(Tree("@/dest/sub"), (TreeLines{"a.txt=new", "a1.txt=old"}))
@@ -135,8 +136,9 @@ TEST_F(RotateBackupTest, AFailedRenamePassesUnnoticedAndTheCopyGoesOverTheFile)
         const RunResult run = Backup([&](FailingFileSystem& disk) {
             if (name == full)
                 return;
-            disk.FailAlways(Call::Link, ErrorFromErrno(EPERM));
-            disk.FailAlways(Call::Rename, ErrorFromErrno(EPERM));
+            disk.FailAlways(Call::Link, Error(ErrorKind::AccessDenied, "Operation not permitted"));
+            disk.FailAlways(Call::Rename,
+                            Error(ErrorKind::AccessDenied, "Operation not permitted"));
         });
         EXPECT_EQ(run.counters, "backup 1");
         EXPECT_NE(run.log.find("Action: Incrementing backup."), std::string::npos);

@@ -13,8 +13,7 @@
 
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
-#include "platform/posix_file_system.h"
-#include "platform/posix_process_runner.h"
+#include "platform/native.h"
 #include "support/failing_file_system.h"
 #include "support/folder_test.h"
 #include "support/recording_surface.h"
@@ -91,8 +90,8 @@ protected:
         CQRBDoc doc;
         doc.m_arrEntries = std::move(entries);
         doc.m_strFilePath = Path("@/batch.qrb");
-        PosixFileSystem disk(m_drives);
-        FailingFileSystem files(disk);
+        const auto disk = MakeFileSystem(m_drives);
+        FailingFileSystem files(*disk);
         if (prepare)
             prepare(files);
         RunResult result;
@@ -100,12 +99,12 @@ protected:
         result.surface.onPrompt = m_onPrompt;
         auto output = CreateLogOutput(LogPath());
         EXPECT_TRUE(output.Ok());
-        PosixProcessRunner processes(0);
+        const auto processes = MakeProcessRunner();
         CRunContext ctx{
             .m_pDoc = &doc,
             .m_pDlg = &result.surface,
             .m_pFiles = &files,
-            .m_pProcesses = &processes,
+            .m_pProcesses = processes.get(),
             .m_drives = m_drives,
             .m_nRunMode = m_nRunMode,
             .m_readOptFlags = [this] { return m_nOptFlags; },

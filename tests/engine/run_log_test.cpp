@@ -28,7 +28,7 @@ public:
     {
         m_writes.emplace_back(bytes);
         const bool fails = std::ranges::find(m_failing, m_writes.size()) != m_failing.end();
-        return fails ? Status(ErrorFromErrno(ENOSPC)) : Status();
+        return fails ? Status(Error(ErrorKind::DiskFull)) : Status();
     }
     // As if it were one more write.
     Status Close() override { return Write("closed"); }

@@ -199,7 +199,7 @@ TEST_F(TreeWalkTest, AFolderThatStandsAlreadyIsNoError)
     Write({"source/sub/", "dest/sub/"});
     std::filesystem::remove(Path("@/source/a"));
     const RunResult run = Run({Names(kTree, {})}, [](FailingFileSystem& disk) {
-        disk.FailAt(Call::OpenSubfolder, 2, ErrorFromErrno(EACCES));
+        disk.FailAt(Call::OpenSubfolder, 2, Error(ErrorKind::AccessDenied));
     });
     EXPECT_EQ(run.counters, "error 1");
 }
@@ -230,7 +230,7 @@ TEST_F(TreeWalkTest, WhatCannotBeReadIsAnErrorAndNeverTakenForNothing)
 {
     Write({"source/a=1", "source/b=2", "dest/"});
     const auto fail = [](Call call, int number) {
-        return [=](FailingFileSystem& disk) { disk.FailAt(call, number, ErrorFromErrno(EIO)); };
+        return [=](FailingFileSystem& disk) { disk.FailAt(call, number, Error(ErrorKind::Other)); };
     };
     // A listing that breaks off, here after the first file, is not the end of a folder.
     EXPECT_EQ(Run({Entry(kAll)}, fail(Call::Next, 5)).counters, "left 1 copy 1 error 1");
@@ -315,18 +315,18 @@ TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
 {
     for (int i = 0; i < 300; ++i)
         Write({"source/" + std::to_string(i) + "=x"});
-    PosixFileSystem files;
-    const auto folder = files.OpenFolder(Path("@/source"));
+    const auto files = MakeFileSystem();
+    const auto folder = files->OpenFolder(Path("@/source"));
     std::vector<std::string> listed;
     FindData data;
-    for (auto listing = files.List(**folder); *(*listing)->Next(data);)
+    for (auto listing = files->List(**folder); *(*listing)->Next(data);)
         listed.push_back(data.name);
 
     ReadAheadPolicy policy;
     policy.Learn(false, 0);
-    auto items = FolderItems::List(files, **folder);
+    auto items = FolderItems::List(*files, **folder);
     const WalkRules rules{.list = {}, .dwFlags = kAll};
-    SourceQueue queue(files, **folder, *items, rules, policy);
+    SourceQueue queue(*files, **folder, *items, rules, policy);
     QueuedItem item;
     for (const std::string& name : listed) {
         ASSERT_TRUE(*queue.Next(item));

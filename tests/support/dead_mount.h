@@ -12,7 +12,7 @@
 
 #include <string>
 
-#include "platform/unique_fd.h"
+#include "platform/posix/unique_fd.h"
 
 namespace quorbit {
 

@@ -13,7 +13,6 @@
 #include "app/window/identity.h"
 #include "batch/machine_values.h"
 #include "look/pictures.h"
-#include "platform/mount_table.h"
 #include "platform/path_text.h"
 #include "platform/system_facts.h"
 
@@ -79,12 +78,9 @@ AboutFacts ReadAboutFacts()
     constexpr std::chrono::milliseconds kPatience{500};
     AboutFacts facts;
     facts.memoryKb = PhysicalMemoryKb();
-    const auto table = ReadMountTable();
-    const std::vector<MountEntry> mounts =
-        table ? VisibleMounts(*table) : std::vector<MountEntry>();
-    if (const MountEntry* mount = MountOf(mounts, MakeAbsolute("."))) {
-        facts.volume = VolumeName(mount->mountPoint);
-        facts.freeKb = FreeSpaceKb(mount->mountPoint, kPatience);
+    if (const std::string root = VolumeRootOf(MakeAbsolute(".")); !root.empty()) {
+        facts.volume = VolumeName(root);
+        facts.freeKb = FreeSpaceKb(root, kPatience);
     }
     return facts;
 }

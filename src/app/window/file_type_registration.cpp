@@ -11,7 +11,7 @@
 #include "batch/reg_key.h"
 #include "platform/path_text.h"
 #include "platform/staged_file.h"
-#include "platform/xdg_folders.h"
+#include "platform/standard_folders.h"
 
 namespace quorbit {
 namespace {

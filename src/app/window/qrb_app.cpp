@@ -20,9 +20,8 @@
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "look/pictures.h"
+#include "platform/native.h"
 #include "platform/path_text.h"
-#include "platform/posix_file_system.h"
-#include "platform/posix_process_runner.h"
 #include "platform/shell/desktop_folder.h"
 #include "platform/staged_file.h"
 
@@ -403,8 +402,8 @@ ProgressServices CQRBApp::MakeProgressServices()
 {
     ProgressServices services;
     services.drives = m_profile.ReadDrives();
-    m_pRunFiles = std::make_unique<PosixFileSystem>(services.drives);
-    m_pRunProcesses = std::make_unique<PosixProcessRunner>(m_services.nOpenFileLimit);
+    m_pRunFiles = MakeFileSystem(services.drives);
+    m_pRunProcesses = MakeProcessRunner(m_services.nOpenFileLimit);
     services.pFiles = m_pRunFiles.get();
     services.pProcesses = m_pRunProcesses.get();
     services.pTextEditor = m_services.pTextEditor;

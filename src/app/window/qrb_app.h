@@ -39,7 +39,7 @@ struct AppServices {
     SettingsStores stores;
     Prompts* pPrompts = nullptr;
     TextEditor* pTextEditor = nullptr;
-    std::uint64_t nOpenFileLimit = 0;  // for scripts; see PosixProcessRunner
+    std::uint64_t nOpenFileLimit = 0;  // for scripts; see MakeProcessRunner
     Registration registration{};
     LinkOpener* pLinkOpener = nullptr;
     std::function<void()> showSplash{};  // null: there is none

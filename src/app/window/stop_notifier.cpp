@@ -8,7 +8,7 @@
 #include <array>
 #include <utility>
 
-#include "platform/signal_pipe.h"
+#include "platform/posix/signal_pipe.h"
 
 namespace quorbit {
 

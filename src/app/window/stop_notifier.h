@@ -9,7 +9,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/unique_fd.h"
+#include "platform/posix/unique_fd.h"
 
 namespace quorbit {
 

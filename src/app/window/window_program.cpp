@@ -27,7 +27,6 @@
 #include "look/splash_wnd.h"
 #include "platform/stop_signals.h"
 #include "platform/system_facts.h"
-#include "platform/xdg_folders.h"
 
 namespace quorbit {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/path_text.h"
-#include "platform/shell/file_enumerator.h"
+#include "platform/posix/shell/file_enumerator.h"
 
 namespace quorbit {
 

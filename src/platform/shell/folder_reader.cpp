@@ -181,9 +181,9 @@ FolderReader::FolderReader(ShellFolderPtr folder, const FolderRequest& request,
             channel->End(reading.Run(
                 channel->Stop(), [&channel](FolderItem item) { channel->Put(std::move(item)); }));
         }).detach();
-    } catch (const std::system_error& failed) {
+    } catch (const std::system_error&) {
         // No thread can be had now: that is an end like any other.
-        m_channel->End(ErrorFromErrno(failed.code().value()));
+        m_channel->End(Error(ErrorKind::Other, "Resource temporarily unavailable"));
     }
 }
 

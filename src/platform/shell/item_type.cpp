@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "platform/path_text.h"
+#include "platform/posix/shell/mount_rules.h"
 #include "platform/shell/item_id_content.h"
-#include "platform/shell/mount_rules.h"
 
 namespace quorbit {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/file_system.h"
-#include "platform/posix_file_system.h"
+#include "platform/native.h"
 #include "platform/shell/file_folder.h"
 #include "platform/shell/list_enumerator.h"
 #include "platform/shell/shell_constants.h"
@@ -29,12 +29,12 @@ std::vector<ItemIdList> NetworkDrives(const ShellContext& context)
 
 void AddPlaces(const std::string& mountPoint, std::vector<ItemIdList>& ids)
 {
-    PosixFileSystem files;
-    const auto folder = files.OpenFolder(mountPoint);
+    const auto files = MakeFileSystem();
+    const auto folder = files->OpenFolder(mountPoint);
     if (!folder) {
         return;
     }
-    const auto listing = files.List(**folder);
+    const auto listing = files->List(**folder);
     if (!listing) {
         return;
     }

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/mount_table.h"
+#include "platform/posix/mount_table.h"
 #include "platform/shell/system_folder.h"
 
 namespace quorbit {

@@ -4,14 +4,13 @@
 #include "platform/shell/parsing_name.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/mount_table.h"
 #include "platform/path_text.h"
+#include "platform/posix/mount_table.h"
 #include "platform/shell/item_id_content.h"
 #include "platform/shell/shell_pidl.h"
 
@@ -80,7 +79,7 @@ Result<ItemIdList> Descend(Start start, char separator)
         }
         const ItemIdList id = Single(isLast ? ShellItemKind::File : ShellItemKind::Folder, name);
         if (!ReadItemId(id)) {
-            return ErrorFromErrno(EINVAL);
+            return Error(ErrorKind::Invalid);
         }
         start.list = CShellPidl::ConcatIdLists(start.list, id);
     }
@@ -108,7 +107,7 @@ Result<ItemIdList> ParseAbsoluteName(const ShellContext& context, std::string_vi
         return Single(ShellItemKind::Network);
     }
     if (!name.starts_with('/') && !IsDrivePath(name)) {
-        return ErrorFromErrno(EINVAL);
+        return Error(ErrorKind::Invalid);
     }
     const std::string path = WithCapitalDrive(name);
     const std::vector<MountEntry> mounts = context.Mounts();
@@ -118,7 +117,7 @@ Result<ItemIdList> ParseAbsoluteName(const ShellContext& context, std::string_vi
         start = OnVolume(volumes, path);
     }
     if (!start) {
-        return ErrorFromErrno(ENOENT);
+        return Error(ErrorKind::Missing);
     }
     return Descend(std::move(*start), SeparatorOf(path));
 }

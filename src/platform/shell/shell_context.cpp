@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "platform/shell/gvfs_name.h"
+#include "platform/posix/shell/gvfs_name.h"
 #include "platform/shell/item_id_content.h"
 
 namespace quorbit {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/mount_table.h"
+#include "platform/posix/mount_table.h"
+#include "platform/posix/shell/volume_list.h"
 #include "platform/shell/item_id_list.h"
 #include "platform/shell/name_order.h"
 #include "platform/shell/shell_sources.h"
-#include "platform/shell/volume_list.h"
 
 namespace quorbit {
 

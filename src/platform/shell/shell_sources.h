@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/mount_table.h"
 #include "platform/path_text.h"
+#include "platform/posix/mount_table.h"
 
 namespace quorbit {
 

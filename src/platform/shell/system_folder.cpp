@@ -3,7 +3,6 @@
 
 #include "platform/shell/system_folder.h"
 
-#include <cerrno>
 #include <utility>
 
 #include "platform/path_text.h"
@@ -15,7 +14,7 @@ namespace {
 
 Error NoSuchItem()
 {
-    return ErrorFromErrno(ENOENT);
+    return Error(ErrorKind::Missing);
 }
 
 std::uint32_t AttributesOf(const ItemIdContent& item)
@@ -93,7 +92,7 @@ Result<std::shared_ptr<const ShellFolder>> SystemFolder::BindToObject(ItemIdView
         return NoSuchItem();
     }
     if (!IsFolderKind(item->kind)) {
-        return ErrorFromErrno(ENOTDIR);
+        return Error(ErrorKind::NotAFolder);
     }
     auto folder = Bind(*item);
     if (folder == nullptr) {

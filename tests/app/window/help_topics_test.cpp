@@ -23,7 +23,7 @@
 #include "engine/dialog/progress_dialog.h"
 #include "help/help_pages.h"
 #include "help/tip_dialog.h"
-#include "platform/mount_table.h"
+#include "platform/posix/mount_table.h"
 #include "platform/shell/desktop_folder.h"
 
 namespace quorbit {

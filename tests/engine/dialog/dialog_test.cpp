@@ -3,7 +3,6 @@
 
 #include "engine/dialog/dialog_test.h"
 
-#include <cerrno>
 
 namespace quorbit {
 
@@ -13,7 +12,7 @@ DialogTest::DialogTest()
     m_doc.m_strFilePath = Path("nightly.qrb");
     m_strLog = Path("logs/nightly.log");
     m_services.pFiles = &m_files;
-    m_services.pProcesses = &m_processes;
+    m_services.pProcesses = m_processes.get();
     m_services.pPrompts = &m_prompts;
     m_services.pTextEditor = &m_editor;
     m_services.bSyncAtEnd = false;
@@ -59,7 +58,7 @@ Gate& DialogTest::HoldAt(FileSystemCall call, int number)
 
 void DialogTest::FailCopy(int number)
 {
-    m_files.FailAt(FileSystemCall::CopyFile, number, ErrorFromErrno(EACCES));
+    m_files.FailAt(FileSystemCall::CopyFile, number, Error(ErrorKind::AccessDenied));
 }
 
 void DialogTest::Open()

@@ -14,8 +14,7 @@
 #include <vector>
 
 #include "engine/dialog/progress_dialog.h"
-#include "platform/posix_file_system.h"
-#include "platform/posix_process_runner.h"
+#include "platform/native.h"
 #include "support/failing_file_system.h"
 #include "support/fake_editor.h"
 #include "support/fake_prompts.h"
@@ -72,9 +71,9 @@ protected:
     [[nodiscard]] bool Enabled(const char* button) const;
     [[nodiscard]] std::string Log() const { return ContentOf(m_strLog); }
 
-    PosixFileSystem m_disk;
-    FailingFileSystem m_files{m_disk};
-    PosixProcessRunner m_processes{0};
+    std::unique_ptr<FileSystem> m_disk = MakeFileSystem();
+    FailingFileSystem m_files{*m_disk};
+    std::unique_ptr<ProcessRunner> m_processes = MakeProcessRunner();
     FakePrompts m_prompts;
     FakeEditor m_editor;
     CQRBDoc m_doc;

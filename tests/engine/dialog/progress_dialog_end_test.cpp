@@ -95,7 +95,7 @@ TEST_F(ProgressDialogEndTest, AnEmptyDocumentIsToldAndEndsAsAnyRun)
 
 TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
 {
-    const Error missing = ErrorFromErrno(ENOENT);
+    const Error missing = Error(ErrorKind::Missing);
     const Error busy(ErrorKind::Busy, "in use");
     const std::string cannot =
         "The log file cannot be created: " + m_strLog + ": " + missing.Text();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/shell/file_enumerator.h"
+#include "platform/posix/shell/file_enumerator.h"
 
 #include <filesystem>
 

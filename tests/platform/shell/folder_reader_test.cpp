@@ -6,7 +6,7 @@
 #include <atomic>
 #include <chrono>
 
-#include "platform/mount_table.h"
+#include "platform/posix/mount_table.h"
 #include "support/dead_mount.h"
 #include "support/shell_test.h"
 #include "support/wait.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/shell/volume_list.h"
+#include "platform/posix/shell/volume_list.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/shell/gvfs_name.h"
+#include "platform/posix/shell/gvfs_name.h"
 
 namespace quorbit {
 namespace {

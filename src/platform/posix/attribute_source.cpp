@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/attribute_source.h"
+
+#include <linux/magic.h>
+
+#include <cerrno>
+
+#include "platform/posix/dos_attributes.h"
+#include "platform/posix/fat_attributes.h"
+#include "platform/posix/word_attributes.h"
+#include "platform/posix/xattr_access.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr std::uint32_t kNtfs3 = 0x7366746e;
+
+// user.DOSATTRIB as Samba writes it, on any file system that keeps extended attributes of users.
+class SambaAttributes final : public AttributeSource {
+public:
+    [[nodiscard]] bool IsNative() const override { return false; }
+
+    Result<std::optional<std::uint32_t>> Read(const AttributeItem& item) override
+    {
+        const Result<std::string> value = Value(item);
+        if (!value) {
+            return value.GetError();
+        }
+        return ReadDosAttributes(*value);
+    }
+
+    Status Write(const AttributeItem& item, std::uint32_t bits) override
+    {
+        const Result<std::string> old = Value(item);
+        if (!old) {
+            return old.GetError();
+        }
+        // A folder's word says that it is one.
+        const std::uint32_t isFolder = item.kind == ItemKind::Folder ? kAttributeFolder : 0;
+        const auto changed =
+            ChangeDosAttributes(*old, bits | isFolder, kStoredAttributes | isFolder);
+        return changed ? SetItemXattr(item, kAttribute, *changed)
+                       : Status(Error(ErrorKind::NotSupported,
+                                      "The stored file attributes are not understood"));
+    }
+
+private:
+    static constexpr const char* kAttribute = "user.DOSATTRIB";
+    static constexpr std::size_t kMaxSize = 1024;  // version 2 holds a file name
+
+    // Empty if there is none.
+    Result<std::string> Value(const AttributeItem& item)
+    {
+        if (!m_bSupported) {
+            return std::string();
+        }
+        Result<std::string> value = GetItemXattr(item, kAttribute, kMaxSize);
+        if (value) {
+            return value;
+        }
+        const int code = value.GetError().Code();
+        m_bSupported = code != EOPNOTSUPP;
+        const bool none = code == ENODATA || code == EOPNOTSUPP || code == EPERM || code == EACCES;
+        return none ? std::string() : value;
+    }
+
+    bool m_bSupported = true;
+};
+
+}  // namespace
+
+std::unique_ptr<AttributeSource> MakeAttributeSource(std::uint32_t type, int folder)
+{
+    switch (type) {
+        case MSDOS_SUPER_MAGIC:
+        case EXFAT_SUPER_MAGIC:
+            return std::make_unique<FatAttributes>(std::make_unique<FatAttributeIoctl>());
+        case CIFS_SUPER_MAGIC:
+        case SMB2_SUPER_MAGIC:
+            return std::make_unique<WordAttributes>(WordLayout{"user.cifs.dosattrib", 4, false});
+        case kNtfs3:
+        case FUSE_SUPER_MAGIC:
+            if (const auto layout = FindNtfsLayout(folder)) {
+                return std::make_unique<WordAttributes>(*layout);
+            }
+            break;
+        default:
+            break;
+    }
+    return std::make_unique<SambaAttributes>();
+}
+
+}  // namespace quorbit

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/fat_attributes.h"
+
+#include <fcntl.h>
+#include <linux/msdos_fs.h>
+#include <sys/ioctl.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/posix/system_call.h"
+#include "platform/posix/unique_fd.h"
+
+namespace quorbit {
+
+namespace {
+
+// The item's own descriptor where it is open, else a new one that is kept in opened.
+Result<int> DescriptorOf(const AttributeItem& item, UniqueFd& opened)
+{
+    if (item.descriptor >= 0) {
+        return item.descriptor;
+    }
+    opened = UniqueFd(RetryInterrupted([&] {
+        return ::openat(item.folder, item.name.c_str(),
+                        O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    }));
+    if (!opened.IsOpen()) {
+        return LastError();
+    }
+    return opened.Get();
+}
+
+}  // namespace
+
+Result<std::uint32_t> FatAttributeIoctl::Get(int descriptor)
+{
+    std::uint32_t word = 0;
+    if (::ioctl(descriptor, FAT_IOCTL_GET_ATTRIBUTES, &word) != 0) {
+        return LastError();
+    }
+    return word;
+}
+
+Status FatAttributeIoctl::Set(int descriptor, std::uint32_t word)
+{
+    return ::ioctl(descriptor, FAT_IOCTL_SET_ATTRIBUTES, &word) == 0 ? Status() : LastError();
+}
+
+Result<std::optional<std::uint32_t>> FatAttributes::Read(const AttributeItem& item)
+{
+    UniqueFd opened;
+    const Result<int> descriptor = DescriptorOf(item, opened);
+    if (!descriptor) {
+        return descriptor.GetError();
+    }
+    const Result<std::uint32_t> word = m_control->Get(*descriptor);
+    if (word) {
+        return std::optional(*word & kStoredAttributes);
+    }
+    // Older exFAT drivers do not know the call.
+    return word.GetError().Kind() == ErrorKind::NotSupported
+               ? Result<std::optional<std::uint32_t>>(std::nullopt)
+               : word.GetError();
+}
+
+Status FatAttributes::Write(const AttributeItem& item, std::uint32_t bits)
+{
+    UniqueFd opened;
+    const Result<int> descriptor = DescriptorOf(item, opened);
+    if (!descriptor) {
+        return descriptor.GetError();
+    }
+    const Result<std::uint32_t> old = m_control->Get(*descriptor);
+    if (!old) {
+        return old.GetError();
+    }
+    // Volume label and folder are not ours to set, but the driver wants to see a folder's own bit.
+    const std::uint32_t kept = *old & ~kStoredAttributes;
+    return m_control->Set(*descriptor, kept | (bits & kStoredAttributes));
+}
+
+}  // namespace quorbit

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/item_details.h"
+
+#include <fcntl.h>
+
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+ItemKind KindFromMode(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+        case S_IFREG:
+            return ItemKind::File;
+        case S_IFDIR:
+            return ItemKind::Folder;
+        case S_IFLNK:
+            return ItemKind::Link;
+        default:
+            return ItemKind::Special;
+    }
+}
+
+namespace {
+
+void SetKind(FindData& item, mode_t mode)
+{
+    item.kind = KindFromMode(mode);
+    item.leftover = item.leftover && item.kind != ItemKind::Folder;
+}
+
+}  // namespace
+
+void FillDetails(const struct stat& details, FindData& item)
+{
+    SetKind(item, details.st_mode);
+    item.size = static_cast<std::uint64_t>(details.st_size);
+    item.modified = details.st_mtim.tv_sec;
+    item.modifiedNsec = static_cast<std::uint32_t>(details.st_mtim.tv_nsec);
+}
+
+Status ReadDetailsAt(int folder, FindData& item)
+{
+    struct statx details = {};
+    const int done = RetryInterrupted([&] {
+        return ::statx(folder, item.name.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
+                       STATX_TYPE | STATX_SIZE | STATX_MTIME, &details);
+    });
+    if (done != 0) {
+        return LastError();
+    }
+    SetKind(item, details.stx_mode);
+    item.size = details.stx_size;
+    item.modified = details.stx_mtime.tv_sec;
+    item.modifiedNsec = details.stx_mtime.tv_nsec;
+    return {};
+}
+
+Result<struct stat> StatAt(int folder, const std::string& name)
+{
+    struct stat details = {};
+    const int done = RetryInterrupted([&] {
+        return ::fstatat(folder, name.c_str(), &details, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT);
+    });
+    if (done != 0) {
+        return LastError();
+    }
+    return details;
+}
+
+}  // namespace quorbit

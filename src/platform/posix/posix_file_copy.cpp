@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/posix_file_copy.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/leftover_name.h"
+#include "platform/posix/file_metadata.h"
+#include "platform/posix/item_attributes.h"
+#include "platform/posix/item_details.h"
+#include "platform/posix/staged_copy.h"
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr mode_t kPermissions = 0777;
+constexpr mode_t kAllModeBits = 07777;
+constexpr mode_t kRunsAsOwner = S_ISUID | S_ISGID;
+constexpr std::uint64_t kStatBlock = 512;
+
+}  // namespace
+
+Status PosixFileCopy::Run()
+{
+    return m_source.Details().kind == ItemKind::File ? CopyRegular() : CopyUnopened();
+}
+
+Result<bool> PosixFileCopy::CheckDestination() const
+{
+    const Result<struct stat> details = StatAt(m_destination.Descriptor(), m_strName);
+    if (!details) {
+        return details.GetError().Kind() == ErrorKind::Missing ? Result<bool>(false)
+                                                               : details.GetError();
+    }
+    if (details->st_dev == m_source.Stat().st_dev && details->st_ino == m_source.Stat().st_ino) {
+        return Error(ErrorKind::SameFile, "Source and destination are the same file");
+    }
+    if (S_ISDIR(details->st_mode)) {
+        return ErrorFromErrno(EISDIR);
+    }
+    if (S_ISREG(details->st_mode) && !m_options.replaceReadOnly) {
+        const Result<bool> readOnly = IsReadOnly(*details);
+        if (!readOnly) {
+            return readOnly.GetError();
+        }
+        if (*readOnly) {
+            return ErrorFromErrno(EACCES);
+        }
+    }
+    return true;
+}
+
+// A rename does not ask the file that it replaces, and nothing asks the superuser: so it is asked
+// here.
+Result<bool> PosixFileCopy::IsReadOnly(const struct stat& details) const
+{
+    if ((details.st_mode & S_IWUSR) == 0) {
+        return true;
+    }
+    const AttributeItem item{m_destination.Descriptor(), m_strName, ItemKind::File};
+    const Result<std::uint32_t> bits =
+        ReadAttributeBits(*m_destination.Volume().attributes, item, details.st_mode);
+    if (!bits) {
+        return bits.GetError();
+    }
+    return (*bits & kAttributeReadOnly) != 0;
+}
+
+Status PosixFileCopy::CopyRegular()
+{
+    const bool anonymous = m_destination.Volume().takesAnonymousFiles;
+    Status copied = CopyStaged();
+    if (!copied && anonymous && !m_destination.Volume().takesAnonymousFiles) {
+        copied = CopyStaged();  // only the way of giving it its name was closed
+    }
+    return copied;
+}
+
+Status PosixFileCopy::CopyStaged()
+{
+    if (!m_options.expectMissing || !m_destination.Volume().takesAnonymousFiles) {
+        // Before the content is copied for nothing.
+        const Result<bool> replaces = CheckDestination();
+        if (!replaces) {
+            return replaces.GetError();
+        }
+    }
+    StagedCopy staged(m_destination);
+    if (Status opened = staged.Open(m_source.Stat().st_mode & kPermissions); !opened) {
+        return opened;
+    }
+    if (Status copied = CopyContent(staged.Descriptor()); !copied) {
+        return copied;
+    }
+    if (Status copied = CopyMetadata(staged); !copied) {
+        return copied;
+    }
+    return Publish(staged);
+}
+
+Status PosixFileCopy::CopyContent(int to) const
+{
+    const struct stat& from = m_source.Stat();
+    TransferFacts& facts =
+        m_destination.Volume().transfersFrom[m_source.InFolder().Volume().device];
+    return m_copier.Copy({m_source.Descriptor(), to, static_cast<std::uint64_t>(from.st_size),
+                          static_cast<std::uint64_t>(from.st_blocks) * kStatBlock, facts,
+                          m_options.progress});
+}
+
+// Order matters: a change of owner drops set-user-ID and capabilities, attributes can only be set
+// while the file is writable, and everything moves the time.
+Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
+{
+    const int to = staged.Descriptor();
+    const struct stat& from = m_source.Stat();
+    const NewFileDetails& now = staged.Details();
+    const Result<bool> owned = CopyOwnership(to, from, now.owner, now.group);
+    if (!owned) {
+        return owned.GetError();
+    }
+    const bool inheritedAcl = m_destination.HasDefaultAcl();
+    mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
+    const AttributeCopy how{inheritedAcl, !*owned, &mode};
+    if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, how); !copied) {
+        return copied;
+    }
+    if (mode != now.mode || inheritedAcl) {
+        if (Status set = SetMode(to, mode); !set) {
+            return set;
+        }
+    }
+    if (Status copied = CopyAttributeBits(to, mode); !copied) {
+        return copied;
+    }
+    return SetModified(to, from, m_destination.Volume().keepsEvenSeconds);
+}
+
+Status PosixFileCopy::CopyAttributeBits(int to, mode_t mode) const
+{
+    AttributeSource& from = *m_source.InFolder().Volume().attributes;
+    AttributeSource& into = *m_destination.Volume().attributes;
+    if (!from.IsNative() && !into.IsNative()) {
+        return {};  // they have come along as an extended attribute
+    }
+    const AttributeItem item{m_source.InFolder().Descriptor(), m_source.Details().name,
+                             ItemKind::File, m_source.Descriptor()};
+    const Result<std::uint32_t> bits = ReadAttributeBits(from, item, m_source.Stat().st_mode);
+    if (!bits) {
+        return bits.GetError();
+    }
+    const AttributeItem copy{m_destination.Descriptor(), m_strName, ItemKind::File, to};
+    const Status written = WriteAttributeBits(into, copy, mode, *bits);
+    const bool cannot = !written && (CannotBeKept(written.GetError().Code()) ||
+                                     written.GetError().Kind() == ErrorKind::NotSupported);
+    return cannot ? Status() : written;
+}
+
+Status PosixFileCopy::Publish(StagedCopy& staged) const
+{
+    if (m_options.expectMissing && staged.IsAnonymous()) {
+        Status published = staged.PublishNew(m_strName);
+        if (published || published.GetError().Kind() != ErrorKind::AlreadyExists) {
+            return published;
+        }
+    }
+    const Result<bool> replaces = CheckDestination();
+    if (!replaces) {
+        return replaces.GetError();
+    }
+    return staged.PublishOver(m_strName, *replaces && !m_destination.Volume().ordersRenames);
+}
+
+Status PosixFileCopy::CopyUnopened()
+{
+    const Result<bool> replaces = CheckDestination();
+    if (!replaces) {
+        return replaces.GetError();
+    }
+    const std::string own = MakeLeftoverName();
+    const int folder = m_destination.Descriptor();
+    Status done = Create(own);
+    if (!done) {
+        return done;
+    }
+    done = CopyMetadataByName(own);
+    if (done && ::renameat(folder, own.c_str(), folder, m_strName.c_str()) != 0) {
+        done = LastError();
+    }
+    if (!done) {
+        (void)::unlinkat(folder, own.c_str(), 0);
+    }
+    return done;
+}
+
+Status PosixFileCopy::Create(const std::string& name) const
+{
+    const int folder = m_destination.Descriptor();
+    if (m_source.Details().kind == ItemKind::Link) {
+        const Result<std::string> target = m_source.LinkTarget();
+        if (!target) {
+            return target.GetError();
+        }
+        return ::symlinkat(target->c_str(), folder, name.c_str()) == 0 ? Status() : LastError();
+    }
+    const mode_t mode = (m_source.Stat().st_mode & S_IFMT) | S_IRUSR | S_IWUSR;
+    return ::mknodat(folder, name.c_str(), mode, m_source.Stat().st_rdev) == 0 ? Status()
+                                                                               : LastError();
+}
+
+Status PosixFileCopy::CopyMetadataByName(const std::string& name) const
+{
+    const struct stat& from = m_source.Stat();
+    const int folder = m_destination.Descriptor();
+    if (::fchownat(folder, name.c_str(), from.st_uid, from.st_gid, AT_SYMLINK_NOFOLLOW) != 0) {
+        if (!CannotBeKept(errno)) {
+            return LastError();
+        }
+        [[maybe_unused]] const int group = ::fchownat(folder, name.c_str(), static_cast<uid_t>(-1),
+                                                      from.st_gid, AT_SYMLINK_NOFOLLOW);
+    }
+    if (m_source.Details().kind != ItemKind::Link &&
+        ::fchmodat(folder, name.c_str(), from.st_mode & kPermissions, AT_SYMLINK_NOFOLLOW) != 0 &&
+        !CannotBeKept(errno)) {
+        return LastError();
+    }
+    const timespec times[2] = {{0, UTIME_OMIT},
+                               ModifiedOfCopy(from, m_destination.Volume().keepsEvenSeconds)};
+    const bool kept =
+        ::utimensat(folder, name.c_str(), times, AT_SYMLINK_NOFOLLOW) == 0 || CannotBeKept(errno);
+    return kept ? Status() : LastError();
+}
+
+}  // namespace quorbit

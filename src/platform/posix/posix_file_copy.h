@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The copy of one item: a regular file, a symbolic link or a special file.
+
+#pragma once
+
+#include <string>
+
+#include "platform/posix/content_copier.h"
+#include "platform/posix/posix_folder.h"
+#include "platform/posix/posix_source_file.h"
+
+namespace quorbit {
+
+class StagedCopy;
+
+class PosixFileCopy {
+public:
+    // Everything given must outlive this object.
+    PosixFileCopy(const PosixSourceFile& source, const PosixFolder& destination,
+                  const std::string& name, const CopyOptions& options, ContentCopier& copier)
+        : m_source(source),
+          m_destination(destination),
+          m_strName(name),
+          m_options(options),
+          m_copier(copier)
+    {
+    }
+
+    Status Run();
+
+private:
+    // Whether something has the name; an error if it must not be replaced.
+    Result<bool> CheckDestination() const;
+    Result<bool> IsReadOnly(const struct stat& details) const;
+
+    Status CopyRegular();
+    Status CopyStaged();
+    Status CopyContent(int to) const;
+    Status CopyMetadata(const StagedCopy& staged) const;
+    Status CopyAttributeBits(int to, mode_t mode) const;
+    Status Publish(StagedCopy& staged) const;
+
+    Status CopyUnopened();
+    Status Create(const std::string& name) const;
+    Status CopyMetadataByName(const std::string& name) const;
+
+    const PosixSourceFile& m_source;
+    const PosixFolder& m_destination;
+    const std::string& m_strName;
+    const CopyOptions& m_options;
+    ContentCopier& m_copier;
+};
+
+}  // namespace quorbit

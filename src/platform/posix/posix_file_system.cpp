@@ -1,0 +1,353 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/posix_file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <utility>
+
+#include "platform/posix/file_metadata.h"
+#include "platform/posix/item_attributes.h"
+#include "platform/posix/item_details.h"
+#include "platform/posix/leftover_sweeper.h"
+#include "platform/posix/posix_file_copy.h"
+#include "platform/posix/posix_listing.h"
+#include "platform/posix/posix_source_file.h"
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+// Every folder that comes in here was given out by MakeFolder.
+const PosixFolder& Own(const Folder& folder)
+{
+    return static_cast<const PosixFolder&>(folder);
+}
+
+// A name that is none would lead out of the folder, or to another item than the one that is meant.
+Status CheckName(const std::string& name)
+{
+    const bool bad = name.empty() || name == "." || name == ".." ||
+                     name.find('/') != std::string::npos || name.find('\0') != std::string::npos;
+    return bad ? Status(ErrorFromErrno(EINVAL)) : Status();
+}
+
+// Opens a path of any length: the system takes at most PATH_MAX bytes at a time.
+UniqueFd OpenInPieces(const std::string& path)
+{
+    UniqueFd folder;
+    std::size_t begin = 0;
+    while (path.size() - begin >= PATH_MAX) {
+        const std::size_t end = path.rfind('/', begin + PATH_MAX - 1);
+        if (end == std::string::npos || end <= begin) {
+            errno = ENAMETOOLONG;
+            return {};
+        }
+        const std::string piece = path.substr(begin, end - begin);
+        const int at = folder.IsOpen() ? folder.Get() : AT_FDCWD;
+        folder = UniqueFd(RetryInterrupted(
+            [&] { return ::openat(at, piece.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
+        if (!folder.IsOpen()) {
+            return {};
+        }
+        begin = path.find_first_not_of('/', end);
+        if (begin == std::string::npos) {
+            begin = path.size();
+        }
+    }
+    const std::string rest = begin < path.size() ? path.substr(begin) : ".";
+    const int at = folder.IsOpen() ? folder.Get() : AT_FDCWD;
+    return UniqueFd(RetryInterrupted([&] { return ::openat(at, rest.c_str(), kFolderFlags); }));
+}
+
+}  // namespace
+
+PosixFileSystem::PosixFileSystem(DriveMap drives) : m_drives(std::move(drives)) {}
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::MakeFolder(UniqueFd descriptor)
+{
+    struct stat details = {};
+    if (::fstat(descriptor.Get(), &details) != 0) {
+        return LastError();
+    }
+    PosixVolume& volume = m_volumes.Of(details.st_dev, descriptor.Get());
+    return std::unique_ptr<Folder>(std::make_unique<PosixFolder>(
+        std::move(descriptor), FolderIdentity{details.st_dev, details.st_ino}, volume));
+}
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path)
+{
+    const std::string native = ToNative(path, m_drives);
+    if (native.empty() || native.find('\0') != std::string::npos) {
+        return ErrorFromErrno(ENOENT);
+    }
+    UniqueFd descriptor = OpenInPieces(native);
+    if (!descriptor.IsOpen()) {
+        return LastError();
+    }
+    return MakeFolder(std::move(descriptor));
+}
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::OpenSubfolder(const Folder& parent,
+                                                               const std::string& name)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked.GetError();
+    }
+    UniqueFd descriptor(RetryInterrupted([&] {
+        return ::openat(Own(parent).Descriptor(), name.c_str(), kFolderFlags | O_NOFOLLOW);
+    }));
+    if (!descriptor.IsOpen()) {
+        return LastError();
+    }
+    return MakeFolder(std::move(descriptor));
+}
+
+bool PosixFileSystem::StillThere(const Folder& folder)
+{
+    struct stat details = {};
+    return ::fstat(Own(folder).Descriptor(), &details) == 0 && details.st_nlink > 0;
+}
+
+bool PosixFileSystem::IsProtected(const Folder& folder)
+{
+    return m_protected.Contains(folder.Identity());
+}
+
+Result<std::unique_ptr<Listing>> PosixFileSystem::List(const Folder& folder)
+{
+    Result<std::shared_ptr<const UniqueFd>> descriptor = Own(folder).OpenForListing();
+    if (!descriptor) {
+        return descriptor.GetError();
+    }
+    return std::unique_ptr<Listing>(std::make_unique<PosixListing>(std::move(*descriptor)));
+}
+
+Status PosixFileSystem::ReadDetails(const Folder& folder, FindData& item)
+{
+    return ReadDetailsAt(Own(folder).Descriptor(), item);
+}
+
+Status PosixFileSystem::ReadAttributes(const Folder& folder, FindData& item)
+{
+    const PosixFolder& own = Own(folder);
+    const Result<struct stat> details = StatAt(own.Descriptor(), item.name);
+    if (!details) {
+        return details.GetError();
+    }
+    const AttributeItem named{own.Descriptor(), item.name, KindFromMode(details->st_mode)};
+    const Result<std::uint32_t> bits =
+        ReadAttributeBits(*own.Volume().attributes, named, details->st_mode);
+    if (!bits) {
+        return bits.GetError();
+    }
+    item.attributes = MakeAttributeWord(*bits, named.kind);
+    return {};
+}
+
+Result<FindData> PosixFileSystem::Probe(const Folder& folder, const std::string& name)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked.GetError();
+    }
+    FindData item;
+    item.name = name;
+    if (Status read = ReadDetailsAt(Own(folder).Descriptor(), item); !read) {
+        return read.GetError();
+    }
+    return item;
+}
+
+Status PosixFileSystem::SetAttributes(const Folder& folder, const std::string& name,
+                                      std::uint32_t attributes)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    const PosixFolder& own = Own(folder);
+    const Result<struct stat> details = StatAt(own.Descriptor(), name);
+    if (!details) {
+        return details.GetError();
+    }
+    const AttributeItem item{own.Descriptor(), name, KindFromMode(details->st_mode)};
+    return WriteAttributeBits(*own.Volume().attributes, item, details->st_mode, attributes);
+}
+
+Result<std::unique_ptr<SourceFile>> PosixFileSystem::OpenSource(const Folder& folder,
+                                                                const FindData& item,
+                                                                ReadAhead readAhead)
+{
+    if (Status checked = CheckName(item.name); !checked) {
+        return checked.GetError();
+    }
+    return PosixSourceFile::Open(Own(folder), item, readAhead);
+}
+
+void PosixFileSystem::FetchAhead(const Folder& folder, const FindData& item)
+{
+    if (CheckName(item.name)) {
+        m_fetcher.Fetch(Own(folder).SharedDescriptor(), item);
+    }
+}
+
+Status PosixFileSystem::CopyFile(SourceFile& source, const Folder& destination,
+                                 const std::string& name, const CopyOptions& options)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    const PosixFolder& folder = Own(destination);
+    MarkWritten(folder);
+    return PosixFileCopy(static_cast<PosixSourceFile&>(source), folder, name, options, m_copier)
+        .Run();
+}
+
+Status PosixFileSystem::DeleteFile(const Folder& folder, const std::string& name)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    const int fd = Own(folder).Descriptor();
+    if (::unlinkat(fd, name.c_str(), 0) == 0) {
+        return {};
+    }
+    const Error error = LastError();
+    if (error.Kind() != ErrorKind::AccessDenied) {
+        return error;
+    }
+    FindData item;
+    item.name = name;
+    if (!ReadAttributes(folder, item) || (item.attributes & kAttributeReadOnly) == 0 ||
+        !SetAttributes(folder, name, item.attributes & ~kAttributeReadOnly)) {
+        return error;
+    }
+    return ::unlinkat(fd, name.c_str(), 0) == 0 ? Status() : LastError();
+}
+
+Status PosixFileSystem::RemoveFolder(const Folder& parent, const std::string& name)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    const int done = ::unlinkat(Own(parent).Descriptor(), name.c_str(), AT_REMOVEDIR);
+    return done == 0 ? Status() : LastError();
+}
+
+namespace {
+
+Status MakeLike(int to, int like, bool inheritedAcl)
+{
+    struct stat model = {};
+    struct stat now = {};
+    if (::fstat(like, &model) != 0 || ::fstat(to, &now) != 0) {
+        return LastError();
+    }
+    const Result<bool> owned = CopyOwnership(to, model, now.st_uid, now.st_gid);
+    if (!owned) {
+        return owned.GetError();
+    }
+    mode_t mode = model.st_mode & (*owned ? 07777U : 01777U);
+    if (Status copied = CopyExtendedAttributes(like, to, {inheritedAcl, true, &mode}); !copied) {
+        return copied;
+    }
+    return SetMode(to, mode | S_IRWXU);
+}
+
+}  // namespace
+
+Status PosixFileSystem::CreateFolder(const Folder& parent, const std::string& name,
+                                     const Folder* like)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    const PosixFolder& folder = Own(parent);
+    const mode_t mode = like != nullptr ? S_IRWXU : S_IRWXU | S_IRWXG | S_IRWXO;
+    if (::mkdirat(folder.Descriptor(), name.c_str(), mode) != 0) {
+        return LastError();
+    }
+    MarkWritten(folder);
+    if (like == nullptr) {
+        return {};
+    }
+    const UniqueFd created(RetryInterrupted(
+        [&] { return ::openat(folder.Descriptor(), name.c_str(), kFolderFlags | O_NOFOLLOW); }));
+    Status done = created.IsOpen()
+                      ? MakeLike(created.Get(), Own(*like).Descriptor(), folder.HasDefaultAcl())
+                      : LastError();
+    if (!done) {
+        (void)::unlinkat(folder.Descriptor(), name.c_str(), AT_REMOVEDIR);
+    }
+    return done;
+}
+
+Status PosixFileSystem::Link(const Folder& folder, const std::string& name,
+                             const std::string& newName)
+{
+    if (Status checked = CheckName(newName); !checked) {
+        return checked;
+    }
+    const int fd = Own(folder).Descriptor();
+    return ::linkat(fd, name.c_str(), fd, newName.c_str(), 0) == 0 ? Status() : LastError();
+}
+
+Status PosixFileSystem::Rename(const Folder& folder, const std::string& name,
+                               const std::string& newName)
+{
+    if (Status checked = CheckName(newName); !checked) {
+        return checked;
+    }
+    const int fd = Own(folder).Descriptor();
+    if (::renameat2(fd, name.c_str(), fd, newName.c_str(), RENAME_NOREPLACE) == 0) {
+        return {};
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return LastError();
+    }
+    // A file system that cannot promise it: looked at before, which is as near as it gets.
+    const Result<struct stat> taken = StatAt(fd, newName);
+    if (taken) {
+        return ErrorFromErrno(EEXIST);
+    }
+    if (taken.GetError().Kind() != ErrorKind::Missing) {
+        return taken.GetError();
+    }
+    return ::renameat(fd, name.c_str(), fd, newName.c_str()) == 0 ? Status() : LastError();
+}
+
+void PosixFileSystem::SweepLeftovers(const Folder& folder)
+{
+    quorbit::SweepLeftovers(Own(folder));
+}
+
+void PosixFileSystem::MarkWritten(const PosixFolder& folder)
+{
+    const auto [position, isNew] = m_written.try_emplace(folder.Identity().device);
+    if (isNew || !position->second.IsOpen()) {
+        position->second = UniqueFd(::fcntl(folder.Descriptor(), F_DUPFD_CLOEXEC, 0));
+    }
+}
+
+Status PosixFileSystem::SyncWritten()
+{
+    Status result;
+    for (const auto& [device, descriptor] : m_written) {
+        if (!descriptor.IsOpen()) {
+            result = ErrorFromErrno(EMFILE);
+        } else if (::syncfs(descriptor.Get()) != 0 && result) {
+            result = LastError();
+        }
+    }
+    m_written.clear();
+    return result;
+}
+
+}  // namespace quorbit

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The door to the disk on Linux.
+
+#pragma once
+
+#include <map>
+
+#include "platform/file_system.h"
+#include "platform/path_text.h"
+#include "platform/posix/content_copier.h"
+#include "platform/posix/file_fetcher.h"
+#include "platform/posix/posix_folder.h"
+#include "platform/posix/posix_volume.h"
+#include "platform/posix/protected_folders.h"
+#include "platform/posix/unique_fd.h"
+
+namespace quorbit {
+
+class PosixFileSystem final : public FileSystem {
+public:
+    explicit PosixFileSystem(DriveMap drives = {});
+
+    Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+    Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent,
+                                                  const std::string& name) override;
+    bool StillThere(const Folder& folder) override;
+    bool IsProtected(const Folder& folder) override;
+
+    Result<std::unique_ptr<Listing>> List(const Folder& folder) override;
+    Status ReadDetails(const Folder& folder, FindData& item) override;
+    Status ReadAttributes(const Folder& folder, FindData& item) override;
+    Result<FindData> Probe(const Folder& folder, const std::string& name) override;
+    Status SetAttributes(const Folder& folder, const std::string& name,
+                         std::uint32_t attributes) override;
+
+    Result<std::unique_ptr<SourceFile>> OpenSource(const Folder& folder, const FindData& item,
+                                                   ReadAhead readAhead) override;
+    void FetchAhead(const Folder& folder, const FindData& item) override;
+    [[nodiscard]] std::size_t FetchedInVain() const override { return m_fetcher.InVain(); }
+    Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
+                    const CopyOptions& options) override;
+
+    Status DeleteFile(const Folder& folder, const std::string& name) override;
+    Status RemoveFolder(const Folder& parent, const std::string& name) override;
+    Status CreateFolder(const Folder& parent, const std::string& name, const Folder* like) override;
+    Status Link(const Folder& folder, const std::string& name, const std::string& newName) override;
+    Status Rename(const Folder& folder, const std::string& name,
+                  const std::string& newName) override;
+
+    void SweepLeftovers(const Folder& folder) override;
+    Status SyncWritten() override;
+
+private:
+    Result<std::unique_ptr<Folder>> MakeFolder(UniqueFd descriptor);
+    void MarkWritten(const PosixFolder& folder);
+
+    DriveMap m_drives;
+    VolumeTable m_volumes;
+    ProtectedFolders m_protected;
+    ContentCopier m_copier;
+    FileFetcher m_fetcher;
+    std::map<std::uint64_t, UniqueFd> m_written;  // a folder of each device that was written to
+};
+
+}  // namespace quorbit

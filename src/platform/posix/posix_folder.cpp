@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/posix_folder.h"
+
+#include <fcntl.h>
+#include <sys/xattr.h>
+
+#include <utility>
+
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+PosixFolder::PosixFolder(UniqueFd descriptor, FolderIdentity identity, PosixVolume& volume)
+    : m_descriptor(std::make_shared<const UniqueFd>(std::move(descriptor))),
+      m_identity(identity),
+      m_volume(volume)
+{
+}
+
+Result<std::shared_ptr<const UniqueFd>> PosixFolder::OpenForListing() const
+{
+    if (!m_bListed) {
+        m_bListed = true;
+        return m_descriptor;
+    }
+    const int fd = RetryInterrupted(
+        [this] { return ::openat(Descriptor(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    if (fd < 0) {
+        return LastError();
+    }
+    return std::make_shared<const UniqueFd>(fd);
+}
+
+bool PosixFolder::HasDefaultAcl() const
+{
+    if (!m_defaultAcl) {
+        m_defaultAcl = ::fgetxattr(Descriptor(), "system.posix_acl_default", nullptr, 0) > 0;
+    }
+    return *m_defaultAcl;
+}
+
+Result<NewFileDetails> PosixFolder::DetailsOfNew(int file, mode_t createdWith) const
+{
+    for (const NewFileDetails& known : m_newFiles) {
+        if (known.createdWith == createdWith) {
+            return known;
+        }
+    }
+    struct stat details = {};
+    if (::fstat(file, &details) != 0) {
+        return LastError();
+    }
+    m_newFiles.push_back({createdWith, details.st_mode & 07777U, details.st_uid, details.st_gid});
+    return m_newFiles.back();
+}
+
+}  // namespace quorbit

@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/posix_process_runner.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/posix/file_io.h"
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+namespace {
+
+// All that the child needs, made before the fork: between fork and exec only calls are allowed that
+// are safe in a signal handler, and none of them allocates.
+struct Launch {
+    std::vector<char*> arguments;  // null at the end
+    const char* folder = nullptr;  // null for the current one
+    rlim_t openFileLimit = 0;      // 0: as it is
+    int errorPipe = -1;            // takes the errno value of a failure; closed by the exec
+};
+
+void ResetSignals()
+{
+    struct sigaction standard {};
+    standard.sa_handler = SIG_DFL;
+    sigset_t none;
+    ::sigemptyset(&none);
+    for (int number = 1; number < NSIG; ++number) {
+        ::sigaction(number, &standard, nullptr);  // fails for those that cannot be changed
+    }
+    ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
+}
+
+bool EmptyStandardInput()
+{
+    const int null = ::open("/dev/null", O_RDONLY);
+    if (null <= 0) {
+        return null == 0;
+    }
+    return ::dup2(null, STDIN_FILENO) == STDIN_FILENO && ::close(null) == 0;
+}
+
+void LimitOpenFiles(rlim_t soft)
+{
+    rlimit limit{};
+    if (soft != 0 && ::getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = soft < limit.rlim_max ? soft : limit.rlim_max;
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+[[noreturn]] void BecomeProgram(const Launch& launch)
+{
+    ::setpgid(0, 0);
+    if ((launch.folder == nullptr || ::chdir(launch.folder) == 0) && EmptyStandardInput()) {
+        LimitOpenFiles(launch.openFileLimit);
+        ResetSignals();
+        ::execv(launch.arguments[0], launch.arguments.data());
+    }
+    const int reason = errno;
+    // If even this fails, the start counts as done and the child's end follows at once.
+    const ssize_t written = ::write(launch.errorPipe, &reason, sizeof(reason));
+    ::_exit(written == sizeof(reason) ? 127 : 126);
+}
+
+// Signals stay blocked until the child has its own dispositions: a handler of this process must
+// not run in it. posix_spawn(3) would do all of this but the limit of open files.
+pid_t Fork(const Launch& launch)
+{
+    sigset_t all;
+    sigset_t before;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &before);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        BecomeProgram(launch);
+    }
+    const int reason = errno;
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    errno = reason;
+    return child;
+}
+
+struct Pipe {
+    UniqueFd read;
+    UniqueFd write;  // above the standard descriptors, which the child rearranges
+};
+
+Result<Pipe> OpenPipe()
+{
+    int ends[2] = {-1, -1};
+    if (::pipe2(ends, O_CLOEXEC) != 0) {
+        return LastError();
+    }
+    Pipe pipe{UniqueFd(ends[0]), UniqueFd(ends[1])};
+    if (pipe.write.Get() <= STDERR_FILENO) {
+        pipe.write = UniqueFd(::fcntl(pipe.write.Get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        if (!pipe.write.IsOpen()) {
+            return LastError();
+        }
+    }
+    return pipe;
+}
+
+bool HasNul(std::string_view text)
+{
+    return text.find('\0') != std::string_view::npos;
+}
+
+}  // namespace
+
+Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
+                                      const std::string& folder)
+{
+    Launch launch;
+    for (const std::string& argument : arguments) {
+        if (HasNul(argument)) {
+            return ErrorFromErrno(EINVAL);
+        }
+        launch.arguments.push_back(const_cast<char*>(argument.c_str()));  // execv(3) promises so
+    }
+    if (arguments.empty() || HasNul(folder)) {
+        return ErrorFromErrno(EINVAL);
+    }
+    launch.arguments.push_back(nullptr);
+    launch.folder = folder.empty() ? nullptr : folder.c_str();
+    launch.openFileLimit = static_cast<rlim_t>(m_nOpenFileLimit);
+
+    auto pipe = OpenPipe();
+    if (!pipe) {
+        return pipe.GetError();
+    }
+    launch.errorPipe = pipe->write.Get();
+    const pid_t child = Fork(launch);
+    if (child < 0) {
+        return LastError();
+    }
+    pipe->write.Close();
+    int reason = 0;
+    const bool failed = RetryInterrupted([&] {
+                            return ::read(pipe->read.Get(), &reason, sizeof(reason));
+                        }) == sizeof(reason);
+    // Where SIGCHLD is ignored there is no status to fetch: ECHILD comes after the end, too.
+    (void)RetryInterrupted([&] { return ::waitpid(child, nullptr, 0); });
+    return failed ? Status(ErrorFromErrno(reason)) : Status();
+}
+
+bool PosixProcessRunner::IsExecutable(const std::string& path)
+{
+    struct stat details {};
+    return !HasNul(path) && ::stat(path.c_str(), &details) == 0 && S_ISREG(details.st_mode) &&
+           ::faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
+}
+
+Status PosixProcessRunner::CanRead(const std::string& path)
+{
+    const auto file = OpenRegularFile(path);
+    return file ? Status() : Status(file.GetError());
+}
+
+std::string PosixProcessRunner::FindProgram(const std::string& name)
+{
+    if (name.empty() || name.find('/') != std::string::npos) {
+        return {};
+    }
+    const char* variable = std::getenv("PATH");
+    std::string_view rest = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
+    while (!rest.empty()) {
+        const std::string_view folder = rest.substr(0, rest.find(':'));
+        rest.remove_prefix(folder.size() < rest.size() ? folder.size() + 1 : rest.size());
+        std::string path = std::string(folder) + '/' + name;
+        if (folder.starts_with('/') && IsExecutable(path)) {
+            return path;
+        }
+    }
+    return {};
+}
+
+}  // namespace quorbit

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/posix/protected_folders.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+#include "platform/posix/unique_fd.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr int kOpenFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
+bool Identify(int fd, FolderIdentity& identity)
+{
+    struct stat details = {};
+    if (fd < 0 || ::fstat(fd, &details) != 0) {
+        return false;
+    }
+    identity = {details.st_dev, details.st_ino};
+    return true;
+}
+
+std::string HomeFromPasswd()
+{
+    std::array<char, 16384> buffer;
+    passwd entry = {};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
+        found == nullptr) {
+        return {};
+    }
+    return found->pw_dir;
+}
+
+}  // namespace
+
+bool ProtectedFolders::Contains(const FolderIdentity& identity)
+{
+    if (!m_bFound) {
+        m_bFound = true;
+        Find();
+    }
+    return std::ranges::find(m_identities, identity) != m_identities.end();
+}
+
+void ProtectedFolders::Find()
+{
+    AddWithParents("/");
+    // Read once and before any other thread would change it.
+    if (const char* home = std::getenv("HOME"); home != nullptr) {  // NOLINT(concurrency-mt-unsafe)
+        AddWithParents(home);
+    }
+    AddWithParents(HomeFromPasswd().c_str());
+}
+
+// Both ways up: by the words of the path, which may lead through links, and from the real folder by
+// "..".
+void ProtectedFolders::AddWithParents(const char* home)
+{
+    if (home[0] != '/') {
+        return;
+    }
+    FolderIdentity identity;
+    for (std::string path = home; !path.empty(); path.resize(path.find_last_of('/'))) {
+        const UniqueFd folder(::open(path.c_str(), kOpenFlags));
+        if (Identify(folder.Get(), identity)) {
+            m_identities.push_back(identity);
+        }
+    }
+    UniqueFd folder(::open(home, kOpenFlags));
+    FolderIdentity last;
+    while (Identify(folder.Get(), identity) && identity != last) {
+        m_identities.push_back(identity);
+        last = identity;
+        folder = UniqueFd(::openat(folder.Get(), "..", kOpenFlags));
+    }
+}
+
+}  // namespace quorbit

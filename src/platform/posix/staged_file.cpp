@@ -1,0 +1,267 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/staged_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <climits>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+#include "platform/posix/file_io.h"
+#include "platform/posix/file_metadata.h"
+#include "platform/posix/leftover_sweeper.h"
+#include "platform/posix/posix_folder.h"
+#include "platform/posix/staged_copy.h"
+#include "platform/posix/system_call.h"
+
+namespace quorbit {
+
+namespace {
+
+constexpr mode_t kNewFile = 0666;  // less what umask(2) takes
+
+// Where a file really lies: an open folder and a name in it that is no link.
+struct Place {
+    UniqueFd folder;
+    std::string name;
+};
+
+struct FolderAndName {
+    std::string folder;  // with its closing separator, or empty
+    std::string name;
+};
+
+FolderAndName SplitPath(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+    return {path.substr(0, start), path.substr(start)};
+}
+
+// Follows the links at the end of a path by hand, since the last of them may name a file that is
+// yet to be made.
+Result<Place> FindPlace(std::string path)
+{
+    constexpr int kMostLinks = 40;  // as path_resolution(7)
+    if (path.find('\0') != std::string::npos) {
+        return ErrorFromErrno(EINVAL);
+    }
+    for (int links = 0; links < kMostLinks; ++links) {
+        FolderAndName parts = SplitPath(path);
+        if (parts.name.empty() || parts.name == "." || parts.name == "..") {
+            return ErrorFromErrno(path.empty() ? ENOENT : EISDIR);
+        }
+        auto folder = OpenPath(parts.folder.empty() ? "." : parts.folder, O_RDONLY | O_DIRECTORY);
+        if (!folder) {
+            return folder.GetError();
+        }
+        char target[PATH_MAX];
+        const ssize_t length =
+            ::readlinkat(folder->Get(), parts.name.c_str(), target, sizeof(target));
+        if (length < 0) {
+            if (errno != EINVAL && errno != ENOENT) {
+                return LastError();
+            }
+            return Place{std::move(*folder), std::move(parts.name)};
+        }
+        const std::string text(target, static_cast<std::size_t>(length));
+        path = text.starts_with('/') ? text : parts.folder + text;
+    }
+    return ErrorFromErrno(ELOOP);
+}
+
+// The file that is to be replaced; none if there is none. Fails if it must not be: a rename would
+// not ask for the permission to write it.
+Result<std::optional<struct stat>> ExamineOld(const Place& place)
+{
+    struct stat old {};
+    if (::fstatat(place.folder.Get(), place.name.c_str(), &old, AT_SYMLINK_NOFOLLOW) != 0) {
+        if (errno != ENOENT) {
+            return LastError();
+        }
+        return std::optional<struct stat>();
+    }
+    if (S_ISDIR(old.st_mode)) {
+        return ErrorFromErrno(EISDIR);
+    }
+    if (!S_ISREG(old.st_mode)) {
+        return Error(ErrorKind::NotSupported, "Not a regular file");
+    }
+    if ((old.st_mode & S_IWUSR) == 0) {  // read-only, for root too
+        return ErrorFromErrno(EACCES);
+    }
+    if (::faccessat(place.folder.Get(), place.name.c_str(), W_OK, AT_EACCESS) != 0) {
+        return LastError();
+    }
+    return std::optional<struct stat>(old);
+}
+
+// What umask(2) takes from a new file, read without changing it for a moment as umask(2) would.
+mode_t CurrentUmask()
+{
+    constexpr std::uint64_t kMostOfStatus = 1 << 16;
+    constexpr std::string_view kLabel = "\nUmask:\t";  // proc(5)
+    mode_t mask = S_IRWXG | S_IRWXO;
+    const auto status = ReadWholeFile("/proc/self/status", kMostOfStatus);
+    if (status) {
+        if (const std::size_t at = status->find(kLabel); at != std::string::npos) {
+            const char* start = status->data() + at + kLabel.size();
+            std::from_chars(start, status->data() + status->size(), mask, 8);
+        }
+    }
+    return mask;
+}
+
+// Owner, permissions and extended attributes, as far as allowed. A group that cannot be kept gets
+// no more than everybody, since its bits would now speak of another group.
+Status TakeMetadata(int to, const Place& place, const struct stat& old)
+{
+    mode_t mode = old.st_mode & 07777;
+    if (::fchown(to, old.st_uid, old.st_gid) != 0 &&
+        ::fchown(to, static_cast<uid_t>(-1), old.st_gid) != 0) {
+        mode = (mode & ~mode_t{S_IRWXG}) | ((mode & S_IRWXO) << 3U);
+    }
+    const UniqueFd from(RetryInterrupted([&] {
+        return ::openat(place.folder.Get(), place.name.c_str(),
+                        O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    }));
+    if (from.IsOpen()) {
+        const AttributeCopy all{.inheritedAcl = true};
+        if (Status copied = CopyExtendedAttributes(from.Get(), to, all); !copied) {
+            return copied;
+        }
+    }
+    return SetMode(to, mode);
+}
+
+Status Fill(const StagedCopy& stage, std::string_view content, const Place& place,
+            const std::optional<struct stat>& old)
+{
+    const int file = stage.Descriptor();
+    if (Status written = WriteAll(file, content); !written) {
+        return written;
+    }
+    Status taken;
+    if (old) {
+        taken = TakeMetadata(file, place, *old);
+    } else if (!stage.IsAnonymous()) {
+        taken = SetMode(file, kNewFile & ~CurrentUmask());
+    }
+    if (!taken) {
+        return taken;
+    }
+    if (RetryInterrupted([&] { return ::fsync(file); }) != 0 && errno != EINVAL) {
+        return LastError();
+    }
+    return {};
+}
+
+Status Publish(StagedCopy& stage, const std::string& name, bool replaces)
+{
+    if (!replaces) {
+        Status published = stage.PublishNew(name);
+        if (published || published.GetError().Kind() != ErrorKind::AlreadyExists) {
+            return published;
+        }
+    }
+    return stage.PublishOver(name, false);
+}
+
+}  // namespace
+
+Status ReplaceFile(const std::string& path, std::string_view content)
+{
+    auto place = FindPlace(path);
+    if (!place) {
+        return place.GetError();
+    }
+    const auto old = ExamineOld(*place);
+    if (!old) {
+        return old.GetError();
+    }
+    UniqueFd forStage(::fcntl(place->folder.Get(), F_DUPFD_CLOEXEC, 0));
+    if (!forStage.IsOpen()) {
+        return LastError();
+    }
+    PosixVolume volume;
+    const PosixFolder folder(std::move(forStage), {}, volume);
+    SweepLeftovers(folder);
+    StagedCopy stage(folder);
+    if (Status opened = stage.Open(*old ? 0 : kNewFile); !opened) {
+        return opened;
+    }
+    if (Status filled = Fill(stage, content, *place, *old); !filled) {
+        return filled;
+    }
+    if (Status published = Publish(stage, place->name, old->has_value()); !published) {
+        return published;
+    }
+    // The new content stands whole under its name; there is no way back if this fails.
+    (void)RetryInterrupted([&] { return ::fsync(place->folder.Get()); });
+    return {};
+}
+
+Status CanReplace(const std::string& path)
+{
+    const auto place = FindPlace(path);
+    if (!place) {
+        return place.GetError();
+    }
+    if (const auto old = ExamineOld(*place); !old) {
+        return old.GetError();
+    }
+    if (::faccessat(place->folder.Get(), ".", W_OK | X_OK, AT_EACCESS) != 0) {
+        return LastError();
+    }
+    return {};
+}
+
+Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxBytes)
+{
+    const auto file = OpenRegularFile(path);
+    if (!file) {
+        return file.GetError();
+    }
+    struct stat details {};
+    if (::fstat(file->Get(), &details) != 0) {
+        return LastError();
+    }
+    const Error tooLarge(ErrorKind::DiskFull, "The file is too large");
+    if (static_cast<std::uint64_t>(details.st_size) > maxBytes) {
+        return tooLarge;
+    }
+    // One byte more than expected tells at once that the end is reached. The size is only a hint:
+    // the file may grow meanwhile, and those of /proc have none.
+    constexpr std::size_t kLeastRoom = 4096;
+    std::string content;
+    std::size_t done = 0;
+    content.resize(static_cast<std::size_t>(details.st_size) + 1);
+    while (true) {
+        const ssize_t got = RetryInterrupted(
+            [&] { return ::read(file->Get(), content.data() + done, content.size() - done); });
+        if (got < 0) {
+            return LastError();
+        }
+        done += static_cast<std::size_t>(got);
+        if (done > maxBytes) {
+            return tooLarge;
+        }
+        if (got == 0) {
+            content.resize(done);
+            return content;
+        }
+        if (done == content.size()) {
+            content.resize(done + std::max(done, kLeastRoom));
+        }
+    }
+}
+
+}  // namespace quorbit
