@@ -85,8 +85,8 @@ Command BenchFolder::Quorbit(Ending ending) const
 Command BenchFolder::QuorbitCommand(const CDirCopy& entry, Ending ending,
                                     const std::string& mode) const
 {
-    BatchFile batch;
-    batch.entries.push_back(entry);
+    Batch batch;
+    batch.m_arrEntries.push_back(entry);
     const std::string path = SettingsPath(ending) + "/bench.qrb";
     if (const BatchFileStatus written = WriteBatchFile(path, batch); !written)
         GiveUp(written.GetError().Text());

@@ -32,9 +32,9 @@ int main(int argc, char** argv)
     // A mask, so that each name is looked at as in a batch that selects.
     CDirCopy entry(argv[1], "", DCF_NO_ATTRS | DCF_SUBFOLDERS, DCK_TYPES, 0);
     entry.m_listItems = {"*.dat"};
-    CQRBDoc doc;
-    doc.m_arrEntries.push_back(entry);
-    ctx.m_pDoc = &doc;
+    Batch batch;
+    batch.m_arrEntries.push_back(entry);
+    ctx.m_pDoc = &batch;
     if (CountEntries(ctx) && std::to_string(ctx.m_nFilesLeft) == argv[2])
         return 0;
     std::cerr << "bench_count: " << ctx.m_nFilesLeft << " files instead of " << argv[2] << '\n';

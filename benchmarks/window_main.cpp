@@ -63,7 +63,7 @@ public:
     std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
 };
 
-double LongestWait(CQRBDoc& doc, const std::string& logFolder, int& exitCode)
+double LongestWait(const Batch& batch, const std::string& logFolder, int& exitCode)
 {
     const auto files = MakeFileSystem();
     const auto processes = MakeProcessRunner();
@@ -93,7 +93,7 @@ double LongestWait(CQRBDoc& doc, const std::string& logFolder, int& exitCode)
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
     });
-    CProgressDlg(nullptr, &doc, services).exec();
+    CProgressDlg(nullptr, &batch, services).exec();
     over = true;
     poster.join();
     return meter.worst;
@@ -110,15 +110,15 @@ int main(int argc, char** argv)
         return 2;
     }
     QApplication application(argc, argv);
-    CQRBDoc doc;
+    Batch batch;
     const std::string result = argv[3];
-    doc.m_strFilePath = result + "-window.qrb";
+    batch.m_strFilePath = result + "-window.qrb";
     CDirCopy entry(argv[1], argv[2],
                    DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES, DCK_TYPES, 0);
     entry.m_listItems = {"*.*"};
-    doc.m_arrEntries.push_back(entry);
+    batch.m_arrEntries.push_back(entry);
     int exitCode = 0;
     const std::string folder = result.substr(0, result.rfind('/') + 1);
-    std::ofstream(result) << bench::LongestWait(doc, folder, exitCode) << '\n';
+    std::ofstream(result) << bench::LongestWait(batch, folder, exitCode) << '\n';
     return exitCode;
 }

@@ -21,14 +21,14 @@ public:
     void Add(const std::string& source, const std::string& dest, std::uint32_t flags,
              std::uint32_t kind, std::vector<std::string> items)
     {
-        const auto id = static_cast<std::uint32_t>(m_batch.entries.size());
-        CDirCopy& entry = m_batch.entries.emplace_back(source, dest, flags, kind, id);
+        const auto id = static_cast<std::uint32_t>(m_batch.m_arrEntries.size());
+        CDirCopy& entry = m_batch.m_arrEntries.emplace_back(source, dest, flags, kind, id);
         entry.m_listItems = std::move(items);
     }
-    [[nodiscard]] const BatchFile& Batch() const { return m_batch; }
+    [[nodiscard]] const Batch& Entries() const { return m_batch; }
 
 private:
-    BatchFile m_batch;
+    Batch m_batch;
 };
 
 DemoBatch MakeDemo()
@@ -59,7 +59,7 @@ int main(int argc, char** argv)
         std::cerr << "Usage: make_demo FILE\n";
         return 2;
     }
-    const BatchFileStatus written = WriteBatchFile(argv[1], MakeDemo().Batch());
+    const BatchFileStatus written = WriteBatchFile(argv[1], MakeDemo().Entries());
     if (!written) {
         std::cerr << "make_demo: " << written.GetError().Text() << '\n';
         return 1;

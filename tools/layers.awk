@@ -14,7 +14,8 @@ BEGIN {
     may["platform/posix/shell"] = "platform platform/shell platform/posix platform/posix/shell"
     may["batch"] = "platform batch"
     may["engine"] = "platform batch engine"
-    below = "platform platform/shell batch engine"
+    may["document"] = "platform batch engine document"
+    below = "platform platform/shell batch engine document"
     may["engine/dialog"] = below " engine/dialog"
     may["panes"] = below " panes"
     may["dialogs"] = below " panes dialogs"
@@ -30,6 +31,7 @@ BEGIN {
     windowless["batch"]
     windowless["engine"]
     windowless["app"]
+    windowless["document"]
 
     count = split(widget_headers, names, " ")
     for (i = 1; i <= count; ++i) is_widget[names[i]]

@@ -37,14 +37,14 @@ bool FileExists(const std::string& path)
 
 int ShowBatchFile(const std::string& path)
 {
-    BatchFile file;
+    Batch file;
     const BatchFileStatus read = ReadBatchFile(path, file);
     if (!read) {
         std::fprintf(stderr, "quorbit: %s: %s\n", Printable(path).c_str(),
                      read.GetError().Text().c_str());
         return kExitNoRun;
     }
-    std::fputs(ShowEntries(file.entries).c_str(), stdout);
+    std::fputs(ShowEntries(file.m_arrEntries).c_str(), stdout);
     return kExitOk;
 }
 

@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "batch/batch_file.h"
 #include "engine/console_surface.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
@@ -26,13 +27,13 @@ void Complain(const std::string& text)
     std::fprintf(stderr, "quorbit: %s\n", text.c_str());
 }
 
-bool LoadDocument(const CommandLine& line, CQRBDoc& doc)
+bool LoadBatch(const CommandLine& line, Batch& batch)
 {
     if (!line.named) {
         return true;
     }
     const std::string path = MakeAbsolute(line.batchFile);
-    const BatchFileStatus opened = doc.OnOpenDocument(path);
+    const BatchFileStatus opened = ReadBatchFile(path, batch);
     if (!opened) {
         Complain(Printable(path) + ": " + opened.GetError().Text());
     }
@@ -72,15 +73,15 @@ void PrintSummary(const CRunContext& ctx, const std::string& logPath)
 
 int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile& profile)
 {
-    CQRBDoc doc;
-    if (!LoadDocument(line, doc)) {
+    Batch batch;
+    if (!LoadBatch(line, batch)) {
         return kExitNoRun;
     }
     const auto installPath = machine.GetRegValue(MachineValue::InstallPath);
     if (!installPath) {
         return kExitOk;
     }
-    const std::string logPath = MakeLogPath(*installPath, doc.m_strFilePath);
+    const std::string logPath = MakeLogPath(*installPath, batch.m_strFilePath);
     if (!machine.SetRegValue(NameOf(MachineValue::LogFile), logPath)) {
         return kExitOk;
     }
@@ -95,7 +96,7 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
     if (!ctx.m_pLogFile) {
         return exitCode;
     }
-    ctx.m_pDoc = &doc;
+    ctx.m_pDoc = &batch;
     ctx.m_pDlg = &surface;
     ctx.m_pFiles = files.get();
     ctx.m_pProcesses = processes.get();

@@ -39,7 +39,7 @@ class BatchReader {
 public:
     explicit BatchReader(std::string_view bytes) : m_bytes(bytes) {}
 
-    void ReadFile(BatchFile& file);
+    void ReadFile(Batch& batch);
     [[nodiscard]] BatchFileStatus TakeStatus() { return std::move(m_status); }
 
 private:
@@ -103,18 +103,18 @@ void BatchReader::CountStrings(std::uint64_t number, std::uint64_t offset)
     }
 }
 
-void BatchReader::ReadFile(BatchFile& file)
+void BatchReader::ReadFile(Batch& batch)
 {
     if (m_bytes.size() > kLargestFile) {
         Fail(BatchFileFault::TooLarge, kLargestFile);
     }
-    for (std::uint32_t& word : file.headerWords) {
+    for (std::uint32_t& word : batch.m_headerWords) {
         word = ReadNumber<std::uint32_t>();
     }
     const std::uint64_t count = ReadEntryCount();
     for (std::uint64_t i = 0; i < count && m_status; ++i) {
         ReadTag(i == 0);
-        file.entries.push_back(ReadContent());
+        batch.m_arrEntries.push_back(ReadContent());
     }
 }
 
@@ -262,10 +262,10 @@ void AppendTag(std::string& bytes, bool first)
     bytes += kClassName;
 }
 
-std::uint64_t CountStrings(const BatchFile& file)
+std::uint64_t CountStrings(const Batch& batch)
 {
     std::uint64_t number = 0;
-    for (const CDirCopy& entry : file.entries) {
+    for (const CDirCopy& entry : batch.m_arrEntries) {
         number += kStringsOfEntry + entry.m_listItems.size() + entry.m_listFolderTypes.size();
     }
     return number;
@@ -299,31 +299,32 @@ std::string BatchFileError::Text() const
     return "The batch file cannot be written: " + reason + ".";
 }
 
-BatchFileStatus ParseBatchFile(std::string_view bytes, BatchFile& file)
+BatchFileStatus ParseBatchFile(std::string_view bytes, Batch& batch)
 {
     if (bytes.empty()) {
-        file.entries.clear();
+        batch.m_arrEntries.clear();
         return {};
     }
     BatchReader reader(bytes);
-    BatchFile parsed;
+    Batch parsed;
     reader.ReadFile(parsed);
     BatchFileStatus status = reader.TakeStatus();
     if (status) {
-        file = std::move(parsed);
+        parsed.m_strFilePath = std::move(batch.m_strFilePath);
+        batch = std::move(parsed);
     }
     return status;
 }
 
-std::string FormatBatchFile(const BatchFile& file)
+std::string FormatBatchFile(const Batch& batch)
 {
     std::string bytes;
-    for (const std::uint32_t word : file.headerWords) {
+    for (const std::uint32_t word : batch.m_headerWords) {
         AppendNumber(bytes, word);
     }
-    AppendEntryCount(bytes, file.entries.size());
+    AppendEntryCount(bytes, batch.m_arrEntries.size());
     bool first = true;
-    for (const CDirCopy& entry : file.entries) {
+    for (const CDirCopy& entry : batch.m_arrEntries) {
         AppendTag(bytes, std::exchange(first, false));
         AppendString(bytes, entry.m_strSource);
         AppendString(bytes, entry.m_strDest);
@@ -336,11 +337,15 @@ std::string FormatBatchFile(const BatchFile& file)
     return bytes;
 }
 
-BatchFileStatus ReadBatchFile(const std::string& path, BatchFile& file)
+BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch)
 {
     const auto bytes = ReadWholeFile(path, kLargestFile);
     if (bytes) {
-        return ParseBatchFile(*bytes, file);
+        BatchFileStatus parsed = ParseBatchFile(*bytes, batch);
+        if (parsed) {
+            batch.m_strFilePath = path;
+        }
+        return parsed;
     }
     if (bytes.GetError().Kind() == ErrorKind::DiskFull) {  // stands for "too large"
         return BatchFileError{BatchFileFault::TooLarge, kLargestFile, {}};
@@ -348,10 +353,10 @@ BatchFileStatus ReadBatchFile(const std::string& path, BatchFile& file)
     return BatchFileError{BatchFileFault::Unreadable, 0, bytes.GetError().Text()};
 }
 
-BatchFileStatus WriteBatchFile(const std::string& path, const BatchFile& file)
+BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch)
 {
-    const std::string bytes = FormatBatchFile(file);
-    if (bytes.size() > kLargestFile || CountStrings(file) > kMostStrings) {
+    const std::string bytes = FormatBatchFile(batch);
+    if (bytes.size() > kLargestFile || CountStrings(batch) > kMostStrings) {
         return BatchFileError{BatchFileFault::TooLarge, bytes.size(), {}};
     }
     if (const Status replaced = ReplaceFile(path, bytes); !replaced) {

@@ -5,22 +5,14 @@
 
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "batch/dir_copy.h"
+#include "batch/batch.h"
 
 namespace quorbit {
-
-// What a batch file holds.
-struct BatchFile {
-    std::array<std::uint32_t, 2> headerWords{};
-    std::vector<CDirCopy> entries;
-};
 
 enum class BatchFileFault {
     Unreadable,   // the file cannot be opened or read, or it is no regular file
@@ -58,15 +50,15 @@ private:
 };
 
 // Parses the bytes of a file. Trusts nothing: a count or length that cannot be true fails before
-// anything is allocated by it. On failure `file` is untouched. No bytes at all are an empty batch,
-// and leave the header words as they are.
-BatchFileStatus ParseBatchFile(std::string_view bytes, BatchFile& file);
+// anything is allocated by it. On failure `batch` is untouched. No bytes at all are an empty batch,
+// and leave the header words as they are. Leaves the path alone.
+BatchFileStatus ParseBatchFile(std::string_view bytes, Batch& batch);
 // The bytes that stand for a batch.
-[[nodiscard]] std::string FormatBatchFile(const BatchFile& file);
+[[nodiscard]] std::string FormatBatchFile(const Batch& batch);
 
-// Reads a file whole or not at all.
-BatchFileStatus ReadBatchFile(const std::string& path, BatchFile& file);
+// Reads a file whole, its path included, or changes nothing.
+BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch);
 // Replaces the file whole or leaves it as it was.
-BatchFileStatus WriteBatchFile(const std::string& path, const BatchFile& file);
+BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch);
 
 }  // namespace quorbit

@@ -67,6 +67,11 @@ struct CDirCopy {
     {
     }
 
+    [[nodiscard]] bool IsScript() const
+    {
+        return (m_dwFlags & (DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) != 0;
+    }
+
     bool operator==(const CDirCopy&) const = default;
 };
 

@@ -7,10 +7,10 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/set_attributes_dialog.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

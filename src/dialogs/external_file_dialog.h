@@ -7,8 +7,8 @@
 
 #include <utility>
 
-#include "batch/entry_dialogs.h"
 #include "dialogs/dialog_services.h"
+#include "document/entry_dialogs.h"
 
 namespace quorbit {
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "batch/dir_copy.h"
-#include "batch/entry_dialogs.h"
 #include "dialogs/entry_checks.h"
+#include "document/entry_dialogs.h"
 
 namespace quorbit {
 

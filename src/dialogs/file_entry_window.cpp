@@ -5,10 +5,10 @@
 
 #include <utility>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "dialogs/folder_setup_dialog.h"
 #include "dialogs/kept_size.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

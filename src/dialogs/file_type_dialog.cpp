@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "batch/qrb_doc.h"
 #include "dialogs/file_type_window.h"
+#include "document/qrb_doc.h"
 
 namespace quorbit {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <utility>
 
-#include "batch/entry_dialogs.h"
 #include "dialogs/dialog_services.h"
 #include "dialogs/file_type_form.h"
+#include "document/entry_dialogs.h"
 
 namespace quorbit {
 

@@ -5,9 +5,9 @@
 
 #include <utility>
 
-#include "batch/help_topics.h"
 #include "dialogs/kept_size.h"
 #include "dialogs/offered_masks.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

@@ -7,11 +7,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "dialogs/kept_size.h"
 #include "dialogs/offered_masks.h"
 #include "dialogs/ok_cancel_row.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

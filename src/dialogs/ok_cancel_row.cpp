@@ -5,8 +5,8 @@
 
 #include <QPushButton>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "batch/dir_copy.h"
-#include "batch/entry_dialogs.h"
+#include "document/entry_dialogs.h"
 
 namespace quorbit {
 

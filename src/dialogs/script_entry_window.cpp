@@ -9,12 +9,12 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "dialogs/kept_size.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/open_dialog.h"
 #include "dialogs/shown_text.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

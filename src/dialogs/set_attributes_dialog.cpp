@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 
 #include "batch/dir_copy.h"
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

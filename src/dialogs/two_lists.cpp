@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "dialogs/shown_text.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <memory>
 
-#include "batch/qrb_doc.h"
+#include "batch/batch.h"
 #include "engine/elapsed_clock.h"
 #include "engine/run_log.h"
 #include "engine/run_surface.h"
@@ -27,7 +27,7 @@ enum : std::uint32_t {
 };
 
 struct CRunContext {
-    const CQRBDoc* m_pDoc = nullptr;        // not owned
+    const Batch* m_pDoc = nullptr;          // not owned; does not change during the run
     RunSurface* m_pDlg = nullptr;           // not owned: whoever shows the run
     FileSystem* m_pFiles = nullptr;         // not owned
     ProcessRunner* m_pProcesses = nullptr;  // not owned

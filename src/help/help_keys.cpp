@@ -13,7 +13,7 @@
 #include <QWhatsThisClickedEvent>
 #include <utility>
 
-#include "batch/help_topic.h"
+#include "document/help_topic.h"
 #include "help/help_window.h"
 
 namespace quorbit {

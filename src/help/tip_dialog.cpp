@@ -11,8 +11,8 @@
 #include <limits>
 #include <utility>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 #include "look/pictures.h"
 
 namespace quorbit {

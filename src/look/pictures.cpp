@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QString>
 
-#include "batch/command_table.h"
+#include "document/command_table.h"
 
 // A linker leaves the pictures of a static library out unless something names them, and the macro
 // does that outside of any namespace only.

@@ -13,8 +13,8 @@
 #include <optional>
 #include <string>
 
-#include "batch/entry_dialogs.h"
-#include "batch/view.h"
+#include "document/entry_dialogs.h"
+#include "document/view.h"
 #include "panes/drag_gesture.h"
 #include "panes/drive_drop_target.h"
 #include "panes/drive_refresh.h"

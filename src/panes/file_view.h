@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "batch/entry_dialogs.h"
+#include "document/entry_dialogs.h"
 #include "panes/drag_gesture.h"
 #include "panes/file_list_model.h"
 #include "panes/list_view_ex.h"

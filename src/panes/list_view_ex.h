@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "batch/profile.h"
-#include "batch/view.h"
+#include "document/view.h"
 #include "panes/drag_gesture.h"
 #include "panes/grid_delegate.h"
 #include "panes/report_view.h"

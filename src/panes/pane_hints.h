@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "batch/view.h"
+#include "document/view.h"
 #include "platform/shell/shell_list_item.h"
 #include "platform/shell/shell_tree_item.h"
 

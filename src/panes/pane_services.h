@@ -12,7 +12,7 @@
 
 #include "batch/profile.h"
 #include "batch/prompts.h"
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 #include "panes/item_icons.h"
 #include "platform/shell/shell_folder.h"
 

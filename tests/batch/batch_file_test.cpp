@@ -33,7 +33,7 @@ const std::string kLaterTag = "\x01\x80"s;
 // Two empty strings, flags, kind, id, two empty lists.
 const std::string kEmptyContent(2 + 12 + 8, '\0');
 
-BatchFile WorkedExample()
+Batch WorkedExample()
 {
     CDirCopy copy("C:\\Data", "D:\\Save", DCF_SUBFOLDERS | DCF_NO_ATTRS, DCK_TYPES, 0);
     copy.m_listItems = {"*.txt", "*.doc"};
@@ -43,27 +43,27 @@ BatchFile WorkedExample()
 }
 
 // Every form that a part of a file can take, except those that need megabytes.
-BatchFile RichFile()
+Batch RichFile()
 {
-    BatchFile file = WorkedExample();
-    file.headerWords = {0x12345678, 0xFEDCBA98};
+    Batch file = WorkedExample();
+    file.m_headerWords = {0x12345678, 0xFEDCBA98};
     CDirCopy folders("/home/me\xFF/", std::string(254, 's'), 0xFFFFFFFF, DCK_NAMES, 0xFFFFFFFF);
     folders.m_listItems = {"", "a\0b"s, std::string(255, 'x'), "\xC3\xA4"};
     folders.m_listFolderTypes = {"*.*", std::string(300, 'y')};
-    file.entries.push_back(folders);
-    file.entries.push_back(CDirCopy());
+    file.m_arrEntries.push_back(folders);
+    file.m_arrEntries.push_back(CDirCopy());
     return file;
 }
 
-void ExpectSame(const BatchFile& a, const BatchFile& b)
+void ExpectSame(const Batch& a, const Batch& b)
 {
-    EXPECT_EQ(a.headerWords, b.headerWords);
-    EXPECT_TRUE(a.entries == b.entries);
+    EXPECT_EQ(a.m_headerWords, b.m_headerWords);
+    EXPECT_TRUE(a.m_arrEntries == b.m_arrEntries);
 }
 
 void ExpectFault(const std::string& bytes, BatchFileFault fault, std::uint64_t offset)
 {
-    BatchFile file = WorkedExample();
+    Batch file = WorkedExample();
     BatchFileStatus status;
     const std::size_t peak = PeakAllocation([&] { status = ParseBatchFile(bytes, file); });
     ASSERT_FALSE(status.Ok());
@@ -88,7 +88,7 @@ TEST(BatchFile, TheWorkedExampleIsRightToTheByte)
         "\x01\0\0\0\x03*.*\0\0\0\0"s;
     ASSERT_EQ(bytes.size(), 107U);
     EXPECT_EQ(FormatBatchFile(WorkedExample()), bytes);
-    BatchFile file;
+    Batch file;
     ASSERT_TRUE(ParseBatchFile(bytes, file).Ok());
     ExpectSame(file, WorkedExample());
 }
@@ -96,9 +96,9 @@ TEST(BatchFile, TheWorkedExampleIsRightToTheByte)
 TEST(BatchFile, AnEmptyBatchIsTenBytesAndNoBytesAreAnEmptyBatch)
 {
     EXPECT_EQ(FormatBatchFile({{1, 2}, {}}), "\x01\0\0\0\x02\0\0\0\0\0"s);
-    BatchFile file = RichFile();
+    Batch file = RichFile();
     ASSERT_TRUE(ParseBatchFile("", file).Ok());
-    ExpectSame(file, {RichFile().headerWords, {}});
+    ExpectSame(file, {RichFile().m_headerWords, {}});
     ASSERT_TRUE(ParseBatchFile("\x01\0\0\0\x02\0\0\0\0\0 and more"sv, file).Ok());
     ExpectSame(file, {{1, 2}, {}});
 }
@@ -117,13 +117,13 @@ TEST(BatchFile, EachLengthOfStringHasItsOwnForm)
                           {65536, "\xFF\xFF\xFF\x00\x00\x01\x00"s}};
     for (const auto& [length, form] : cases) {
         const std::string text(length, 't');
-        BatchFile written;
-        written.entries.emplace_back(text, "end", 1, 2, 3);
-        written.entries[0].m_listItems = {text};
+        Batch written;
+        written.m_arrEntries.emplace_back(text, "end", 1, 2, 3);
+        written.m_arrEntries[0].m_listItems = {text};
         const std::string bytes = FormatBatchFile(written);
         const std::size_t start = kHeaderSize + 2 + kFirstTag.size();
         EXPECT_EQ(bytes.substr(start, form.size() + 1), form + (length == 0 ? "\x03"s : "t"s));
-        BatchFile read;
+        Batch read;
         ASSERT_TRUE(ParseBatchFile(bytes, read).Ok()) << length;
         ExpectSame(read, written);
     }
@@ -132,14 +132,14 @@ TEST(BatchFile, EachLengthOfStringHasItsOwnForm)
 TEST(BatchFile, From65535EntriesOnTheCountIsLong)
 {
     for (const std::size_t count : {65534U, 65535U, 70000U}) {
-        BatchFile written;
-        written.entries.resize(count);
-        written.entries.back().m_strSource = "last";
+        Batch written;
+        written.m_arrEntries.resize(count);
+        written.m_arrEntries.back().m_strSource = "last";
         const std::string bytes = FormatBatchFile(written);
         const std::string form = count < 0xFFFF ? Number(count, 2) : "\xFF\xFF"s + Number(count, 4);
         EXPECT_EQ(bytes.substr(kHeaderSize, form.size()), form);
         EXPECT_EQ(bytes.substr(bytes.size() - kEmptyContent.size() - 4 - 2, 2), kLaterTag);
-        BatchFile read;
+        Batch read;
         ASSERT_TRUE(ParseBatchFile(bytes, read).Ok());
         ExpectSame(read, written);
     }
@@ -149,7 +149,7 @@ TEST(BatchFile, AFileCutAnywhereIsRefusedWhole)
 {
     const std::string bytes = FormatBatchFile(RichFile());
     for (std::size_t size = 1; size < bytes.size(); ++size) {
-        BatchFile file = WorkedExample();
+        Batch file = WorkedExample();
         BatchFileStatus status;
         const std::size_t peak =
             PeakAllocation([&] { status = ParseBatchFile(bytes.substr(0, size), file); });
@@ -168,7 +168,7 @@ TEST(BatchFile, AnyFlippedBitIsEitherRefusedOrReadAsAWellFormedFile)
     for (std::size_t bit = 0; bit < 8 * bytes.size(); ++bit) {
         std::string damaged = bytes;
         damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
-        BatchFile file;
+        Batch file;
         BatchFileStatus status;
         const std::size_t peak = PeakAllocation([&] { status = ParseBatchFile(damaged, file); });
         ASSERT_LT(peak, 8192U) << bit;
@@ -177,7 +177,7 @@ TEST(BatchFile, AnyFlippedBitIsEitherRefusedOrReadAsAWellFormedFile)
             ASSERT_LE(status.GetError().offset, damaged.size()) << bit;
             continue;
         }
-        BatchFile again;
+        Batch again;
         ASSERT_TRUE(ParseBatchFile(FormatBatchFile(file), again).Ok()) << bit;
         ExpectSame(again, file);
     }
@@ -236,11 +236,11 @@ TEST(BatchFile, NamesTheFaultAndWhereItIs)
 
 TEST(BatchFile, TakesUpToAMillionStrings)
 {
-    BatchFile written;
-    written.entries.resize(2);
-    written.entries[0].m_listItems.resize(500'000);
-    written.entries[1].m_listFolderTypes.resize(499'996);
-    BatchFile read;
+    Batch written;
+    written.m_arrEntries.resize(2);
+    written.m_arrEntries[0].m_listItems.resize(500'000);
+    written.m_arrEntries[1].m_listFolderTypes.resize(499'996);
+    Batch read;
     ASSERT_TRUE(ParseBatchFile(FormatBatchFile(written), read).Ok());
     ExpectSame(read, written);
 }
@@ -253,7 +253,7 @@ TEST_F(BatchFileOnDiskTest, RefusesWhatIsNoRegularFileWithoutWaitingOrIsTooLarge
     std::filesystem::resize_file(Path("large"), std::uintmax_t{1} << 30);
     for (const std::string& path :
          {Path("large"), Path("fifo"), Path("none"), Path(), "/dev/zero"s, ""s}) {
-        BatchFile file = WorkedExample();
+        Batch file = WorkedExample();
         const BatchFileStatus status = ReadBatchFile(path, file);
         ASSERT_FALSE(status.Ok()) << path;
         EXPECT_EQ(status.GetError().fault,
@@ -267,14 +267,14 @@ TEST_F(BatchFileOnDiskTest, RefusesWhatIsNoRegularFileWithoutWaitingOrIsTooLarge
 TEST_F(BatchFileOnDiskTest, AFailedSaveKeepsTheOldFile)
 {
     ASSERT_TRUE(WriteBatchFile(Path("a.qrb"), WorkedExample()).Ok());
-    BatchFile unreadable = WorkedExample();  // what is written must be readable again
-    unreadable.entries[0].m_listItems.resize(1'000'000);
+    Batch unreadable = WorkedExample();  // what is written must be readable again
+    unreadable.m_arrEntries[0].m_listItems.resize(1'000'000);
     const auto tooLarge = WriteBatchFile(Path("a.qrb"), unreadable);
     const auto full = OnFullDisk(100, [&] { return WriteBatchFile(Path("a.qrb"), RichFile()); });
     ASSERT_FALSE(tooLarge.Ok() || full.Ok());
     EXPECT_EQ(tooLarge.GetError().fault, BatchFileFault::TooLarge);
     EXPECT_EQ(full.GetError().fault, BatchFileFault::NotWritable);
-    BatchFile read;
+    Batch read;
     ASSERT_TRUE(ReadBatchFile(Path("a.qrb"), read).Ok());
     ExpectSame(read, WorkedExample());
 }

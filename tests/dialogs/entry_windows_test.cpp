@@ -3,7 +3,7 @@
 
 // The entry dialogs as a person uses them.
 
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 #include "dialogs/dialogs_test.h"
 #include "dialogs/external_file_dialog.h"
 #include "dialogs/file_dialog.h"

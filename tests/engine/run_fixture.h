@@ -87,9 +87,9 @@ protected:
     // One run; the flags are clear after it.
     RunResult Run(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
     {
-        CQRBDoc doc;
-        doc.m_arrEntries = std::move(entries);
-        doc.m_strFilePath = Path("@/batch.qrb");
+        Batch batch;
+        batch.m_arrEntries = std::move(entries);
+        batch.m_strFilePath = Path("@/batch.qrb");
         const auto disk = MakeFileSystem(m_drives);
         FailingFileSystem files(*disk);
         if (prepare)
@@ -101,7 +101,7 @@ protected:
         EXPECT_TRUE(output.Ok());
         const auto processes = MakeProcessRunner();
         CRunContext ctx{
-            .m_pDoc = &doc,
+            .m_pDoc = &batch,
             .m_pDlg = &result.surface,
             .m_pFiles = &files,
             .m_pProcesses = processes.get(),

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "batch/entry_dialogs.h"
-#include "batch/view.h"
+#include "document/entry_dialogs.h"
+#include "document/view.h"
 
 namespace quorbit {
 

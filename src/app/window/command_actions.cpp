@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "batch/command_table.h"
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/command_table.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

@@ -11,7 +11,7 @@
 #include <functional>
 #include <map>
 
-#include "batch/command_target.h"
+#include "document/command_target.h"
 
 namespace quorbit {
 

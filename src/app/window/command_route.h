@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "batch/command_target.h"
-#include "batch/qrb_doc.h"
+#include "document/command_target.h"
+#include "document/qrb_doc.h"
 
 namespace quorbit {
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "batch/prompts.h"
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 
 namespace quorbit {
 

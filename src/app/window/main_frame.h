@@ -13,7 +13,7 @@
 #include "app/window/command_actions.h"
 #include "app/window/command_route.h"
 #include "app/window/frameless_frame.h"
-#include "batch/command_target.h"
+#include "document/command_target.h"
 #include "look/flat_tool_bar.h"
 #include "look/spawn_frame_wnd.h"
 #include "panes/pane_services.h"

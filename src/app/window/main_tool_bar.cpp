@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <array>
 
-#include "batch/command_table.h"
+#include "document/command_table.h"
 #include "look/pictures.h"
 
 namespace quorbit {

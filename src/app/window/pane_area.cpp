@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <array>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 
 namespace quorbit {
 namespace {

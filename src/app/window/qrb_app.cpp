@@ -13,10 +13,10 @@
 
 #include "app/window/about_dialog.h"
 #include "app/window/identity.h"
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "batch/reg_key.h"
 #include "dialogs/options_dialog.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "look/pictures.h"

@@ -10,8 +10,8 @@
 #include <functional>
 #include <string>
 
-#include "batch/entry_dialogs.h"
 #include "batch/prompts.h"
+#include "document/qrb_doc.h"
 #include "engine/dialog/progress_dialog.h"
 #include "engine/dialog/progress_services.h"
 

@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
 #include "batch/settings.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 #include "engine/dialog/transfer_text.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
@@ -32,7 +32,7 @@ QPushButton* Button(const char* name, const char* text, QWidget* pParent)
 
 }  // namespace
 
-CProgressDlg::CProgressDlg(QWidget* pParent, const CQRBDoc* pDoc, ProgressServices services)
+CProgressDlg::CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices services)
     : QDialog(pParent),
       m_btnViewLog(Button("m_btnViewLog", "&View Error/Copy Log", this)),
       m_btnCancel(Button("m_btnCancel", "&Cancel", this)),

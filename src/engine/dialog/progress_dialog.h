@@ -18,7 +18,7 @@
 #include <string>
 #include <thread>
 
-#include "batch/qrb_doc.h"
+#include "batch/batch.h"
 #include "engine/dialog/dialog_surface.h"
 #include "engine/dialog/progress_services.h"
 #include "engine/dialog/rate_estimator.h"
@@ -31,7 +31,7 @@ class CProgressDlg : public QDialog {
 public:
     // pDoc must outlive the dialog and must not change while the run is on. Every control has the
     // name of its member as object name.
-    CProgressDlg(QWidget* pParent, const CQRBDoc* pDoc, ProgressServices services);
+    CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices services);
     // Leaves clean flags for the next dialog. A run that is still on is stopped and waited for,
     // with a No to all that it asks.
     ~CProgressDlg() override;
@@ -76,7 +76,7 @@ private:
     RunPanel* m_pPanel;
 
     ProgressServices m_services;
-    const CQRBDoc* m_pDoc;
+    const Batch* m_pDoc;
     DialogSurface m_surface;
     std::unique_ptr<CRunContext> m_pRun;
     std::jthread m_thread;

@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "batch/help_topic.h"
-#include "batch/help_topics.h"
+#include "document/help_topic.h"
+#include "document/help_topics.h"
 #include "platform/path_text.h"
 
 namespace quorbit {

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 #include "support/fake_views.h"
 
 namespace quorbit {

@@ -26,9 +26,9 @@ protected:
     // The source of the first entry of a file.
     [[nodiscard]] std::string SourceIn(const std::string& name) const
     {
-        BatchFile file;
-        return ReadBatchFile(Path(name), file) && !file.entries.empty()
-                   ? file.entries[0].m_strSource
+        Batch file;
+        return ReadBatchFile(Path(name), file) && !file.m_arrEntries.empty()
+                   ? file.m_arrEntries[0].m_strSource
                    : "(none)";
     }
     [[nodiscard]] std::string Source() const

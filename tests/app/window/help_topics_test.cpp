@@ -3,7 +3,7 @@
 
 // The controls of every window against the topics of the help.
 
-#include "batch/help_topics.h"
+#include "document/help_topics.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@
 #include <set>
 
 #include "app/window/app_test.h"
-#include "batch/help_topic.h"
 #include "dialogs/file_entry_window.h"
 #include "dialogs/file_type_window.h"
 #include "dialogs/folder_setup_dialog.h"
@@ -20,6 +19,7 @@
 #include "dialogs/script_entry_window.h"
 #include "dialogs/sel_dir_dialog.h"
 #include "dialogs/set_attributes_dialog.h"
+#include "document/help_topic.h"
 #include "engine/dialog/progress_dialog.h"
 #include "help/help_pages.h"
 #include "help/tip_dialog.h"

@@ -81,9 +81,9 @@ TEST_F(QrbAppTest, EndsWithZeroIfTheLogCannotBeCreatedAndSavesChangesBefore)
     ASSERT_EQ(prompts.asked.size(), 2U);
     EXPECT_TRUE(prompts.asked[0].starts_with("The log file cannot be created: "));
     EXPECT_EQ(prompts.asked[1], "Save changes to " + Path("a.qrb") + "?");
-    BatchFile file;
+    Batch file;
     ASSERT_TRUE(ReadBatchFile(Path("a.qrb"), file));
-    EXPECT_EQ(file.entries[0].m_strDest, "/changed");
+    EXPECT_EQ(file.m_arrEntries[0].m_strDest, "/changed");
 }
 
 TEST_F(QrbAppTest, StaysOpenUntilItIsKnownWhatBecomesOfChanges)

@@ -76,7 +76,7 @@ protected:
     std::unique_ptr<ProcessRunner> m_processes = MakeProcessRunner();
     FakePrompts m_prompts;
     FakeEditor m_editor;
-    CQRBDoc m_doc;
+    Batch m_doc;
     ProgressServices m_services;
     std::string m_strLog;  // path of the log
     std::optional<std::string> m_storedLogPath;

@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "batch/command_target.h"
+#include "document/command_target.h"
 
 namespace quorbit {
 

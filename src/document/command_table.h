@@ -8,7 +8,7 @@
 #include <span>
 #include <string_view>
 
-#include "batch/command_target.h"
+#include "document/command_target.h"
 
 namespace quorbit {
 

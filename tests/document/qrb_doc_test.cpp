@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 
 #include "support/folder_test.h"
 

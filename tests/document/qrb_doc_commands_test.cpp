@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "batch/qrb_doc.h"
+#include "document/command_table.h"
+#include "document/qrb_doc.h"
 #include "support/fake_views.h"
 
 namespace quorbit {

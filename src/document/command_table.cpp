@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "batch/command_table.h"
+#include "document/command_table.h"
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "batch/help_topics.h"
+#include "document/help_topics.h"
 
 #include <algorithm>
 #include <array>
 
-#include "batch/command_target.h"
+#include "document/command_target.h"
 
 namespace quorbit {
 namespace {

@@ -1,25 +1,23 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The document: the entries of one batch in run order, the file that they came from, and the
-// commands that change them. It knows no window: the dialogs and panes that it asks are given to
-// it. User interface thread only; during a run the worker reads m_arrEntries and m_strFilePath,
-// which nothing changes then.
+// The document: one batch, and the commands that change it. It knows no window: the dialogs and
+// panes that it asks are given to it. User interface thread only; during a run the worker reads the
+// batch, which nothing changes then.
 
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "batch/batch.h"
 #include "batch/batch_file.h"
-#include "batch/command_target.h"
-#include "batch/dir_copy.h"
-#include "batch/entry_dialogs.h"
-#include "batch/view.h"
+#include "document/command_target.h"
+#include "document/entry_dialogs.h"
+#include "document/view.h"
 
 namespace quorbit {
 
@@ -39,14 +37,10 @@ struct DocumentServices {
     std::function<DefaultEntry()> readDefaultEntry;  // read anew at each use
 };
 
-class CQRBDoc : public CommandTarget {
+class CQRBDoc : public CommandTarget, public Batch {
 public:
     CQRBDoc() = default;
     explicit CQRBDoc(DocumentServices services) : m_services(std::move(services)) {}
-
-    std::array<std::uint32_t, 2> m_headerWords{};  // carried through the file unchanged; no meaning
-    std::vector<CDirCopy> m_arrEntries;            // in run order
-    std::string m_strFilePath;                     // absolute; empty for a new document
 
     // Becomes a new, empty document.
     void OnNewDocument();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "batch/qrb_doc.h"
+#include "document/qrb_doc.h"
 
 #include <algorithm>
 #include <set>
@@ -12,16 +12,11 @@ namespace {
 
 constexpr const char* kEveryFile = "*.*";
 
-bool IsScript(const CDirCopy& entry)
-{
-    return (entry.m_dwFlags & (DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) != 0;
-}
-
 // An entry of what a dialog has gathered, with no more than its variety has.
 CDirCopy MakeEntry(EntryValues values, std::uint32_t kind, std::uint32_t id)
 {
     CDirCopy entry(std::move(values.m_strSource), {}, values.m_dwFlags, kind, id);
-    if (IsScript(entry) && kind == DCK_NAMES) {
+    if (entry.IsScript() && kind == DCK_NAMES) {
         return entry;
     }
     entry.m_strDest = std::move(values.m_strDest);
@@ -76,15 +71,10 @@ void CQRBDoc::OnNewDocument()
 
 BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
 {
-    BatchFile file;
-    file.headerWords = m_headerWords;
-    if (BatchFileStatus read = ReadBatchFile(path, file); !read) {
+    if (BatchFileStatus read = ReadBatchFile(path, *this); !read) {
         return read;
     }
-    m_headerWords = file.headerWords;
-    m_arrEntries = std::move(file.entries);
     m_bModified = false;
-    m_strFilePath = path;
     RefreshEntries();
     return {};
 }
@@ -92,7 +82,7 @@ BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
 BatchFileStatus CQRBDoc::OnSaveDocument(const std::string& path)
 {
     m_strFilePath = path;
-    BatchFileStatus written = WriteBatchFile(path, {m_headerWords, m_arrEntries});
+    BatchFileStatus written = WriteBatchFile(path, *this);
     if (written) {
         m_bModified = false;
     }
@@ -133,7 +123,7 @@ bool CQRBDoc::RunDialogFor(const CDirCopy& entry, EntryValues& values)
         return m_services.fileTypeDialog &&
                m_services.fileTypeDialog->DoModal(*this, &entry, bDelete, values);
     }
-    if (IsScript(entry)) {
+    if (entry.IsScript()) {
         return m_services.scriptDialog && m_services.scriptDialog->DoModal(*this, &entry, values);
     }
     const bool bFiles = (entry.m_dwFlags & DCF_FOLDER_ITEMS) == 0;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Which topic of the help tells of a control: a number that the control carries. 0: none. The
-// numbers are those of batch/help_topics.h. User interface thread only.
+// numbers are those of document/help_topics.h. User interface thread only.
 
 #pragma once
 
