@@ -9,7 +9,6 @@ namespace quorbit {
 
 // Numbers of commands. The file that shows them to a person is command_table.
 enum : int {
-    CMD_KILL_PROGRESS = 101,
     CMD_VIEW_LARGE_ICONS = 110,
     CMD_VIEW_SMALL_ICONS = 111,
     CMD_VIEW_LIST = 112,

@@ -188,50 +188,33 @@ bool CQRBDoc::RouteUpdateToViews(CView* activeView, int nId, CommandState& state
     });
 }
 
+const CommandMap<CQRBDoc>& CQRBDoc::Commands()
+{
+    static const CommandMap<CQRBDoc> map{
+        {CMD_START_BATCH, &CQRBDoc::OnStartBatch},
+        {CMD_NEW_FILE_TYPE_ENTRY, &CQRBDoc::OnNewFileTypeEntry},
+        {CMD_NEW_FILE_ENTRY, &CQRBDoc::OnNewFileEntry},
+        {CMD_NEW_SCRIPT_ENTRY, &CQRBDoc::OnNewScriptEntry},
+        {CMD_ADD_DEFAULT,
+         [](CQRBDoc& doc) {
+             const DefaultEntry standard = doc.Standard();
+             doc.AddDefault(standard.fileBits, standard.fileTypes);
+         }},
+        {CMD_ADD_DEFAULT_ALL,
+         [](CQRBDoc& doc) { doc.AddDefault(doc.Standard().fileBits, kEveryFile); }},
+        {CMD_DELETE, [](CQRBDoc& doc) { doc.UpdateAllViews(nullptr, HINT_DELETE); }},
+    };
+    return map;
+}
+
 bool CQRBDoc::OnCommand(int nId)
 {
-    switch (nId) {
-        case CMD_START_BATCH:
-            OnStartBatch();
-            return true;
-        case CMD_NEW_FILE_TYPE_ENTRY:
-            OnNewFileTypeEntry();
-            return true;
-        case CMD_NEW_FILE_ENTRY:
-            OnNewFileEntry();
-            return true;
-        case CMD_NEW_SCRIPT_ENTRY:
-            OnNewScriptEntry();
-            return true;
-        case CMD_ADD_DEFAULT:
-            AddDefault(Standard().fileBits, Standard().fileTypes);
-            return true;
-        case CMD_ADD_DEFAULT_ALL:
-            AddDefault(Standard().fileBits, "*.*");
-            return true;
-        case CMD_DELETE:
-            UpdateAllViews(nullptr, HINT_DELETE);
-            return true;
-        default:
-            return false;
-    }
+    return Commands().Run(*this, nId);
 }
 
 bool CQRBDoc::OnUpdateCommand(int nId, CommandState& state)
 {
-    switch (nId) {
-        case CMD_START_BATCH:
-        case CMD_NEW_FILE_TYPE_ENTRY:
-        case CMD_NEW_FILE_ENTRY:
-        case CMD_NEW_SCRIPT_ENTRY:
-        case CMD_ADD_DEFAULT:
-        case CMD_ADD_DEFAULT_ALL:
-        case CMD_DELETE:
-            state.enabled = true;
-            return true;
-        default:
-            return false;
-    }
+    return Commands().Update(*this, nId, state);
 }
 
 void CQRBDoc::OnNewFileTypeEntry()

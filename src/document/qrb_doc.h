@@ -15,6 +15,7 @@
 
 #include "batch/batch.h"
 #include "batch/batch_file.h"
+#include "document/command_map.h"
 #include "document/command_target.h"
 #include "document/entry_dialogs.h"
 #include "document/view.h"
@@ -80,6 +81,8 @@ public:
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
 private:
+    [[nodiscard]] static const CommandMap<CQRBDoc>& Commands();
+
     void OnNewFileTypeEntry();
     void OnNewFileEntry();
     void OnNewScriptEntry();

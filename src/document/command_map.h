@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The commands of one target as a table: a row names the command, the function that carries it out
+// and, unless it is always enabled, the function that gives its state. User interface thread only.
+//
+//   bool Pane::OnCommand(int nId) { return Commands().Run(*this, nId); }
+//   bool Pane::OnUpdateCommand(int nId, CommandState& state)
+//   {
+//       return Commands().Update(*this, nId, state);
+//   }
+//   const CommandMap<Pane>& Pane::Commands()  // a static member
+//   {
+//       static const CommandMap<Pane> map{
+//           {CMD_REFRESH, &Pane::Refresh},
+//           {CMD_EDIT_ENTRY, &Pane::Edit, &Pane::EditState},
+//           {{CMD_VIEW_LARGE_ICONS, CMD_VIEW_ROW_DETAIL}, &Pane::SetStyleOf, &Pane::StyleState},
+//       };
+//       return map;
+//   }
+
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "document/command_target.h"
+
+namespace quorbit {
+
+struct CommandRange {
+    int first;
+    int last;  // included
+};
+
+template <class Target>
+class CommandMap {
+public:
+    // A state function gives nothing where the command is not the target's at the moment.
+    using State = std::optional<CommandState>;
+
+    struct Row {
+        Row(
+            int nId, std::function<void(Target&)> run,
+            std::function<State(const Target&)> state =
+                [](const Target&) { return CommandState(); })
+            : Row(
+                  {nId, nId}, [run = std::move(run)](Target& target, int) { run(target); },
+                  [state = std::move(state)](const Target& target, int) { return state(target); })
+        {
+        }
+        // For commands that are told apart by their number.
+        Row(
+            CommandRange range, std::function<void(Target&, int)> run,
+            std::function<State(const Target&, int)> state = [](const Target&,
+                                                                int) { return CommandState(); })
+            : m_ids(range), m_run(std::move(run)), m_state(std::move(state))
+        {
+        }
+
+        CommandRange m_ids;
+        std::function<void(Target&, int)> m_run;
+        std::function<State(const Target&, int)> m_state;
+    };
+
+    // No number stands in two rows.
+    CommandMap(std::initializer_list<Row> rows) : m_rows(rows) {}
+
+    // Carries a command out, unless its state says that it cannot be now. False if it is not one of
+    // the target's.
+    bool Run(Target& target, int nId) const
+    {
+        const Row* row = Find(nId);
+        const State state = row != nullptr ? row->m_state(target, nId) : std::nullopt;
+        if (state && state->enabled) {
+            row->m_run(target, nId);
+        }
+        return state.has_value();
+    }
+
+    // False, and state untouched, if the command is not one of the target's.
+    bool Update(const Target& target, int nId, CommandState& state) const
+    {
+        const Row* row = Find(nId);
+        const State now = row != nullptr ? row->m_state(target, nId) : std::nullopt;
+        state = now.value_or(state);
+        return now.has_value();
+    }
+
+private:
+    const Row* Find(int nId) const
+    {
+        const auto found = std::ranges::find_if(m_rows, [nId](const Row& row) {
+            return row.m_ids.first <= nId && nId <= row.m_ids.last;
+        });
+        return found == m_rows.end() ? nullptr : &*found;
+    }
+
+    std::vector<Row> m_rows;
+};
+
+}  // namespace quorbit

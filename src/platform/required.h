@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A pointer or function that its owner cannot do without.
+//
+//   struct Services {
+//       Required<Prompts*> pPrompts;
+//       Required<std::function<void(int)>> postCommand;
+//   };
+//   Services services{.pPrompts = &prompts, .postCommand = [](int) {}};
+//
+// There is no default: an initializer that leaves the member out does not compile. A null pointer
+// or an empty function is a fault of the caller, and asserted.
+
+#pragma once
+
+#include <cassert>
+#include <concepts>
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+namespace quorbit {
+
+// T: anything that can be null. Used as the T that it holds; owns what a T owns.
+template <class T>
+class Required {
+public:
+    template <class Value>
+    requires(std::convertible_to<Value, T> && !std::same_as<std::remove_cvref_t<Value>, Required>)
+        Required(Value&& value)  // NOLINT(google-explicit-constructor)
+        : m_value(std::forward<Value>(value))
+    {
+        assert(m_value != nullptr);
+    }
+    Required(std::nullptr_t) = delete;
+
+    operator const T&() const { return m_value; }  // NOLINT(google-explicit-constructor)
+    auto& operator*() const { return *m_value; }
+    const T& operator->() const { return m_value; }
+
+    template <class... Arguments>
+    decltype(auto) operator()(Arguments&&... arguments) const
+    {
+        return m_value(std::forward<Arguments>(arguments)...);
+    }
+
+private:
+    T m_value;
+};
+
+}  // namespace quorbit
