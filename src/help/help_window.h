@@ -11,20 +11,21 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QTextBrowser>
-#include <QTreeWidget>
 #include <QWidget>
 #include <functional>
-#include <map>
 
 #include "batch/profile.h"
+#include "help/help_contents.h"
 #include "help/help_pages.h"
+#include "help/help_search.h"
+#include "help/modal_companion.h"
+#include "platform/required.h"
 
 namespace quorbit {
 
 struct HelpWindowServices {
-    const Profile* pProfile = nullptr;                // keeps the size; null: nothing does
-    std::function<void()> showTip{};                  // null: there is no button for it
-    std::function<void(const QUrl&)> openExternal{};  // what is no page; null: the desktop
+    Required<const Profile*> pProfile;  // keeps the size
+    std::function<void()> showTip{};    // null: there is no button for it
 };
 
 class HelpWindow final : public QWidget {
@@ -40,7 +41,6 @@ public:
     void ShowPage(const QUrl& page);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -48,7 +48,6 @@ private:
     QLayout* MakeBar();
     void MakeKeys();
     void AddKey(const QKeySequence& key, void (HelpWindow::*act)());
-    void FillContents();
     void RestoreSize();
     void SaveSize() const;
 
@@ -64,11 +63,7 @@ private:
     void ShowChapterWith(const QString& text);
     void Filter(const QString& text);
     void OnLink(const QUrl& link);
-    void OnEntry(const QTreeWidgetItem* item);
-    // Marks the line of the contents that stands for the page.
-    void OnPage(const QUrl& page);
-    [[nodiscard]] bool PageHolds(const QUrl& page, const QString& text);
-    void JoinModal(QWidget& dialog, bool opens);
+    void OnEntry(const QUrl& page);
 
     const HelpPages& m_pages;
     HelpWindowServices m_services;
@@ -78,9 +73,10 @@ private:
     QPushButton* m_tip;
     QLineEdit* m_find;
     QSplitter* m_splitter;
-    QTreeWidget* m_contents;
+    HelpContents* m_contents;
     QTextBrowser* m_browser;
-    std::map<QUrl, QString> m_texts;  // of pages that were searched
+    HelpSearch m_search;
+    ModalCompanion m_companion;
 };
 
 }  // namespace quorbit

@@ -16,13 +16,14 @@
 #include "batch/profile.h"
 #include "batch/prompts.h"
 #include "help/tip_file.h"
+#include "platform/required.h"
 
 namespace quorbit {
 
 // Neither object is owned, and both must outlive the dialog.
 struct TipServices {
-    const Profile* pProfile = nullptr;
-    Prompts* pPrompts = nullptr;
+    Required<const Profile*> pProfile;
+    Required<Prompts*> pPrompts;
     std::string path;  // of the tips; empty: there are none
 };
 

@@ -6,8 +6,8 @@
 #include <QDesktopServices>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QStringList>
 #include <QUrl>
-#include <utility>
 
 #include "look/web_handler.h"
 
@@ -34,25 +34,18 @@ int Start(const QStringList& words)
 
 }  // namespace
 
-LinkSteps SystemLinkSteps()
-{
-    return {OpenWithDesktop, WebHandlerCommand, Start};
-}
-
-DesktopLinkOpener::DesktopLinkOpener(LinkSteps steps) : m_steps(std::move(steps)) {}
-
 int DesktopLinkOpener::OpenTarget(const QString& target)
 {
-    const int result = m_steps.openWithDesktop(target);
+    const int result = OpenWithDesktop(target);
     if (result > kLinkFailed) {
         return result;
     }
-    QStringList words = SplitCommand(CutAtPlaceholder(m_steps.webHandler()));
+    QStringList words = SplitCommand(CutAtPlaceholder(WebHandlerCommand()));
     if (words.isEmpty()) {
         return result;
     }
     words << target;
-    return m_steps.start(words);
+    return Start(words);
 }
 
 }  // namespace quorbit

@@ -12,22 +12,18 @@
 
 #include "batch/prompts.h"
 #include "look/link_opener.h"
+#include "platform/required.h"
 
 namespace quorbit {
 
 // What a link works with. Nothing is owned, and both must outlive the link.
 struct LinkServices {
-    LinkOpener* pOpener = nullptr;
-    Prompts* pPrompts = nullptr;
+    Required<LinkOpener*> pOpener;
+    Required<Prompts*> pPrompts;
 };
 
 // Where a control of that place and alignment lies once it is cut to its text.
 [[nodiscard]] QRect CutToText(const QRect& place, const QSize& text, Qt::Alignment alignment);
-
-// The colour itself if it stands out from the background by a contrast of 3 to 1, else its next
-// lighter or darker shade, away from the background, that reaches 4.5 to 1. Contrast as in the Web
-// Content Accessibility Guidelines 2.1.
-[[nodiscard]] QColor ReadableOn(const QColor& colour, const QColor& background);
 
 // Not QAbstractButton::text(): an address may hold "&", which is no mark of a key here.
 class CHyperLink : public QAbstractButton {

@@ -5,24 +5,17 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QWindow>
 #include <algorithm>
-#include <cmath>
-
-#include "app/window/caption_paint.h"
 
 namespace quorbit {
 namespace {
 
-constexpr int kIconInset = 1;
 constexpr int kButtonInset = 2;
 constexpr int kSignInset = 3;  // in the button
-constexpr int kTextGap = 2;
-constexpr int kTitlePoints = 12;
 
 // The style's sign in the colour of the text on a button; the style draws it for a light palette.
 QIcon ButtonIcon(const QWidget& button, QStyle::StandardPixmap sign)
@@ -42,28 +35,6 @@ void Name(QToolButton& button, const QString& name)
     button.setAccessibleName(name);
 }
 
-// For a paint device that counts in pixels of the screen.
-void FillBackground(QPainter& painter, QSize pixels, bool active, QRgb fill)
-{
-    if (!active) {
-        painter.fillRect(QRect(QPoint(), pixels), QColor(fill));
-        return;
-    }
-    for (const CaptionStrip& strip : CaptionGradient(pixels.width(), fill)) {
-        painter.fillRect(strip.left, 0, strip.width, pixels.height(), QColor(strip.colour));
-    }
-}
-
-// Returns the width that the text took.
-int DrawLine(QPainter& painter, const QRect& room, const QString& text, QRgb colour)
-{
-    const QFontMetrics metrics = painter.fontMetrics();
-    painter.setPen(QColor(colour));
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     metrics.elidedText(text, Qt::ElideRight, room.width()));
-    return metrics.horizontalAdvance(text);
-}
-
 }  // namespace
 
 CaptionBar::CaptionBar(QWidget* parent) : QWidget(parent)
@@ -73,7 +44,6 @@ CaptionBar::CaptionBar(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setAccessibleName(QStringLiteral("Title bar"));
     setCursor(Qt::ArrowCursor);
-    MakeFonts();
     MakeButtons();
     MakeMenu();
     Refresh();
@@ -104,25 +74,12 @@ void CaptionBar::MakeMenu()
     connect(close, &QAction::triggered, this, [this] { window()->close(); });
 }
 
-void CaptionBar::MakeFonts()
-{
-    m_fontCaption = QApplication::font("QTitleBar");
-    m_fontTitle = QFont();
-    m_fontTitle.setFamilies({QStringLiteral("Book Antiqua"), QStringLiteral("serif")});
-    m_fontTitle.setStyleHint(QFont::Serif);
-    m_fontTitle.setWeight(QFont::Bold);
-    m_fontTitle.setPointSize(kTitlePoints);
-    const qreal ratio = QFontMetricsF(m_fontCaption).height() / QFontMetricsF(m_fontTitle).height();
-    m_fontTitle.setPointSizeF(kTitlePoints * ratio);
-}
-
 // --- what it shows ------------------------------------------------------------------------------
 
 void CaptionBar::SetTitle(const QString& program, const QString& document)
 {
-    m_program = program;
-    m_document = document;
-    DropImages();
+    m_picture.SetTitle(program, document);
+    update();
 }
 
 void CaptionBar::SetActive(bool active)
@@ -141,12 +98,12 @@ void CaptionBar::Refresh()
     m_maximise.setIcon(ButtonIcon(
         m_maximise, maximised ? QStyle::SP_TitleBarNormalButton : QStyle::SP_TitleBarMaxButton));
     m_close.setIcon(ButtonIcon(m_close, QStyle::SP_TitleBarCloseButton));
-    DropImages();
+    Redraw();
 }
 
-void CaptionBar::DropImages()
+void CaptionBar::Redraw()
 {
-    m_bmCaption = {};
+    m_picture.Discard();
     update();
 }
 
@@ -154,9 +111,8 @@ void CaptionBar::DropImages()
 
 QSize CaptionBar::sizeHint() const
 {
-    const int text = QFontMetrics(m_fontCaption).height() + 2 * kTextGap;
-    const int height =
-        std::max(text, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    const int height = std::max(m_picture.TextHeight(),
+                                style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
     return {20 * height, height};
 }
 
@@ -183,59 +139,7 @@ void CaptionBar::resizeEvent(QResizeEvent*)
 
 void CaptionBar::paintEvent(QPaintEvent*)
 {
-    const qreal scale = devicePixelRatioF();
-    const QSize pixels(static_cast<int>(std::ceil(width() * scale)),
-                       static_cast<int>(std::ceil(height() * scale)));
-    QPixmap& image = m_bmCaption[m_bActive ? 1 : 0];
-    if (image.size() != pixels || image.devicePixelRatio() != scale) {
-        image = QPixmap(pixels);
-        image.setDevicePixelRatio(scale);
-        PaintImage(image, m_bActive);
-    }
-    QPainter(this).drawPixmap(0, 0, image);
-}
-
-void CaptionBar::PaintImage(QPixmap& image, bool active) const
-{
-    const CaptionColours colours = ColoursOf(palette(), active);
-    {
-        QPixmap background(image.size());
-        QPainter painter(&background);
-        FillBackground(painter, image.size(), active, colours.fill);
-        painter.end();
-        background.setDevicePixelRatio(image.devicePixelRatio());
-        image = background;
-    }
-    QPainter painter(&image);
-    const int left = DrawIcon(painter) + kTextGap;
-    const int right = m_minimise.geometry().left() - kTextGap;
-    DrawTitle(painter, QRect(left, 0, right - left, height()), colours.text);
-}
-
-// Returns where the icon ends.
-int CaptionBar::DrawIcon(QPainter& painter) const
-{
-    const QIcon icon = window()->windowIcon();
-    if (icon.isNull()) {
-        return kIconInset;
-    }
-    const int side = height() - 2 * kIconInset;
-    icon.paint(&painter, kIconInset, kIconInset, side, side);
-    return kIconInset + side;
-}
-
-void CaptionBar::DrawTitle(QPainter& painter, QRect room, QRgb documentColour) const
-{
-    if (room.width() <= 0) {
-        return;
-    }
-    painter.setFont(m_fontTitle);
-    const int taken = DrawLine(painter, room, m_program + QLatin1Char(' '), qRgb(255, 255, 255));
-    room.setLeft(room.left() + taken);
-    if (room.width() > 0) {
-        painter.setFont(m_fontCaption);
-        (void)DrawLine(painter, room, m_document, documentColour);
-    }
+    m_picture.Paint(*this, m_bActive, m_minimise.geometry().left());
 }
 
 bool CaptionBar::event(QEvent* event)
@@ -245,7 +149,7 @@ bool CaptionBar::event(QEvent* event)
         case QEvent::ApplicationFontChange:
         case QEvent::StyleChange:
         case QEvent::ThemeChange:
-            MakeFonts();
+            m_picture.ReadFonts();
             updateGeometry();
             Refresh();
             break;

@@ -7,13 +7,12 @@
 
 #pragma once
 
-#include <QFont>
 #include <QMenu>
-#include <QPixmap>
 #include <QToolButton>
 #include <QWidget>
-#include <array>
 #include <optional>
+
+#include "app/window/caption_picture.h"
 
 namespace quorbit {
 
@@ -23,8 +22,8 @@ public:
 
     // document in the words for the screen.
     void SetTitle(const QString& program, const QString& document);
-    [[nodiscard]] const QString& Program() const { return m_program; }
-    [[nodiscard]] const QString& Document() const { return m_document; }
+    [[nodiscard]] const QString& Program() const { return m_picture.Program(); }
+    [[nodiscard]] const QString& Document() const { return m_picture.Document(); }
 
     void SetActive(bool active);
     [[nodiscard]] bool IsActive() const { return m_bActive; }
@@ -48,19 +47,11 @@ protected:
 private:
     void MakeButtons();
     void MakeMenu();
-    void MakeFonts();
     void ToggleMaximised();
-    void DropImages();
-    void PaintImage(QPixmap& image, bool active) const;
-    [[nodiscard]] int DrawIcon(QPainter& painter) const;
-    void DrawTitle(QPainter& painter, QRect room, QRgb documentColour) const;
+    void Redraw();
 
-    QString m_program;
-    QString m_document;
-    QFont m_fontCaption;
-    QFont m_fontTitle;
+    CaptionPicture m_picture;
     bool m_bActive = false;
-    std::array<QPixmap, 2> m_bmCaption;  // inactive, active; null: to be made
     QToolButton m_minimise{this};
     QToolButton m_maximise{this};  // restores while maximised
     QToolButton m_close{this};

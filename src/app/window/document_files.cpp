@@ -117,25 +117,23 @@ void DocumentFiles::SaveOrGiveUp()
     }
 }
 
+const CommandMap<DocumentFiles>& DocumentFiles::Commands()
+{
+    static const CommandMap<DocumentFiles> map{
+        {CMD_FILE_SAVE, &DocumentFiles::DoSave},
+        {CMD_FILE_SAVE_AS, &DocumentFiles::DoSaveAs},
+    };
+    return map;
+}
+
 bool DocumentFiles::OnCommand(int nId)
 {
-    switch (nId) {
-        case CMD_FILE_SAVE:
-            (void)DoSave();
-            return true;
-        case CMD_FILE_SAVE_AS:
-            (void)DoSaveAs();
-            return true;
-        default:
-            return false;
-    }
+    return Commands().Run(*this, nId);
 }
 
 bool DocumentFiles::OnUpdateCommand(int nId, CommandState& state)
 {
-    const bool known = nId == CMD_FILE_SAVE || nId == CMD_FILE_SAVE_AS;
-    state.enabled = state.enabled || known;
-    return known;
+    return Commands().Update(*this, nId, state);
 }
 
 }  // namespace quorbit

@@ -10,14 +10,17 @@
 #include <string>
 
 #include "batch/prompts.h"
+#include "document/command_map.h"
 #include "document/qrb_doc.h"
+#include "platform/required.h"
 
 namespace quorbit {
 
-// All functions must be there.
 struct DocumentFilesServices {
-    std::function<void(const std::string&)> addRecent;  // a path that was opened or saved
-    std::function<std::string()> standardFolder;        // where a new document is saved
+    // A path that was opened or saved.
+    Required<std::function<void(const std::string&)>> addRecent;
+    // The folder in which a new document is saved.
+    Required<std::function<std::string()>> standardFolder;
 };
 
 class DocumentFiles : public CommandTarget {
@@ -53,6 +56,8 @@ public:
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
 private:
+    [[nodiscard]] static const CommandMap<DocumentFiles>& Commands();
+
     bool SaveTo(const std::string& path);
     PromptAnswer AskToSave(PromptButtons buttons);
     void Rename(const std::string& path);

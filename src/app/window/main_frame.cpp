@@ -7,7 +7,6 @@
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QGuiApplication>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
@@ -19,36 +18,14 @@
 #include "app/window/lock_indicators.h"
 #include "app/window/main_tool_bar.h"
 #include "app/window/pane_area.h"
-#include "app/window/qrb_app.h"
+#include "help/help_desk.h"
 #include "look/pictures.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
 namespace {
 
-constexpr int kGap = 0;
 constexpr int kBetweenUpdates = 200;  // ms
-
-struct Menu {
-    const char* title;
-    std::vector<int> items;  // command numbers and gaps
-};
-
-const std::vector<Menu>& MainMenu()
-{
-    static const std::vector<Menu> menus{
-        {"&File",
-         {CMD_FILE_NEW, CMD_FILE_OPEN, CMD_FILE_SAVE, CMD_FILE_SAVE_AS, kGap, CMD_START_BATCH, kGap,
-          CMD_EXIT, kGap, CMD_RECENT_FILE_FIRST}},
-        {"&Edit", {CMD_EDIT_ENTRY, CMD_DELETE}},
-        {"&View",
-         {CMD_VIEW_LARGE_ICONS, CMD_VIEW_SMALL_ICONS, CMD_VIEW_LIST, CMD_VIEW_REPORT,
-          CMD_VIEW_ROW_DETAIL, kGap, CMD_SHOW_TOOLBAR, CMD_SHOW_STATUS_BAR, kGap, CMD_LOG_FILE,
-          CMD_OPTIONS, CMD_REFRESH}},
-        {"&Help", {CMD_HELP_TOPICS, CMD_ABOUT}},
-    };
-    return menus;
-}
 
 QString OnScreen(const std::string& text)
 {
@@ -69,21 +46,18 @@ QString DraggedFile(const QMimeData& data)
 
 }  // namespace
 
-CMainFrame::CMainFrame(CQRBApp& app)
-    : m_app(app),
-      m_route(app.Document(), {&app.Document(), &app.Files(), this, &app}),
+CMainFrame::CMainFrame(const FrameServices& services)
+    : m_services(services),
+      m_route(*services.pDoc, {services.pDoc, services.pFiles, this, services.pOwner}),
       m_actions(
           *this, [this](int nId) { return m_route.StateOf(nId); },
           [this](int nId) { OnCmdMsg(nId); }),
       m_caption(*this)
 {
-    const QSize screen = QGuiApplication::primaryScreen()->availableVirtualGeometry().size();
-    m_app.m_nScreenCX = screen.width();
-    m_app.m_nScreenCY = screen.height();
     setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
     (void)MenuSpawn().LoadToolBar(ToolBarCommands(), CommandPicture);
-    MakeMenus();
+    m_menu.emplace(*this, m_actions, *services.pRecent);
     m_wndToolBar = MakeMainToolBar(this, m_actions);
     addToolBar(m_wndToolBar);
     new LockIndicators(*statusBar());
@@ -91,57 +65,6 @@ CMainFrame::CMainFrame(CQRBApp& app)
     connect(&m_idle, &QTimer::timeout, this, [this] { m_actions.UpdateStates(); });
     m_idle.start(kBetweenUpdates);
     OnUpdateFrameTitle();
-}
-
-// --- menus --------------------------------------------------------------------------------------
-
-void CMainFrame::MakeMenus()
-{
-    for (const Menu& entry : MainMenu()) {
-        QMenu* menu = menuBar()->addMenu(QLatin1String(entry.title));
-        for (const int nId : entry.items) {
-            if (nId == kGap) {
-                menu->addSeparator();
-            } else if (nId == CMD_RECENT_FILE_FIRST) {
-                AddRecentFiles(*menu);
-            } else {
-                menu->addAction(m_actions.Get(nId));
-            }
-        }
-        connect(menu, &QMenu::aboutToShow, this, [this] {
-            m_actions.UpdateStates();
-            UpdateRecentFiles();
-        });
-    }
-}
-
-void CMainFrame::AddRecentFiles(QMenu& menu)
-{
-    for (int nId = CMD_RECENT_FILE_FIRST; nId <= CMD_RECENT_FILE_LAST; ++nId) {
-        m_recentActions.push_back(m_actions.Get(nId));
-        menu.addAction(m_recentActions.back());
-    }
-    UpdateRecentFiles();
-}
-
-void CMainFrame::UpdateRecentFiles()
-{
-    const int room = fontMetrics().averageCharWidth() * 60;
-    const std::vector<std::string> paths = m_app.Recent().List();
-    for (std::size_t i = 0; i < m_recentActions.size(); ++i) {
-        QAction& action = *m_recentActions[i];
-        action.setVisible(i < paths.size());
-        if (i < paths.size()) {
-            const QString path = OnScreen(paths[i]);
-            const QString shown = fontMetrics().elidedText(path, Qt::ElideMiddle, room);
-            action.setText(QStringLiteral("&%1 %2").arg(i + 1).arg(WithoutMarks(shown)));
-            action.setStatusTip(path);
-        }
-    }
-    if (paths.empty()) {
-        m_recentActions.front()->setText(QStringLiteral("Recent File"));
-        m_recentActions.front()->setVisible(true);
-    }
 }
 
 // --- commands -----------------------------------------------------------------------------------
@@ -157,70 +80,55 @@ void CMainFrame::PostCommand(int nId)
         this, [this, nId] { OnCmdMsg(nId); }, Qt::QueuedConnection);
 }
 
+const CommandMap<CMainFrame>& CMainFrame::Commands()
+{
+    static const auto openHelp = [](CMainFrame& frame) { frame.m_services.pOwner->OpenHelp(); };
+    static const CommandMap<CMainFrame> map{
+        {CMD_EXIT, &CMainFrame::close},
+        {CMD_LOG_FILE, [](CMainFrame& frame) { frame.m_services.pOwner->ViewLogFile(); }},
+        {CMD_OPTIONS, [](CMainFrame& frame) { frame.m_services.pOwner->ShowOptions(); }},
+        {CMD_HELP_TOPICS, openHelp},
+        {CMD_HELP_DEFAULT, openHelp},
+        {CMD_HELP, [](CMainFrame& frame) { frame.m_services.pOwner->OpenHelpOnFocus(); }},
+        {CMD_CONTEXT_HELP, [](CMainFrame&) { HelpDesk::AskByClick(); }},
+        {{CMD_NEXT_PANE, CMD_PREVIOUS_PANE}, &CMainFrame::MovePaneFocus},
+        {CMD_SHOW_TOOLBAR, &CMainFrame::ToggleToolBar,
+         [](const CMainFrame& frame) {
+             return CommandState{.checked = !frame.m_wndToolBar->isHidden()};
+         }},
+        {CMD_SHOW_STATUS_BAR, &CMainFrame::ToggleStatusBar,
+         [](const CMainFrame& frame) {
+             return CommandState{.checked = !frame.statusBar()->isHidden()};
+         }},
+    };
+    return map;
+}
+
 bool CMainFrame::OnCommand(int nId)
 {
-    switch (nId) {
-        case CMD_EXIT:
-            close();
-            return true;
-        case CMD_LOG_FILE:
-            m_app.ViewLogFile();
-            return true;
-        case CMD_HELP_TOPICS:
-        case CMD_HELP_DEFAULT:
-            m_app.OpenHelp();
-            return true;
-        case CMD_HELP:
-            m_app.OpenHelpOnFocus();
-            return true;
-        case CMD_CONTEXT_HELP:
-            HelpDesk::AskByClick();
-            return true;
-        case CMD_OPTIONS:
-            m_app.ShowOptions();
-            return true;
-        case CMD_NEXT_PANE:
-        case CMD_PREVIOUS_PANE:
-            if (m_pPanes != nullptr) {
-                m_pPanes->MoveFocus(nId == CMD_NEXT_PANE);
-            }
-            return true;
-        case CMD_SHOW_TOOLBAR:
-            m_wndToolBar->setVisible(m_wndToolBar->isHidden());
-            return true;
-        case CMD_SHOW_STATUS_BAR:
-            statusBar()->setVisible(statusBar()->isHidden());
-            return true;
-        default:
-            return false;
-    }
+    return Commands().Run(*this, nId);
 }
 
 bool CMainFrame::OnUpdateCommand(int nId, CommandState& state)
 {
-    switch (nId) {
-        case CMD_EXIT:
-        case CMD_LOG_FILE:
-        case CMD_OPTIONS:
-        case CMD_NEXT_PANE:
-        case CMD_PREVIOUS_PANE:
-        case CMD_HELP_TOPICS:
-        case CMD_HELP_DEFAULT:
-        case CMD_HELP:
-        case CMD_CONTEXT_HELP:
-            state.enabled = true;
-            return true;
-        case CMD_SHOW_TOOLBAR:
-            state.enabled = true;
-            state.checked = !m_wndToolBar->isHidden();
-            return true;
-        case CMD_SHOW_STATUS_BAR:
-            state.enabled = true;
-            state.checked = !statusBar()->isHidden();
-            return true;
-        default:
-            return false;
+    return Commands().Update(*this, nId, state);
+}
+
+void CMainFrame::MovePaneFocus(int nId)
+{
+    if (m_pPanes != nullptr) {
+        m_pPanes->MoveFocus(nId == CMD_NEXT_PANE);
     }
+}
+
+void CMainFrame::ToggleToolBar()
+{
+    m_wndToolBar->setVisible(m_wndToolBar->isHidden());
+}
+
+void CMainFrame::ToggleStatusBar()
+{
+    statusBar()->setVisible(statusBar()->isHidden());
 }
 
 void CMainFrame::MakePanes(const PaneServices& services)
@@ -233,21 +141,22 @@ void CMainFrame::MakePanes(const PaneServices& services)
 
 void CMainFrame::OnUpdateFrameTitle()
 {
-    m_caption.SetTitle(QLatin1String(kFrameTitle), OnScreen(m_app.Files().DisplayName()));
+    m_caption.SetTitle(QLatin1String(kFrameTitle), OnScreen(m_services.pFiles->DisplayName()));
 }
 
 void CMainFrame::ShowFrame()
 {
-    const FramePlace place = PlaceFrame(m_app.GetProfile(), m_app.m_nScreenCX, m_app.m_nScreenCY);
+    const FramePlace place =
+        PlaceFrame(*m_services.pProfile, m_services.screen.width(), m_services.screen.height());
     resize(place.rect.width, place.rect.height);
     move(place.rect.left, place.rect.top);
-    if (m_app.m_bFirstRun) {
+    if (m_services.bFirstRun) {
         move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
     }
-    if (m_app.m_nRunMode != 0) {
+    if (m_services.nRunMode != 0) {
         setAttribute(Qt::WA_ShowWithoutActivating);
         showMinimized();
-    } else if (place.maximised && !m_app.m_bFirstRun) {
+    } else if (place.maximised && !m_services.bFirstRun) {
         showMaximized();
     } else {
         show();
@@ -259,13 +168,13 @@ void CMainFrame::SaveGeometry()
     const FrameShow state = isMinimized()                     ? FrameShow::Minimised
                             : isMaximized() || isFullScreen() ? FrameShow::Maximised
                                                               : FrameShow::Normal;
-    StoreFrame(m_app.GetProfile(), state, {pos().x(), pos().y(), width(), height()},
-               m_app.m_nRunMode);
+    StoreFrame(*m_services.pProfile, state, {pos().x(), pos().y(), width(), height()},
+               m_services.nRunMode);
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
-    if (!m_app.CanCloseFrame()) {
+    if (!m_services.pOwner->CanCloseFrame()) {
         event->ignore();
         return;
     }
@@ -274,7 +183,7 @@ void CMainFrame::closeEvent(QCloseEvent* event)
         m_pPanes->SaveLayout();
     }
     event->accept();
-    m_app.OnFrameClosed();
+    m_services.pOwner->OnFrameClosed();
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event)
@@ -292,7 +201,8 @@ void CMainFrame::dropEvent(QDropEvent* event)
     event->setDropAction(Qt::CopyAction);
     event->accept();
     QMetaObject::invokeMethod(
-        this, [this, path] { (void)m_app.Files().OpenDocumentFile(path); }, Qt::QueuedConnection);
+        this, [this, path] { (void)m_services.pFiles->OpenDocumentFile(path); },
+        Qt::QueuedConnection);
 }
 
 }  // namespace quorbit

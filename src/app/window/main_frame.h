@@ -6,27 +6,46 @@
 
 #pragma once
 
+#include <QSize>
 #include <QTimer>
-#include <string>
-#include <vector>
+#include <cstdint>
+#include <optional>
 
 #include "app/window/command_actions.h"
 #include "app/window/command_route.h"
+#include "app/window/document_files.h"
+#include "app/window/frame_owner.h"
 #include "app/window/frameless_frame.h"
+#include "app/window/main_menu.h"
+#include "app/window/recent_files.h"
 #include "document/command_target.h"
+#include "batch/profile.h"
+#include "document/qrb_doc.h"
 #include "look/flat_tool_bar.h"
 #include "look/spawn_frame_wnd.h"
 #include "panes/pane_services.h"
+#include "platform/required.h"
 
 namespace quorbit {
 
-class CQRBApp;
 class PaneArea;
+
+// Objects are not owned and must outlive the frame.
+struct FrameServices {
+    Required<FrameOwner*> pOwner;
+    Required<CQRBDoc*> pDoc;
+    Required<DocumentFiles*> pFiles;
+    Required<const Profile*> pProfile;
+    Required<const RecentFiles*> pRecent;
+    std::uint32_t nRunMode = 0;  // of the application; 0 in an interactive start
+    bool bFirstRun = false;      // the first start after set-up
+    QSize screen{};              // the work area of all screens, pixels
+};
 
 class CMainFrame : public CSpawnFrameWnd, public CommandTarget {
 public:
-    // app must outlive the frame. Stores the size of the screen in it. Stays hidden.
-    explicit CMainFrame(CQRBApp& app);
+    // Stays hidden.
+    explicit CMainFrame(const FrameServices& services);
 
     // Shows the window as the profile tells; minimised and not activated in a run mode.
     void ShowFrame();
@@ -53,15 +72,16 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void MakeMenus();
-    void AddRecentFiles(QMenu& menu);
-    void UpdateRecentFiles();
+    [[nodiscard]] static const CommandMap<CMainFrame>& Commands();
+    void MovePaneFocus(int nId);
+    void ToggleToolBar();
+    void ToggleStatusBar();
     void SaveGeometry();
 
-    CQRBApp& m_app;
+    FrameServices m_services;
     CommandRoute m_route;
     CommandActions m_actions;
-    std::vector<QAction*> m_recentActions;
+    std::optional<MainMenu> m_menu;
     FramelessFrame m_caption;
     CFlatToolBar* m_wndToolBar;  // owned by the window, as the panes
     PaneArea* m_pPanes = nullptr;

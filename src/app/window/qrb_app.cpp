@@ -5,31 +5,30 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QScreen>
 #include <QStatusBar>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "app/window/about_dialog.h"
 #include "app/window/identity.h"
-#include "batch/reg_key.h"
+#include "app/window/file_type_registration.h"
 #include "dialogs/options_dialog.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
-#include "look/pictures.h"
-#include "platform/native.h"
 #include "platform/path_text.h"
-#include "platform/shell/desktop_folder.h"
 #include "platform/staged_file.h"
 
 namespace quorbit {
 namespace {
 
-constexpr const char* kStandardFolder = "c:\\";
-constexpr std::uint32_t kAnyRunMode = kRunAndQuit | kRunAndStayOpen | kRunInvisible;
+// /I opens no window.
+constexpr std::uint32_t kWindowModes = kRunAndQuit | kRunAndStayOpen;
 
 bool IsMissing(const std::string& path)
 {
@@ -40,22 +39,20 @@ bool IsMissing(const std::string& path)
 }  // namespace
 
 CQRBApp::CQRBApp(CommandLine line, AppServices services)
-    : m_nRunMode(line.nRunMode & kAnyRunMode),
+    : m_nRunMode(line.nRunMode & kWindowModes),
       m_line(std::move(line)),
       m_services(std::move(services)),
       m_machine(m_services.stores.machine, *this),
       m_profile(m_services.stores.profile),
       m_recent(m_profile),
+      m_factory(m_services, m_machine, m_profile, m_recent,
+                [this]() -> QWidget* { return m_pMainWnd.get(); }),
       m_run(
-          *m_services.pPrompts, [this] { return MakeProgressServices(); },
+          *m_services.pPrompts, [this] { return RunServices(); },
           // A minimised window would take the dialog along.
           [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; }),
-      m_desktop(MakeDesktopFolder(SystemShellSources(m_profile.ReadDrives()))),
-      m_dlgFileType(MakeDialogServices()),
-      m_dlgFile(MakeDialogServices()),
-      m_dlgScript(MakeDialogServices()),
-      m_doc(MakeDocumentServices()),
-      m_files(m_doc, *m_services.pPrompts, MakeFilesServices())
+      m_doc(m_factory.ForDocument(m_run)),
+      m_files(m_doc, *m_services.pPrompts, m_factory.ForFiles([this] { return m_nRunMode == 0; }))
 {
 }
 
@@ -75,7 +72,8 @@ bool CQRBApp::InitInstance()
     if (!helpFile) {
         return false;
     }
-    m_help = std::make_unique<HelpDesk>(*helpFile, MakeHelpServices());
+    m_help = std::make_unique<HelpDesk>(
+        *helpFile, m_factory.ForHelp([this](int nId) { m_pMainWnd->PostCommand(nId); }));
     RegisterFileTypes();
     if (!ProcessShellCommand()) {
         return false;
@@ -90,7 +88,8 @@ bool CQRBApp::InitInstance()
     return !m_endCode;
 }
 
-// The first thing that touches the settings. Switches do not count on the first start.
+// The first thing that touches the settings. Switches do not count on the first start, the only one
+// on which /I comes this far.
 bool CQRBApp::ReadFirstRun()
 {
     // A store that could not be laid down is told by the reading of it.
@@ -98,9 +97,9 @@ bool CQRBApp::ReadFirstRun()
     if (!m_machine.GetRegValue(MachineValue::Run1)) {
         return false;
     }
-    m_bFirstRun = m_machine.IsFirstRun();
+    m_bFirstRun = m_machine.IsFirstRun() || (m_line.nRunMode & kRunInvisible) != 0;
     if (m_bFirstRun) {
-        if (m_nRunMode != 0) {
+        if (m_line.nRunMode != 0) {
             (void)m_services.pPrompts->Ask(kNoSwitchesOnFirstRun, {}, PromptIcon::Exclamation,
                                            PromptButtons::Ok);
         }
@@ -109,13 +108,12 @@ bool CQRBApp::ReadFirstRun()
     return true;
 }
 
-void CQRBApp::RegisterFileTypes()
+void CQRBApp::RegisterFileTypes() const
 {
-    if (m_services.registration.program.empty()) {
-        return;
+    if (m_services.registration) {
+        RegisterShellFileTypes(m_services.stores, m_services.registration->program);
+        RegisterWithDesktop(*m_services.registration);
     }
-    RegisterShellFileTypes(m_services.stores, m_services.registration.program);
-    RegisterWithDesktop(m_services.registration);
 }
 
 bool CQRBApp::ProcessShellCommand()
@@ -126,11 +124,39 @@ bool CQRBApp::ProcessShellCommand()
         m_endCode = kExitNoRun;
         return false;
     }
-    m_pMainWnd = std::make_unique<CMainFrame>(*this);
-    m_pMainWnd->MakePanes(MakePaneServices());
+    ReadScreenSize();
+    m_pMainWnd = std::make_unique<CMainFrame>(MainFrameServices());
+    m_pMainWnd->MakePanes(m_factory.ForPanes(m_doc, *m_pMainWnd, m_nRunMode));
     SetHelpTopic(*m_pMainWnd->statusBar(), kTopicStatusBar);
     m_files.SetOnRenamed([this] { m_pMainWnd->OnUpdateFrameTitle(); });
     return true;
+}
+
+void CQRBApp::ReadScreenSize()
+{
+    const QSize screen = QGuiApplication::primaryScreen()->availableVirtualGeometry().size();
+    m_nScreenCX = screen.width();
+    m_nScreenCY = screen.height();
+}
+
+FrameServices CQRBApp::MainFrameServices()
+{
+    return {.pOwner = this,
+            .pDoc = &m_doc,
+            .pFiles = &m_files,
+            .pProfile = &m_profile,
+            .pRecent = &m_recent,
+            .nRunMode = m_nRunMode,
+            .bFirstRun = m_bFirstRun,
+            .screen = {m_nScreenCX, m_nScreenCY}};
+}
+
+ProgressServices CQRBApp::RunServices()
+{
+    return m_factory.ForRun(
+        *m_pMainWnd, m_nRunMode,
+        {.setExitCode = [this](int code) { m_nExitCode = std::max(m_nExitCode, code); },
+         .endProgram = [this](int code) { EndProgram(code); }});
 }
 
 int CQRBApp::ExitInstance(int result) const
@@ -197,90 +223,59 @@ void CQRBApp::CloseAsExit()
 
 // --- commands -----------------------------------------------------------------------------------
 
+const CommandMap<CQRBApp>& CQRBApp::Commands()
+{
+    static const CommandMap<CQRBApp> map{
+        {CMD_FILE_NEW, &CQRBApp::OnFileNew},
+        {CMD_FILE_OPEN, &CQRBApp::OnFileOpen},
+        {{CMD_RECENT_FILE_FIRST, CMD_RECENT_FILE_LAST},
+         &CQRBApp::OnOpenRecent,
+         &CQRBApp::RecentState},
+        {CMD_ABOUT, &CQRBApp::OnAbout},
+        {CMD_HELP_INDEX, &CQRBApp::OpenHelp},
+        {CMD_HELP_TOPICS, &CQRBApp::OpenHelp},
+        {CMD_HELP, &CQRBApp::OpenHelp},
+        {CMD_TIP_OF_THE_DAY, &CQRBApp::OnTips, &CQRBApp::TipsState},
+    };
+    return map;
+}
+
 bool CQRBApp::OnCommand(int nId)
 {
-    if (nId >= CMD_RECENT_FILE_FIRST && nId <= CMD_RECENT_FILE_LAST) {
-        OnOpenRecent(static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST));
-        return true;
-    }
-    switch (nId) {
-        case CMD_FILE_NEW:
-            (void)m_files.NewDocument();
-            return true;
-        case CMD_FILE_OPEN:
-            OnFileOpen();
-            return true;
-        case CMD_ABOUT:
-            OnAbout();
-            return true;
-        case CMD_HELP_INDEX:
-        case CMD_HELP_TOPICS:
-        case CMD_HELP:
-            OpenHelp();
-            return true;
-        case CMD_TIP_OF_THE_DAY:
-            if (m_services.showTips) {
-                m_services.showTips();
-            }
-            return m_services.showTips != nullptr;
-        default:
-            return false;
-    }
+    return Commands().Run(*this, nId);
 }
 
 bool CQRBApp::OnUpdateCommand(int nId, CommandState& state)
 {
-    if (nId >= CMD_RECENT_FILE_FIRST && nId <= CMD_RECENT_FILE_LAST) {
-        state.enabled =
-            static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST) < m_recent.List().size();
-        return true;
-    }
-    switch (nId) {
-        case CMD_FILE_NEW:
-        case CMD_FILE_OPEN:
-        case CMD_ABOUT:
-        case CMD_HELP_INDEX:
-        case CMD_HELP_TOPICS:
-        case CMD_HELP:
-            state.enabled = true;
-            return true;
-        case CMD_TIP_OF_THE_DAY:
-            return m_services.showTips != nullptr;
-        default:
-            return false;
-    }
+    return Commands().Update(*this, nId, state);
 }
 
-std::optional<std::string> CQRBApp::InstallPath() const
+void CQRBApp::OnFileNew()
 {
-    CRegKey machine(m_services.stores);
-    std::string path;
-    const bool read = machine.Open(RegParent::LocalMachine, MachineKeyPath()) &&
-                      machine.Read(NameOf(MachineValue::InstallPath), path);
-    return read ? std::optional(path) : std::nullopt;
-}
-
-// The folder in which File Open starts.
-std::string CQRBApp::QrbFilePath() const
-{
-    return m_profile.GetProfileString(Setting::QrbFilePath,
-                                      InstallPath().value_or(kStandardFolder));
+    (void)m_files.NewDocument();
 }
 
 void CQRBApp::OnFileOpen()
 {
     FileQuestion question;
-    question.folder = QrbFilePath();
+    question.folder = m_factory.QrbFilePath();
     question.filters = {kDocumentFilter, kAllFilesFilter};
     if (const auto path = m_services.pPrompts->AskOpenFile(question)) {
         (void)m_files.OpenDocumentFile(*path);
     }
 }
 
-void CQRBApp::OnOpenRecent(std::size_t index)
+std::optional<CommandState> CQRBApp::RecentState(int nId) const
+{
+    const auto index = static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST);
+    return CommandState{.enabled = index < m_recent.List().size()};
+}
+
+void CQRBApp::OnOpenRecent(int nId)
 {
     const std::vector<std::string> paths = m_recent.List();
-    if (index >= paths.size()) {
+    const auto index = static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST);
+    if (index >= paths.size()) {  // another window of the program shortened the list
         return;
     }
     const std::string& path = paths[index];
@@ -298,8 +293,18 @@ void CQRBApp::OnOpenRecent(std::size_t index)
 
 void CQRBApp::OnAbout()
 {
-    const LinkServices link{m_services.pLinkOpener, m_services.pPrompts};
+    const LinkServices link{.pOpener = m_services.pLinkOpener, .pPrompts = m_services.pPrompts};
     CAboutDlg(m_pMainWnd.get(), ReadAboutFacts(), link).exec();
+}
+
+void CQRBApp::OnTips()
+{
+    m_services.showTips();
+}
+
+std::optional<CommandState> CQRBApp::TipsState() const
+{
+    return m_services.showTips ? std::optional(CommandState()) : std::nullopt;
 }
 
 void CQRBApp::OpenHelp()
@@ -321,107 +326,8 @@ void CQRBApp::ViewLogFile()
 
 void CQRBApp::ShowOptions()
 {
-    OptionSources sources;
-    sources.pProfile = &m_profile;
-    sources.readInstallPath = [this] { return InstallPath(); };
-    sources.readLogFile = [this] { return m_machine.GetRegValue(MachineValue::LogFile); };
-    const DialogServices services = MakeDialogServices();
-    (void)COptionsDlg(services, std::move(sources), m_pMainWnd.get()).DoModal();
-}
-
-// --- what the parts below ask for
-// -----------------------------------------------------------------
-
-DocumentServices CQRBApp::MakeDocumentServices()
-{
-    DocumentServices services;
-    services.fileTypeDialog = &m_dlgFileType;
-    services.fileDialog = &m_dlgFile;
-    services.scriptDialog = &m_dlgScript;
-    services.runDialog = &m_run;
-    services.readDefaultEntry = [this] {
-        return DefaultEntry{static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::FileBits)),
-                            m_profile.GetProfileString(Setting::FileTypes)};
-    };
-    return services;
-}
-
-DialogServices CQRBApp::MakeDialogServices()
-{
-    DialogServices services;
-    services.pPrompts = m_services.pPrompts;
-    services.pIcons = &m_icons;
-    services.desktop = m_desktop;
-    services.drives = m_profile.ReadDrives();
-    services.pProfile = &m_profile;
-    services.parent = [this]() -> QWidget* { return m_pMainWnd.get(); };
-    return services;
-}
-
-PaneServices CQRBApp::MakePaneServices()
-{
-    PaneServices services;
-    services.pDoc = &m_doc;
-    services.pProfile = &m_profile;
-    services.pPrompts = m_services.pPrompts;
-    services.pIcons = &m_icons;
-    services.marks = {Picture("entry-delete"), Picture("entry")};
-    services.desktop = m_desktop;
-    services.nRunMode = m_nRunMode;
-    services.sendCommand = [this](int nId) { (void)m_pMainWnd->OnCmdMsg(nId); };
-    services.postCommand = [this](int nId) { m_pMainWnd->PostCommand(nId); };
-    services.setActive = [this](CView* view) { m_pMainWnd->Route().SetActiveView(view); };
-    services.isFrameMinimised = [this] { return m_pMainWnd->isMinimized(); };
-    return services;
-}
-
-HelpWindowServices CQRBApp::MakeHelpServices()
-{
-    HelpWindowServices services;
-    services.pProfile = &m_profile;
-    if (m_services.showTips) {
-        services.showTip = [this] { m_pMainWnd->PostCommand(CMD_TIP_OF_THE_DAY); };
-    }
-    return services;
-}
-
-DocumentFilesServices CQRBApp::MakeFilesServices()
-{
-    DocumentFilesServices services;
-    // What runs by itself every night is not what a person had open last.
-    services.addRecent = [this](const std::string& path) {
-        if (m_nRunMode == 0) {
-            m_recent.Add(path);
-        }
-    };
-    services.standardFolder = [this] { return QrbFilePath(); };
-    return services;
-}
-
-ProgressServices CQRBApp::MakeProgressServices()
-{
-    ProgressServices services;
-    services.drives = m_profile.ReadDrives();
-    m_pRunFiles = MakeFileSystem(services.drives);
-    m_pRunProcesses = MakeProcessRunner(m_services.nOpenFileLimit);
-    services.pFiles = m_pRunFiles.get();
-    services.pProcesses = m_pRunProcesses.get();
-    services.pTextEditor = m_services.pTextEditor;
-    services.nRunMode = m_nRunMode;
-    services.bSyncAtEnd = m_profile.GetProfileInt(Setting::SyncAtEnd) != 0;
-    services.readOptFlags = [this] {
-        return static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::OptFlags));
-    };
-    services.installPath = [this] { return m_machine.GetRegValue(MachineValue::InstallPath); };
-    services.storeLogPath = [this](const std::string& path) {
-        return m_machine.SetRegValue(NameOf(MachineValue::LogFile), path);
-    };
-    services.readLogPath = [this] { return m_machine.GetRegValue(MachineValue::LogFile); };
-    services.setExitCode = [this](int code) { m_nExitCode = std::max(m_nExitCode, code); };
-    services.postRefresh = [this] { m_pMainWnd->PostCommand(CMD_REFRESH); };
-    services.postExit = [this] { m_pMainWnd->PostCommand(CMD_EXIT); };
-    services.endProgram = [this](int code) { EndProgram(code); };
-    return services;
+    const DialogServices services = m_factory.ForDialogs();
+    (void)COptionsDlg(services, m_factory.ForOptions(), m_pMainWnd.get()).DoModal();
 }
 
 }  // namespace quorbit

@@ -8,46 +8,27 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "app/command_line.h"
+#include "app/window/app_services.h"
 #include "app/window/document_files.h"
-#include "app/window/file_type_registration.h"
+#include "app/window/frame_owner.h"
 #include "app/window/main_frame.h"
 #include "app/window/recent_files.h"
+#include "app/window/service_factory.h"
 #include "app/window/window_run.h"
 #include "batch/fatal_handler.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
-#include "dialogs/external_file_dialog.h"
-#include "dialogs/file_dialog.h"
-#include "dialogs/file_type_dialog.h"
-#include "engine/dialog/text_editor.h"
+#include "document/command_map.h"
 #include "help/help_desk.h"
-#include "look/link_opener.h"
-#include "panes/item_icons.h"
-#include "panes/pane_services.h"
-#include "platform/shell/shell_folder.h"
 
 namespace quorbit {
 
-// What the application works with. Objects are not owned and must outlive it.
-struct AppServices {
-    SettingsStores stores;
-    Prompts* pPrompts = nullptr;
-    TextEditor* pTextEditor = nullptr;
-    std::uint64_t nOpenFileLimit = 0;  // for scripts; see MakeProcessRunner
-    Registration registration{};
-    LinkOpener* pLinkOpener = nullptr;
-    std::function<void()> showSplash{};  // null: there is none
-    std::function<void()> showTips{};    // null: there are none
-    std::function<void(int)> endLoop{};  // leaves the event loop with an exit code
-};
-
-class CQRBApp : public CommandTarget, public FatalHandler {
+class CQRBApp : public FrameOwner, public FatalHandler {
 public:
     CQRBApp(CommandLine line, AppServices services);
     ~CQRBApp() override;
@@ -67,8 +48,6 @@ public:
 
     [[nodiscard]] CQRBDoc& Document() { return m_doc; }
     [[nodiscard]] DocumentFiles& Files() { return m_files; }
-    [[nodiscard]] const Profile& GetProfile() const { return m_profile; }
-    [[nodiscard]] const RecentFiles& Recent() const { return m_recent; }
     // Null before it was made.
     [[nodiscard]] CMainFrame* MainFrame() { return m_pMainWnd.get(); }
 
@@ -76,20 +55,15 @@ public:
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
-    // Shows the contents of the help.
-    void OpenHelp();
-    // Shows the chapter on what has the focus; the contents if there is none.
-    void OpenHelpOnFocus();
+    void ViewLogFile() override;
+    void ShowOptions() override;
+    void OpenHelp() override;
+    void OpenHelpOnFocus() override;
+    [[nodiscard]] bool CanCloseFrame() override;
+    void OnFrameClosed() override;
+
     // Null before InitInstance.
     [[nodiscard]] HelpDesk* Help() { return m_help.get(); }
-    // Shows the log of the last run.
-    void ViewLogFile();
-    // Runs the options dialog.
-    void ShowOptions();
-
-    // Asks to save; false: the window stays, or a run is on.
-    [[nodiscard]] bool CanCloseFrame();
-    void OnFrameClosed();
     // A signal asks the process to end: a run as Cancel would, else the window as Exit would.
     void OnStopSignal();
 
@@ -98,22 +72,21 @@ public:
 
 private:
     [[nodiscard]] bool ReadFirstRun();
-    void RegisterFileTypes();
+    void RegisterFileTypes() const;
+    void ReadScreenSize();
     [[nodiscard]] bool ProcessShellCommand();
 
+    [[nodiscard]] static const CommandMap<CQRBApp>& Commands();
+    void OnFileNew();
     void OnFileOpen();
-    void OnOpenRecent(std::size_t index);
+    void OnOpenRecent(int nId);
+    [[nodiscard]] std::optional<CommandState> RecentState(int nId) const;
     void OnAbout();
-    // Nothing if it cannot be read.
-    [[nodiscard]] std::optional<std::string> InstallPath() const;
-    [[nodiscard]] std::string QrbFilePath() const;
-
-    [[nodiscard]] DocumentServices MakeDocumentServices();
-    [[nodiscard]] DocumentFilesServices MakeFilesServices();
-    [[nodiscard]] ProgressServices MakeProgressServices();
-    [[nodiscard]] DialogServices MakeDialogServices();
-    [[nodiscard]] PaneServices MakePaneServices();
-    [[nodiscard]] HelpWindowServices MakeHelpServices();
+    void OnTips();
+    // Not a command of this target if there are no tips.
+    [[nodiscard]] std::optional<CommandState> TipsState() const;
+    [[nodiscard]] ProgressServices RunServices();
+    [[nodiscard]] FrameServices MainFrameServices();
     void EndProgram(int code);
     void CloseAsExit();
 
@@ -124,14 +97,8 @@ private:
     RecentFiles m_recent;
     std::optional<int> m_endCode;  // the process ends whatever else happens
 
-    std::unique_ptr<FileSystem> m_pRunFiles;  // of the run that is open
-    std::unique_ptr<ProcessRunner> m_pRunProcesses;
+    ServiceFactory m_factory;
     WindowRun m_run;
-    ShellFolderPtr m_desktop;  // the root of what panes and dialogs show
-    ItemIcons m_icons;
-    CFileTypeDlg m_dlgFileType;
-    CFileDlg m_dlgFile;
-    CExternalFile m_dlgScript;
     CQRBDoc m_doc;
     DocumentFiles m_files;
     std::unique_ptr<CMainFrame> m_pMainWnd;

@@ -65,7 +65,9 @@ void StartInBackground(const std::string& program, const std::vector<std::string
 void ShowTips(const SettingsStore& store, Prompts& prompts)
 {
     const Profile profile(store);
-    CTipDlg({&profile, &prompts, FindTips(ProgramPath())}, QApplication::activeWindow()).exec();
+    CTipDlg({.pProfile = &profile, .pPrompts = &prompts, .path = FindTips(ProgramPath())},
+            QApplication::activeWindow())
+        .exec();
 }
 
 // What the services are made of.
@@ -87,21 +89,21 @@ void EndSplash(const QPointer<CMySplashWnd>& splash)
 
 AppServices MakeServices(Tools& tools)
 {
-    AppServices services{OpenSettingsStores()};
-    services.pPrompts = &tools.prompts;
-    services.pTextEditor = &tools.editor;
-    services.pLinkOpener = &tools.linkOpener;
-    services.showSplash = [&tools] {
-        tools.splash = CMySplashWnd::Create(Picture("splash"), kSplashTime);
+    const SettingsStores stores = OpenSettingsStores();
+    return {
+        .stores = stores,
+        .pPrompts = &tools.prompts,
+        .pTextEditor = &tools.editor,
+        .pLinkOpener = &tools.linkOpener,
+        .endLoop = [](int code) { QCoreApplication::exit(code); },
+        .nOpenFileLimit = RaiseOpenFileLimit(),
+        .registration = Registration{.program = ProgramPath(),
+                                     .dataFolder = SharedDataFolder(),
+                                     .systemFolders = SystemDataFolders(),
+                                     .startProgram = StartInBackground},
+        .showSplash = [&tools] { tools.splash = CMySplashWnd::Create(Picture("splash"), kSplashTime); },
+        .showTips = [&tools, stores] { ShowTips(stores.profile, tools.prompts); },
     };
-    services.showTips = [&tools, store = services.stores.profile] {
-        ShowTips(store, tools.prompts);
-    };
-    services.nOpenFileLimit = RaiseOpenFileLimit();
-    services.registration = {ProgramPath(), SharedDataFolder(), SystemDataFolders(),
-                             StartInBackground};
-    services.endLoop = [](int code) { QCoreApplication::exit(code); };
-    return services;
 }
 
 // The session ends: nothing may be lost, and a run is not cut off.
