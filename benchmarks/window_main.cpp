@@ -17,9 +17,11 @@
 #include <string>
 #include <thread>
 
+#include "batch/machine_values.h"
 #include "batch/prompts.h"
 #include "engine/dialog/desktop_text_editor.h"
 #include "engine/dialog/progress_dialog.h"
+#include "engine/exit_code.h"
 #include "platform/native.h"
 
 namespace quorbit::bench {
@@ -63,27 +65,34 @@ public:
     std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
 };
 
-double LongestWait(const Batch& batch, const std::string& logFolder, int& exitCode)
+class FatalOnConsole : public FatalHandler {
+public:
+    void FatalMessage(const std::string& text) override
+    {
+        std::cerr << "bench_window: " << text << '\n';
+    }
+};
+
+double LongestWait(const Batch& batch, MachineValues& machine, int& exitCode)
 {
     const auto files = MakeFileSystem();
     const auto processes = MakeProcessRunner();
     NoPrompts prompts;
     DesktopTextEditor editor;
-    ProgressServices services;
-    services.pFiles = files.get();
-    services.pProcesses = processes.get();
-    services.pPrompts = &prompts;
-    services.pTextEditor = &editor;
-    services.nRunMode = kRunAndQuit;
-    services.bSyncAtEnd = false;
-    services.readOptFlags = [] { return 0U; };
-    services.installPath = [&] { return std::optional(logFolder); };
-    services.storeLogPath = [](const std::string&) { return true; };
-    services.readLogPath = [] { return std::optional<std::string>(); };
-    services.setExitCode = [&](int code) { exitCode = code; };
-    services.postRefresh = [] {};
-    services.postExit = [] {};
-    services.endProgram = [&](int) { exitCode = 2; };
+    const ProgressServices services{
+        .run = {.pMachine = &machine,
+                .pFiles = files.get(),
+                .pProcesses = processes.get(),
+                .nRunMode = kRunAndQuit,
+                .bSyncAtEnd = false,
+                .readOptFlags = [] { return 0U; }},
+        .pPrompts = &prompts,
+        .pTextEditor = &editor,
+        .setExitCode = [&](int code) { exitCode = code; },
+        .postRefresh = [] {},
+        .postExit = [] {},
+        .endProgram = [&](int code) { exitCode = code; },
+    };
 
     WaitMeter meter;
     std::atomic<bool> over = false;
@@ -119,6 +128,13 @@ int main(int argc, char** argv)
     batch.m_arrEntries.push_back(entry);
     int exitCode = 0;
     const std::string folder = result.substr(0, result.rfind('/') + 1);
-    std::ofstream(result) << bench::LongestWait(batch, folder, exitCode) << '\n';
+    const SettingsStore store(result + "-machine.ini");
+    if (!store.Write({{kVersionFolder, NameOf(MachineValue::InstallPath), folder}})) {
+        std::cerr << "bench_window: " << store.Path() << " cannot be written\n";
+        return kExitNoRun;
+    }
+    bench::FatalOnConsole fatal;
+    MachineValues machine(store, fatal);
+    std::ofstream(result) << bench::LongestWait(batch, machine, exitCode) << '\n';
     return exitCode;
 }

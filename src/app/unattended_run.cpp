@@ -12,10 +12,9 @@
 
 #include "batch/batch_file.h"
 #include "engine/console_surface.h"
-#include "engine/exit_code.h"
-#include "engine/run_context.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
+#include "engine/run_start.h"
 #include "platform/native.h"
 #include "platform/stop_signals.h"
 
@@ -40,33 +39,22 @@ bool LoadBatch(const CommandLine& line, Batch& batch)
     return opened.Ok();
 }
 
-// The log of the run; the reason is told if there is none. A log that cannot be created ends the
-// program with exit code 0, one that another run holds with the code for "no run".
-std::unique_ptr<RunLog> OpenLog(const std::string& path, int& exitCode)
+int Refuse(const RunRefusal& refusal)
 {
-    auto output = CreateLogOutput(path);
-    if (output) {
-        return std::make_unique<RunLog>(std::move(*output));
+    if (!refusal.text.empty()) {
+        Complain(refusal.text);
     }
-    if (output.GetError().Kind() == ErrorKind::Busy) {
-        Complain("another run of this document is on; its log is " + Printable(path));
-        exitCode = kExitNoRun;
-    } else {
-        Complain("The log file cannot be created: " + Printable(path) + ": " +
-                 output.GetError().Text());
-        exitCode = kExitOk;
-    }
-    return nullptr;
+    return refusal.exitCode;
 }
 
-void PrintSummary(const CRunContext& ctx, const std::string& logPath)
+void PrintSummary(const CRunContext& ctx)
 {
     std::printf(
         "Copied %d, synced %d, left alone %d, backed up %d, deleted %d, errors %d in %s.\nLog: "
         "%s\n",
         ctx.m_nCopyCount, ctx.m_nSyncCount, ctx.m_nDidntSyncCount, ctx.m_nBackupCount,
         ctx.m_nDeleteCount, ctx.m_nErrorCount, ctx.m_clock.Text().c_str(),
-        Printable(logPath).c_str());
+        Printable(ctx.m_strLogPath).c_str());
 }
 
 }  // namespace
@@ -77,45 +65,37 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
     if (!LoadBatch(line, batch)) {
         return kExitNoRun;
     }
-    const auto installPath = machine.GetRegValue(MachineValue::InstallPath);
-    if (!installPath) {
-        return kExitOk;
-    }
-    const std::string logPath = MakeLogPath(*installPath, batch.m_strFilePath);
-    if (!machine.SetRegValue(NameOf(MachineValue::LogFile), logPath)) {
-        return kExitOk;
-    }
-
     const DriveMap drives = profile.ReadDrives();
     const auto files = MakeFileSystem(drives);
     const auto processes = MakeProcessRunner(RaiseOpenFileLimit());
-    int exitCode = kExitOk;
-    CRunContext ctx;
-    ConsoleSurface surface(StandardStreams(), [&ctx] { return ctx.m_clock.Text(); });
-    ctx.m_pLogFile = OpenLog(logPath, exitCode);
-    if (!ctx.m_pLogFile) {
-        return exitCode;
-    }
-    ctx.m_pDoc = &batch;
-    ctx.m_pDlg = &surface;
-    ctx.m_pFiles = files.get();
-    ctx.m_pProcesses = processes.get();
-    ctx.m_drives = drives;
-    ctx.m_nRunMode = line.nRunMode;
-    ctx.m_readOptFlags = [&profile] {
-        return static_cast<std::uint32_t>(profile.GetProfileInt(Setting::OptFlags));
+    const RunServices services{
+        .pMachine = &machine,
+        .pFiles = files.get(),
+        .pProcesses = processes.get(),
+        .drives = drives,
+        .nRunMode = line.nRunMode,
+        .bSyncAtEnd = profile.GetProfileInt(Setting::SyncAtEnd) != 0,
+        .readOptFlags =
+            [&profile] {
+                return static_cast<std::uint32_t>(profile.GetProfileInt(Setting::OptFlags));
+            },
     };
-    ctx.m_setExitCode = [&exitCode](int code) { exitCode = code; };
-    ctx.m_bSyncAtEnd = profile.GetProfileInt(Setting::SyncAtEnd) != 0;
+
+    RunStart start;
+    ConsoleSurface surface(StandardStreams(), [&start] { return start.pRun->m_clock.Text(); });
+    start = StartRun(batch, surface, services);
+    if (!start.pRun) {
+        return Refuse(start.refusal);
+    }
 
     StopOnSignals(g_bStopRun);
     IgnoreWriteSignals();
     g_bRunStarted = 1;
-    std::jthread(RunThreadProc, &ctx).join();
+    std::jthread(RunThreadProc, start.pRun.get()).join();
     if (line.summary || isatty(STDOUT_FILENO) != 0) {
-        PrintSummary(ctx, logPath);
+        PrintSummary(*start.pRun);
     }
-    return exitCode;
+    return start.pRun->m_nExitCode;
 }
 
 }  // namespace quorbit

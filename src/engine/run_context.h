@@ -8,9 +8,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "batch/batch.h"
 #include "engine/elapsed_clock.h"
+#include "engine/exit_code.h"
 #include "engine/run_log.h"
 #include "engine/run_surface.h"
 #include "platform/file_system.h"
@@ -27,6 +30,10 @@ enum : std::uint32_t {
 };
 
 struct CRunContext {
+    CRunContext() = default;
+    // now: of the elapsed time, which starts at once.
+    explicit CRunContext(ElapsedClock::Now now) : m_clock(std::move(now)) {}
+
     const Batch* m_pDoc = nullptr;          // not owned; does not change during the run
     RunSurface* m_pDlg = nullptr;           // not owned: whoever shows the run
     FileSystem* m_pFiles = nullptr;         // not owned
@@ -34,9 +41,9 @@ struct CRunContext {
     DriveMap m_drives;                      // for the paths of scripts
 
     std::uint32_t m_nRunMode = 0;
-    std::function<std::uint32_t()> m_readOptFlags;  // read anew at each error
-    std::function<void(int)> m_setExitCode;         // the application's m_nExitCode
+    std::function<std::uint32_t()> m_readOptFlags;  // the option bits, read at each error
     bool m_bSyncAtEnd = true;  // wait for the disk before the footer is written
+    std::string m_strLogPath;
 
     // Only the worker changes the counters.
     std::int32_t m_nFilesLeft = 0;       // raised by the count pass, lowered by the process pass
@@ -46,6 +53,8 @@ struct CRunContext {
     std::int32_t m_nDidntSyncCount = 0;  // left alone because the source was not newer
     std::int32_t m_nBackupCount = 0;     // copied by an incremental backup
     std::int32_t m_nErrorCount = 0;
+
+    int m_nExitCode = kExitOk;  // of the process; set in the modes that end by themselves
 
     ElapsedClock m_clock;
     std::unique_ptr<RunLog> m_pLogFile;  // null once closed

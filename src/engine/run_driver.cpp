@@ -181,7 +181,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
 
     if (ctx.m_nRunMode & (kRunInvisible | kRunAndQuit)) {
         if (ctx.m_nErrorCount > 0) {
-            ctx.m_setExitCode(1);
+            ctx.m_nExitCode = kExitErrors;
         }
         EnterPhase(ctx, RunPhase::Closed);
     }

@@ -54,18 +54,4 @@ bool RunLog::Close()
     return m_output->Close().Ok() && flushed;
 }
 
-std::string MakeLogPath(std::string_view installPath, std::string_view documentPath)
-{
-    const char separator = SeparatorOf(documentPath);
-    const std::size_t nameAt = documentPath.rfind(separator);
-    std::string name(nameAt == std::string_view::npos ? documentPath : documentPath.substr(nameAt));
-    const std::size_t dot = name.rfind('.');
-    name.resize(dot == std::string::npos ? 0 : dot);
-    // The name comes with its separator; the folder usually ends in one already.
-    if (!name.empty() && name.front() == separator && EndsInSeparator(installPath)) {
-        name.erase(0, 1);
-    }
-    return std::string(installPath) + name + ".log";
-}
-
 }  // namespace quorbit

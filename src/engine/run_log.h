@@ -42,8 +42,4 @@ private:
     std::chrono::steady_clock::time_point m_oldest;
 };
 
-// Where the log of a document lies: the name of the document with ".log" in the folder of the
-// installation. A document whose name has no dot, or that has no name, has the log ".log".
-[[nodiscard]] std::string MakeLogPath(std::string_view installPath, std::string_view documentPath);
-
 }  // namespace quorbit

@@ -13,10 +13,12 @@
 
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
+#include "engine/run_start.h"
 #include "platform/native.h"
 #include "support/failing_file_system.h"
 #include "support/folder_test.h"
 #include "support/recording_surface.h"
+#include "support/run_machine.h"
 
 namespace quorbit {
 
@@ -97,26 +99,22 @@ protected:
         RunResult result;
         result.surface.answers = m_answers;
         result.surface.onPrompt = m_onPrompt;
-        auto output = CreateLogOutput(LogPath());
-        EXPECT_TRUE(output.Ok());
         const auto processes = MakeProcessRunner();
-        CRunContext ctx{
-            .m_pDoc = &batch,
-            .m_pDlg = &result.surface,
-            .m_pFiles = &files,
-            .m_pProcesses = processes.get(),
-            .m_drives = m_drives,
-            .m_nRunMode = m_nRunMode,
-            .m_readOptFlags = [this] { return m_nOptFlags; },
-            .m_setExitCode = [&](int code) { result.exitCode = code; },
-            .m_bSyncAtEnd = m_bSyncAtEnd,
-            .m_clock = ElapsedClock([] { return s_now; }),
-            .m_pLogFile = std::make_unique<RunLog>(std::move(*output), [] { return s_now; })};
-        EXPECT_EQ(RunThreadProc(&ctx), 0U);
-        EXPECT_FALSE(ctx.m_pLogFile);
+        const RunStart start = StartRun(batch, result.surface,
+                                        {.pMachine = &m_machine.Values(),
+                                         .pFiles = &files,
+                                         .pProcesses = processes.get(),
+                                         .drives = m_drives,
+                                         .nRunMode = m_nRunMode,
+                                         .bSyncAtEnd = m_bSyncAtEnd,
+                                         .readOptFlags = [this] { return m_nOptFlags; },
+                                         .now = [] { return s_now; }});
+        EXPECT_EQ(RunThreadProc(start.pRun.get()), 0U);
+        EXPECT_FALSE(start.pRun->m_pLogFile);
         ClearFlags();
+        result.exitCode = start.pRun->m_nExitCode;
         result.log = ContentOf(LogPath());
-        result.counters = CountersOf(ctx);
+        result.counters = CountersOf(*start.pRun);
         return result;
     }
 
@@ -154,7 +152,7 @@ protected:
     std::function<void()> m_onPrompt;
     static inline std::chrono::steady_clock::time_point s_now{};  // moved by tests only
 
-    [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/run.log"; }
+    [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/batch.log"; }
 
 private:
     static void ClearFlags() { g_bStopRun = g_bStopCounting = 0; }
@@ -180,6 +178,7 @@ private:
     }
 
     TempFolder m_logFolder;
+    RunMachine m_machine{m_logFolder.Path() + "/machine.ini", m_logFolder.Path() + "/"};
 };
 
 }  // namespace quorbit

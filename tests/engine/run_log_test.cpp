@@ -108,23 +108,6 @@ TEST_F(RunLogTest, TellsAFailureOnceAWriteAndGoesOnWithWhatFollows)
     EXPECT_EQ(writeAndFlush("after the end"), 3U);
 }
 
-TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)
-{
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"/state/", "/home/me/Nightly.qrb", "/state/Nightly.log"},
-        {"/state", "/home/me/Nightly.qrb", "/state/Nightly.log"},
-        {"/state/", "/x.y/Nightly.old.qrb", "/state/Nightly.old.log"},
-        {"/state/", "/a\\b/c\\d.qrb", "/state/c\\d.log"},
-        {"C:\\Quorbit\\", "D:\\a.b\\Nightly.qrb", "C:\\Quorbit\\Nightly.log"},
-        // No dot, or no name at all.
-        {"/state/", "/x.y/Nightly", "/state/.log"},
-        {"/state", "/x.y/Nightly", "/state.log"},
-        {"/state/", "", "/state/.log"},
-        {"/state", "", "/state.log"}};
-    for (const auto& [install, document, expected] : cases)
-        EXPECT_EQ(MakeLogPath(install, document), expected) << install << ", " << document;
-}
-
 TEST(FileSizeText, RoundsAsTheLogDoes)
 {
     const std::pair<std::uint64_t, const char*> cases[] = {

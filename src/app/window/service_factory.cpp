@@ -114,26 +114,28 @@ ProgressServices ServiceFactory::ForRun(CMainFrame& frame, std::uint32_t nRunMod
     const DriveMap drives = m_profile.ReadDrives();
     m_pRunFiles = MakeFileSystem(drives);
     m_pRunProcesses = MakeProcessRunner(m_services.nOpenFileLimit);
-    ProgressServices services;
-    services.pFiles = m_pRunFiles.get();
-    services.pProcesses = m_pRunProcesses.get();
-    services.pTextEditor = m_services.pTextEditor;
-    services.drives = drives;
-    services.nRunMode = nRunMode;
-    services.bSyncAtEnd = m_profile.GetProfileInt(Setting::SyncAtEnd) != 0;
-    services.readOptFlags = [this] {
-        return static_cast<std::uint32_t>(m_profile.GetProfileInt(Setting::OptFlags));
+    return {
+        .run =
+            {
+                .pMachine = &m_machine,
+                .pFiles = m_pRunFiles.get(),
+                .pProcesses = m_pRunProcesses.get(),
+                .drives = drives,
+                .nRunMode = nRunMode,
+                .bSyncAtEnd = m_profile.GetProfileInt(Setting::SyncAtEnd) != 0,
+                .readOptFlags =
+                    [this] {
+                        return static_cast<std::uint32_t>(
+                            m_profile.GetProfileInt(Setting::OptFlags));
+                    },
+            },
+        .pPrompts = m_services.pPrompts,
+        .pTextEditor = m_services.pTextEditor,
+        .setExitCode = std::move(end.setExitCode),
+        .postRefresh = [&frame] { frame.PostCommand(CMD_REFRESH); },
+        .postExit = [&frame] { frame.PostCommand(CMD_EXIT); },
+        .endProgram = std::move(end.endProgram),
     };
-    services.installPath = [this] { return m_machine.GetRegValue(MachineValue::InstallPath); };
-    services.storeLogPath = [this](const std::string& path) {
-        return m_machine.SetRegValue(NameOf(MachineValue::LogFile), path);
-    };
-    services.readLogPath = [this] { return m_machine.GetRegValue(MachineValue::LogFile); };
-    services.setExitCode = std::move(end.setExitCode);
-    services.postRefresh = [&frame] { frame.PostCommand(CMD_REFRESH); };
-    services.postExit = [&frame] { frame.PostCommand(CMD_EXIT); };
-    services.endProgram = std::move(end.endProgram);
-    return services;
 }
 
 std::optional<std::string> ServiceFactory::InstallPath() const

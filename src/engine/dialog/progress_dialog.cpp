@@ -14,13 +14,11 @@
 #include "engine/dialog/transfer_text.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
-#include "engine/run_log.h"
 
 namespace quorbit {
 namespace {
 
 constexpr int kBetweenLooks = 34;  // ms; 30 times a second is as much as an eye can use
-constexpr int kExitNoRun = 2;
 
 QPushButton* Button(const char* name, const char* text, QWidget* pParent)
 {
@@ -47,7 +45,7 @@ CProgressDlg::CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices
     m_btnViewLog->setEnabled(false);
     m_btnCancel->setDefault(true);
     // A window of no size would still leave its frame.
-    setAttribute(Qt::WA_DontShowOnScreen, (m_services.nRunMode & kRunInvisible) != 0);
+    setAttribute(Qt::WA_DontShowOnScreen, (m_services.run.nRunMode & kRunInvisible) != 0);
     LayOut();
     SetTopics();
 
@@ -118,7 +116,7 @@ void CProgressDlg::SetTopics()
 void CProgressDlg::OnInitDialog()
 {
     m_btnStopCounting->setEnabled(false);
-    if ((m_services.nRunMode & kRunInvisible) != 0) {
+    if ((m_services.run.nRunMode & kRunInvisible) != 0) {
         layout()->setSizeConstraint(QLayout::SetNoConstraint);
         setMinimumSize(0, 0);
         setGeometry(0, 0, 0, 0);
@@ -135,32 +133,16 @@ void CProgressDlg::OnStartBatch()
 {
     m_btnStart->setEnabled(false);
     m_btnStopCounting->setEnabled(true);
-    MakeContext();
-
-    if (!OpenLog()) {
-        return;
+    RunStart start = StartRun(*m_pDoc, m_surface, m_services.run);
+    if (!start.pRun) {
+        return RefuseRun(start.refusal);
     }
 
+    m_pRun = std::move(start.pRun);
     m_timer.start(kBetweenLooks);
-    m_pRun->m_clock.Resume();
     g_bRunStarted = 1;
     StartWorker();
     m_btnCancel->setFocus();
-}
-
-void CProgressDlg::MakeContext()
-{
-    m_pRun = std::make_unique<CRunContext>();
-    m_pRun->m_clock.Pause();
-    m_pRun->m_pDoc = m_pDoc;
-    m_pRun->m_pDlg = &m_surface;
-    m_pRun->m_pFiles = m_services.pFiles;
-    m_pRun->m_pProcesses = m_services.pProcesses;
-    m_pRun->m_drives = m_services.drives;
-    m_pRun->m_nRunMode = m_services.nRunMode;
-    m_pRun->m_readOptFlags = m_services.readOptFlags;
-    m_pRun->m_setExitCode = [this](int code) { m_nExitCode = code; };
-    m_pRun->m_bSyncAtEnd = m_services.bSyncAtEnd;
 }
 
 void CProgressDlg::StartWorker()
@@ -171,37 +153,15 @@ void CProgressDlg::StartWorker()
     });
 }
 
-// No log, no run: false, and the dialog is closed.
-bool CProgressDlg::OpenLog()
+void CProgressDlg::RefuseRun(const RunRefusal& refusal)
 {
-    const auto folder = m_services.installPath();
-    const std::string path = folder ? MakeLogPath(*folder, m_pDoc->m_strFilePath) : "";
-    if (!folder || !m_services.storeLogPath(path)) {
-        Close();
-        return false;
+    if (refusal.text.empty()) {
+        return Close();  // the fatal handler ends the program
     }
-    auto log = m_services.createLog(path);
-    if (log) {
-        m_pRun->m_pLogFile = std::make_unique<RunLog>(std::move(*log));
-    } else {
-        RefuseRun(path, log.GetError());
-    }
-    return log.Ok();
-}
-
-void CProgressDlg::RefuseRun(const std::string& logPath, const Error& error)
-{
-    const bool busy = error.Kind() == ErrorKind::Busy;
-    const std::string where = Printable(logPath);
-    const std::string text =
-        busy ? "This batch file is being run already. Its log file is in use by that run: " + where
-             : "The log file cannot be created: " + where + ": " + error.Text();
-    (void)m_services.pPrompts->Ask(text, "", PromptIcon::Stop, PromptButtons::Ok);
+    (void)m_services.pPrompts->Ask(refusal.text, "", PromptIcon::Stop, PromptButtons::Ok);
     Close();
-    if (!busy) {
-        m_services.endProgram(0);
-    } else if (m_services.nRunMode != 0) {
-        m_services.endProgram(kExitNoRun);
+    if (refusal.bEndsProgram || m_services.run.nRunMode != 0) {
+        m_services.endProgram(refusal.exitCode);
     }
 }
 
@@ -213,7 +173,7 @@ void CProgressDlg::OnStopCounting()
 
 void CProgressDlg::OnViewLog()
 {
-    if (const auto path = m_services.readLogPath()) {
+    if (const auto path = m_services.run.pMachine->GetRegValue(MachineValue::LogFile)) {
         ViewLog(*m_services.pTextEditor, *m_services.pPrompts, *path);
     }
 }
@@ -249,8 +209,8 @@ void CProgressDlg::EndOfWorker()
 {
     m_timer.stop();
     m_thread.join();
-    if (m_nExitCode != 0) {
-        m_services.setExitCode(m_nExitCode);
+    if (m_pRun->m_nExitCode != kExitOk) {
+        m_services.setExitCode(m_pRun->m_nExitCode);
     }
     const bool exit = m_values.figures.phase == RunPhase::Closed;
     if (exit || m_bCloseWanted) {
@@ -281,13 +241,14 @@ void CProgressDlg::Close()
     }
     m_timer.stop();
     constexpr auto kRefresh = static_cast<std::uint32_t>(kOptRefreshViews);
-    if (m_services.nRunMode == 0 && g_bRunStarted && (m_services.readOptFlags() & kRefresh) != 0) {
+    if (m_services.run.nRunMode == 0 && g_bRunStarted &&
+        (m_services.run.readOptFlags() & kRefresh) != 0) {
         m_services.postRefresh();
     }
     g_bRunStarted = 0;
-    if ((m_services.nRunMode & kRunAndStayOpen) != 0) {
+    if ((m_services.run.nRunMode & kRunAndStayOpen) != 0) {
         if (m_pRun && m_pRun->m_nErrorCount > 0) {
-            m_services.setExitCode(1);
+            m_services.setExitCode(kExitErrors);
         }
         m_services.postExit();
     }

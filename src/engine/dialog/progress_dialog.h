@@ -55,10 +55,8 @@ private:
     void SetTopics();
     QLayout* MakeButtons();
 
-    void MakeContext();
-    [[nodiscard]] bool OpenLog();
     void StartWorker();
-    void RefuseRun(const std::string& logPath, const Error& error);
+    void RefuseRun(const RunRefusal& refusal);
     void AnswerWorker(const WorkerQuestion& question);
     void EndOfWorker();
     void Close();
@@ -88,7 +86,6 @@ private:
     bool m_bAsking = false;       // the worker waits for an answer
     bool m_bCloseWanted = false;  // as soon as the worker has ended
     bool m_bClosed = false;
-    int m_nExitCode = 0;  // written by the worker, read when it has ended
 };
 
 }  // namespace quorbit

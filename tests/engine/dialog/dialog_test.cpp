@@ -3,7 +3,6 @@
 
 #include "engine/dialog/dialog_test.h"
 
-
 namespace quorbit {
 
 DialogTest::DialogTest()
@@ -11,27 +10,6 @@ DialogTest::DialogTest()
     Write({"logs/"});
     m_doc.m_strFilePath = Path("nightly.qrb");
     m_strLog = Path("logs/nightly.log");
-    m_services.pFiles = &m_files;
-    m_services.pProcesses = m_processes.get();
-    m_services.pPrompts = &m_prompts;
-    m_services.pTextEditor = &m_editor;
-    m_services.bSyncAtEnd = false;
-    m_services.readOptFlags = [] { return 0U; };
-    m_services.installPath = [this] { return Path("logs/"); };
-    m_services.storeLogPath = [this](const std::string& path) {
-        m_storedLogPath = path;
-        return true;
-    };
-    m_services.readLogPath = [this] { return m_storedLogPath; };
-    const auto tell = [this](const std::string& what) {
-        return [=, this] { m_told.push_back(what); };
-    };
-    m_services.setExitCode = [this](int code) {
-        m_told.push_back("exit code " + std::to_string(code));
-    };
-    m_services.postRefresh = tell("refresh");
-    m_services.postExit = tell("exit");
-    m_services.endProgram = [this](int code) { m_told.push_back("end " + std::to_string(code)); };
 }
 
 DialogTest::~DialogTest()

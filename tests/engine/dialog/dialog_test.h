@@ -19,7 +19,6 @@
 #include "support/fake_editor.h"
 #include "support/fake_prompts.h"
 #include "support/folder_test.h"
-#include "support/widgets.h"
 
 namespace quorbit {
 
@@ -71,17 +70,30 @@ protected:
     [[nodiscard]] bool Enabled(const char* button) const;
     [[nodiscard]] std::string Log() const { return ContentOf(m_strLog); }
 
+    RunMachine m_machine{Path("machine.ini"), Path("logs/")};
     std::unique_ptr<FileSystem> m_disk = MakeFileSystem();
     FailingFileSystem m_files{*m_disk};
     std::unique_ptr<ProcessRunner> m_processes = MakeProcessRunner();
     FakePrompts m_prompts;
     FakeEditor m_editor;
     Batch m_doc;
-    ProgressServices m_services;
     std::string m_strLog;  // path of the log
-    std::optional<std::string> m_storedLogPath;
 
     std::vector<std::string> m_told;  // what the program was told: "exit code 1", "refresh", "exit"
+    ProgressServices m_services{
+        .run = {.pMachine = &m_machine.Values(),
+                .pFiles = &m_files,
+                .pProcesses = m_processes.get(),
+                .bSyncAtEnd = false,
+                .readOptFlags = [] { return 0U; }},
+        .pPrompts = &m_prompts,
+        .pTextEditor = &m_editor,
+        .setExitCode =
+            [this](int code) { m_told.push_back("exit code " + std::to_string(code)); },
+        .postRefresh = [this] { m_told.emplace_back("refresh"); },
+        .postExit = [this] { m_told.emplace_back("exit"); },
+        .endProgram = [this](int code) { m_told.push_back("end " + std::to_string(code)); },
+    };
     std::unique_ptr<CProgressDlg> m_pDialog;
 
 private:
