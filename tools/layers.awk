@@ -33,6 +33,11 @@ BEGIN {
     windowless["app"]
     windowless["document"]
 
+    system_headers = "unistd.h fcntl.h errno.h cerrno dirent.h signal.h csignal pthread.h poll.h spawn.h termios.h pwd.h " \
+        "grp.h glob.h fnmatch.h ftw.h mntent.h dlfcn.h netdb.h syslog.h utime.h wait.h langinfo.h windows.h"
+    count = split(system_headers, names, " ")
+    for (i = 1; i <= count; ++i) is_system_header[names[i]]
+
     count = split(widget_headers, names, " ")
     for (i = 1; i <= count; ++i) is_widget[names[i]]
 }
@@ -63,6 +68,14 @@ FNR == 1 {
     gsub(/^[^<]*<|>.*$/, "", header)
     if (header ~ /^Qt(Widgets|Gui)\// || header in is_widget)
         fault(folder " must not see a window, and <" header "> is of one", "use Qt Core or none of Qt here")
+}
+
+# Headers of one operating system, and errno.
+!(folder ~ /^platform\/posix(\/|$)/) && /^[ \t]*#[ \t]*include[ \t]*</ {
+    header = $0
+    gsub(/^[^<]*<|>.*$/, "", header)
+    if (header in is_system_header || header ~ /^(sys|linux|net|netinet|arpa|asm|bits)\//)
+        fault("<" header "> belongs to one system", "call it in src/platform/posix, through a header of src/platform")
 }
 
 END { exit broken }

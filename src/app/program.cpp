@@ -3,8 +3,6 @@
 
 #include "app/program.h"
 
-#include <sys/stat.h>
-
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -17,6 +15,7 @@
 #include "batch/profile.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
+#include "platform/system_facts.h"
 
 namespace quorbit {
 namespace {
@@ -31,8 +30,7 @@ public:
 
 bool FileExists(const std::string& path)
 {
-    struct stat details {};
-    return stat(path.c_str(), &details) == 0 && S_ISREG(details.st_mode);
+    return KindOfPath(path) == PathKind::File;
 }
 
 int ShowBatchFile(const std::string& path)
@@ -52,7 +50,7 @@ int SetUp()
 {
     const Status done = CompleteSetup(OpenSettingsStores().machine);
     if (!done) {
-        std::fprintf(stderr, "quorbit: the settings cannot be laid down: %s\n",
+        std::fprintf(stderr, "quorbit: the settings cannot be created: %s\n",
                      done.GetError().Text().c_str());
     }
     return done ? kExitOk : kExitNoRun;
@@ -70,7 +68,7 @@ int StartUnattended(const CommandLine& line)
 {
     const SettingsStores stores = OpenSettingsStores();
     FatalOnConsole fatal;
-    // A store that could not be laid down is told by the reading of it.
+    // Reading the store reports it if it could not be created.
     (void)EnsureMachineStore(stores.machine);
     MachineValues machine(stores.machine, fatal);
     if (!machine.GetRegValue(MachineValue::Run1)) {

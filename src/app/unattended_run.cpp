@@ -3,8 +3,6 @@
 
 #include "app/unattended_run.h"
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <memory>
 #include <thread>
@@ -17,6 +15,7 @@
 #include "engine/run_start.h"
 #include "platform/native.h"
 #include "platform/stop_signals.h"
+#include "platform/terminal.h"
 
 namespace quorbit {
 namespace {
@@ -88,11 +87,11 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
         return Refuse(start.refusal);
     }
 
-    StopOnSignals(g_bStopRun);
+    const StopSignals stopSignals([] { g_bStopRun = 1; });
     IgnoreWriteSignals();
     g_bRunStarted = 1;
     std::jthread(RunThreadProc, start.pRun.get()).join();
-    if (line.summary || isatty(STDOUT_FILENO) != 0) {
+    if (line.summary || IsTerminal()) {
         PrintSummary(*start.pRun);
     }
     return start.pRun->m_nExitCode;

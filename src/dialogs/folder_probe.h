@@ -6,9 +6,12 @@
 
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <string>
+
+#include "platform/background_task.h"
 
 namespace quorbit {
 
@@ -18,9 +21,9 @@ public:
     // missing: there is certainly no such folder; what could not be told counts as there.
     using Answer = std::function<void(bool missing)>;
 
-    FolderProbe();
+    FolderProbe() = default;
     // Returns at once. No answer comes any more.
-    ~FolderProbe();
+    ~FolderProbe() { Drop(); }
     FolderProbe(const FolderProbe&) = delete;
     FolderProbe& operator=(const FolderProbe&) = delete;
 
@@ -30,8 +33,8 @@ public:
     void Drop();
 
 private:
-    class Channel;
-    std::shared_ptr<Channel> m_channel;  // of the last question; shared with its thread
+    std::unique_ptr<QObject> m_receiver;  // of the answer, in the user interface thread
+    BackgroundTask m_task;
 };
 
 }  // namespace quorbit

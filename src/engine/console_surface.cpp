@@ -3,15 +3,13 @@
 
 #include "engine/console_surface.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <utility>
 #include <vector>
 
 #include "platform/coarse_clock.h"
 #include "platform/path_text.h"
+#include "platform/terminal.h"
 
 namespace quorbit {
 namespace {
@@ -22,15 +20,6 @@ void Print(std::FILE* stream, std::string_view text)
 {
     std::fwrite(text.data(), 1, text.size(), stream);
     std::fflush(stream);
-}
-
-int TerminalWidth()
-{
-    if (isatty(STDOUT_FILENO) == 0) {
-        return 0;
-    }
-    winsize size{};
-    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
 
 }  // namespace

@@ -53,12 +53,11 @@ CTipDlg::~CTipDlg()
 
 void CTipDlg::OpenTips()
 {
-    auto opened = TipFile::Open(m_services.path);
-    if (!opened) {
+    m_tipFile = TipFile::Open(m_services.path);
+    if (!m_tipFile) {
         m_strTip = kNoFile;
         return;
     }
-    m_tipFile = std::move(*opened);
     const Profile& profile = *m_services.pProfile;
     std::int32_t position = profile.GetProfileInt(Setting::TipFilePos);
     if (profile.GetProfileString(Setting::TipTimeStamp) != m_tipFile->TimeStamp()) {
@@ -77,13 +76,13 @@ void CTipDlg::GetNextTip(std::string& strTip)
     if (!m_tipFile) {
         return;
     }
-    auto next = m_tipFile->Next();
-    if (!next) {
+    std::optional<std::string> tip;
+    if (!m_tipFile->Next(tip)) {
         TellTrouble();
         return;
     }
-    m_bNoTips = !next->has_value();
-    strTip = std::move(*next).value_or(kNoTips);
+    m_bNoTips = !tip.has_value();
+    strTip = std::move(tip).value_or(kNoTips);
 }
 
 void CTipDlg::TellTrouble()

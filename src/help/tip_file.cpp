@@ -3,18 +3,15 @@
 
 #include "help/tip_file.h"
 
-#include <sys/stat.h>
-
-#include <array>
-#include <cerrno>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLocale>
 #include <cstddef>
-#include <ctime>
 #include <string_view>
 #include <utility>
 
-#include "platform/posix/errno_error.h"
-#include "platform/posix/file_io.h"
 #include "platform/standard_folders.h"
+#include "platform/system_facts.h"
 
 namespace quorbit {
 namespace {
@@ -35,28 +32,26 @@ bool IsContinuation(int byte)
     return (byte & 0xC0) == 0x80;
 }
 
-std::string TimeText(std::time_t time)
+// "Thu Nov  5 09:07:00 2026", the form of asctime(3).
+std::string TimeText(const QDateTime& time)
 {
-    constexpr std::size_t kRoom = 64;  // ctime_r(3) asks for 26
-    std::array<char, kRoom> text{};
-    if (::ctime_r(&time, text.data()) == nullptr) {
-        return {};
-    }
-    std::string result = text.data();
-    result.erase(result.find_last_not_of(" \n") + 1);
-    return result;
+    const QLocale c = QLocale::c();
+    const QString day = QString::number(time.date().day()).rightJustified(2);
+    return (c.toString(time, QStringLiteral("ddd MMM ")) + day +
+            c.toString(time, QStringLiteral(" hh:mm:ss yyyy")))
+        .toStdString();
 }
 
-Error FaultOf(int code)
+bool IsFile(const std::string& path)
 {
-    return ErrorFromErrno(code != 0 ? code : EIO);
+    return KindOfPath(path) == PathKind::File;
 }
 
 }  // namespace
 
 std::string FindTips(const std::string& programPath)
 {
-    if (OpenRegularFile(kFileName)) {
+    if (IsFile(kFileName)) {
         return kFileName;
     }
     if (std::string installed = FindDataFile(kFileName); !installed.empty()) {
@@ -67,58 +62,45 @@ std::string FindTips(const std::string& programPath)
         return {};
     }
     std::string beside = programPath.substr(0, end) + "/../share/quorbit/" + kFileName;
-    return OpenRegularFile(beside) ? beside : std::string();
+    return IsFile(beside) ? beside : std::string();
 }
 
-TipFile::TipFile(FilePtr file, std::string timeStamp)
+TipFile::TipFile(std::unique_ptr<QFile> file, std::string timeStamp)
     : m_file(std::move(file)), m_timeStamp(std::move(timeStamp))
 {
 }
 
-Result<TipFile> TipFile::Open(const std::string& path)
+std::optional<TipFile> TipFile::Open(const std::string& path)
 {
-    Result<UniqueFd> opened = OpenRegularFile(path);
-    if (!opened) {
-        return opened.GetError();
+    auto file = std::make_unique<QFile>(QFile::decodeName(path.c_str()));
+    // A FIFO would wait for a writer.
+    if (!IsFile(path) || !file->open(QIODevice::ReadOnly)) {
+        return std::nullopt;
     }
-    struct stat details {};
-    if (::fstat(opened->Get(), &details) != 0) {
-        return FaultOf(errno);
-    }
-    FilePtr file(::fdopen(opened->Get(), "r"));
-    if (!file) {
-        return FaultOf(errno);
-    }
-    (void)opened->Release();
-    return TipFile(std::move(file), TimeText(details.st_mtime));
+    std::string timeStamp = TimeText(QFileInfo(*file).lastModified());
+    return TipFile(std::move(file), std::move(timeStamp));
 }
 
-long TipFile::Position() const
+std::int64_t TipFile::Position() const
 {
-    return std::ftell(m_file.get());
+    return m_file->pos();
 }
 
-Status TipFile::Seek(long position)
+bool TipFile::Seek(std::int64_t position)
 {
-    if (std::fseek(m_file.get(), position, SEEK_SET) != 0) {
-        return FaultOf(errno);
-    }
-    return {};
+    return m_file->seek(position);
 }
 
 std::string TipFile::ReadLine()
 {
     std::string line;
     std::size_t characters = 0;
-    while (true) {
-        const int byte = std::getc(m_file.get());
-        if (byte == EOF) {
-            return line;
-        }
+    char byte = 0;
+    while (m_file->getChar(&byte)) {
         const bool starts = !IsContinuation(byte) || line.empty();
         if ((starts && characters == kMostCharacters) || line.size() == kMostBytes) {
-            (void)std::ungetc(byte, m_file.get());
-            return line;
+            m_file->ungetChar(byte);
+            break;
         }
         characters += starts ? 1 : 0;
         if (byte == '\n') {
@@ -127,34 +109,35 @@ std::string TipFile::ReadLine()
             }
             return line + '\n';
         }
-        line += static_cast<char>(byte);
+        line += byte;
     }
+    return line;
 }
 
-Result<std::optional<std::string>> TipFile::Next()
+bool TipFile::Next(std::optional<std::string>& tip)
 {
-    // The rest of the file, then once the whole of it.
+    // The rest of the file, then the whole of it once.
     bool wentRound = false;
     while (true) {
-        errno = 0;
         std::string line = ReadLine();
-        if (std::ferror(m_file.get()) != 0) {
-            const Error fault = FaultOf(errno);
-            std::clearerr(m_file.get());
-            return fault;
+        if (m_file->error() != QFileDevice::NoError) {
+            m_file->unsetError();
+            return false;
         }
         if (IsTip(line)) {
-            return std::optional(std::move(line));
+            tip = std::move(line);
+            return true;
         }
         if (!line.empty()) {
             continue;
         }
         if (wentRound) {
-            return std::optional<std::string>();
+            tip.reset();
+            return true;
         }
         wentRound = true;
-        if (const Status sought = Seek(0); !sought) {
-            return sought.GetError();
+        if (!Seek(0)) {
+            return false;
         }
     }
 }

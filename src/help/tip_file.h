@@ -11,12 +11,11 @@
 
 #pragma once
 
-#include <cstdio>
+#include <QFile>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-
-#include "platform/error.h"
 
 namespace quorbit {
 
@@ -27,31 +26,26 @@ namespace quorbit {
 
 class TipFile {
 public:
-    // The file must be a regular one. Reading starts at its head.
-    [[nodiscard]] static Result<TipFile> Open(const std::string& path);
+    // Reading starts at the beginning. Nothing if the path is not a readable regular file.
+    [[nodiscard]] static std::optional<TipFile> Open(const std::string& path);
 
-    // Last-change time in local time as ctime(3) writes it, without the line end.
+    // Last-change time in local time as asctime(3) writes it, without the line end.
     [[nodiscard]] const std::string& TimeStamp() const { return m_timeStamp; }
-    // Bytes from the head to where the next read starts.
-    [[nodiscard]] long Position() const;
-    [[nodiscard]] Status Seek(long position);
+    // Bytes from the beginning to where the next read starts.
+    [[nodiscard]] std::int64_t Position() const;
+    [[nodiscard]] bool Seek(std::int64_t position);
 
-    // The next tip with its line end; behind the last one comes the first. Of a line of more than
-    // 999 characters it gives those, and the rest is read as a line of its own. Nothing if the
-    // whole file holds no tip.
-    [[nodiscard]] Result<std::optional<std::string>> Next();
+    // Reads the next tip with its line end; after the last one follows the first. Of a line of more
+    // than 999 characters it gives those, and the rest is read as a line of its own. `tip` is
+    // nothing if the whole file contains no tip. Returns false if the file cannot be read.
+    [[nodiscard]] bool Next(std::optional<std::string>& tip);
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const { (void)std::fclose(file); }
-    };
-    using FilePtr = std::unique_ptr<std::FILE, Closer>;
-
-    TipFile(FilePtr file, std::string timeStamp);
+    TipFile(std::unique_ptr<QFile> file, std::string timeStamp);
     // Empty at the end of the file.
     [[nodiscard]] std::string ReadLine();
 
-    FilePtr m_file;
+    std::unique_ptr<QFile> m_file;
     std::string m_timeStamp;
 };
 

@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Sorts the rows of the list of files; many of them in a thread that nobody waits for. User
+// Sorts the rows of the list of files; many of them in the background. User
 // interface thread only.
 
 #pragma once
 
-#include <QTimer>
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "panes/file_list_model.h"
+#include "platform/background_task.h"
 
 namespace quorbit {
 
@@ -22,9 +23,9 @@ public:
     // As many rows are sorted at once.
     static constexpr int kFew = 5000;
 
-    RowSorter();
+    RowSorter() = default;
     // Gives up what is being sorted.
-    ~RowSorter();
+    ~RowSorter() { Cancel(); }
     RowSorter(const RowSorter&) = delete;
     RowSorter& operator=(const RowSorter&) = delete;
 
@@ -34,15 +35,14 @@ public:
     void Start(FileRows rows, int column, Deliver deliver);
     // deliver is not called any more.
     void Cancel();
-    [[nodiscard]] bool IsRunning() const { return m_job != nullptr; }
+    [[nodiscard]] bool IsRunning() const { return m_receiver != nullptr; }
 
 private:
-    struct Job;
-    void OnPoll();
+    void Finish(FileRows& rows);
 
-    std::shared_ptr<Job> m_job;  // shared with the thread, which may outlive this object
+    std::unique_ptr<QObject> m_receiver;  // of the thread's event; null if nothing is being sorted
     Deliver m_deliver;
-    QTimer m_poll;
+    BackgroundTask m_task;
 };
 
 }  // namespace quorbit

@@ -35,6 +35,7 @@ public:
     }
     Required(std::nullptr_t) = delete;
 
+    [[nodiscard]] const T& Get() const { return m_value; }
     operator const T&() const { return m_value; }  // NOLINT(google-explicit-constructor)
     auto& operator*() const { return *m_value; }
     const T& operator->() const { return m_value; }

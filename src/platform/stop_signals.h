@@ -5,15 +5,29 @@
 
 #pragma once
 
-#include <atomic>
 #include <cstdint>
+#include <functional>
+#include <memory>
 
 namespace quorbit {
 
-// From now on SIGINT, SIGTERM and SIGHUP set the flag to 1 instead of ending the process. A signal
-// that the process was started with as ignored (nohup) stays ignored. flag must outlive the
-// process's last signal.
-void StopOnSignals(std::atomic<int>& flag);
+// Calls a function when the process is asked to stop (SIGINT, SIGTERM, SIGHUP), instead of ending
+// the process. At most one object in a process.
+class StopSignals {
+public:
+    // onStop is called in a thread of its own, once for signals that come close together. A signal
+    // that the process was started with as ignored (nohup) stays ignored. If the system has no
+    // descriptors or threads left, signals keep their default.
+    explicit StopSignals(std::function<void()> onStop);
+    // Waits for a call in progress. Later signals are ignored.
+    ~StopSignals();
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+
+private:
+    class Catcher;
+    std::unique_ptr<Catcher> m_catcher;  // null if signals keep their default
+};
 
 // Writing to a closed pipe or beyond a size limit becomes an error of the write instead of the end
 // of the process.

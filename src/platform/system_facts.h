@@ -15,6 +15,17 @@ namespace quorbit {
 // Full path of the program that runs; empty if that cannot be had.
 [[nodiscard]] std::string ProgramPath();
 
+enum class PathKind {
+    Missing,
+    File,     // a regular file
+    Folder,   //
+    Special,  // a device, FIFO or socket
+    Unknown,  // access denied, or another error
+};
+
+// What a path names, links followed. May wait for a server.
+[[nodiscard]] PathKind KindOfPath(const std::string& path);
+
 // Physical memory in KB, 0 if that cannot be had.
 [[nodiscard]] std::uint64_t PhysicalMemoryKb();
 

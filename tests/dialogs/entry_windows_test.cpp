@@ -3,12 +3,12 @@
 
 // The entry dialogs as a person uses them.
 
-#include "document/qrb_doc.h"
 #include "dialogs/dialogs_test.h"
 #include "dialogs/external_file_dialog.h"
 #include "dialogs/file_dialog.h"
 #include "dialogs/file_entry_window.h"
 #include "dialogs/file_type_dialog.h"
+#include "document/qrb_doc.h"
 #include "support/fake_views.h"
 
 namespace quorbit {

@@ -92,12 +92,12 @@ void WithdrawFromDesktop(const Registration& registration)
     const std::string& data = registration.dataFolder;
     const auto entry = ReadWholeFile(EntryPath(data), kLargestEntry);
     if (entry && IsOwnEntry(*entry) && RemoveFile(EntryPath(data))) {
-        registration.startProgram("update-desktop-database",
-                                  {WithSeparator(data) + "applications"});
+        registration.startProgram.Get()("update-desktop-database",
+                                        {WithSeparator(data) + "applications"});
     }
     const auto type = ReadWholeFile(MimePath(data), kLargestEntry);
     if (type && *type == MimeText() && RemoveFile(MimePath(data))) {
-        registration.startProgram("update-mime-database", {WithSeparator(data) + "mime"});
+        registration.startProgram.Get()("update-mime-database", {WithSeparator(data) + "mime"});
     }
 }
 
@@ -152,11 +152,11 @@ void RegisterWithDesktop(const Registration& registration)
     const bool entryWanted = entry ? !StartsProgram(*entry, registration.program)
                                    : entry.GetError().Kind() == ErrorKind::Missing;
     if (entryWanted && WriteNew(EntryPath(data), EntryText(registration.program))) {
-        registration.startProgram("update-desktop-database",
-                                  {WithSeparator(data) + "applications"});
+        registration.startProgram.Get()("update-desktop-database",
+                                        {WithSeparator(data) + "applications"});
     }
     if (!Exists(MimePath(data)) && WriteNew(MimePath(data), MimeText())) {
-        registration.startProgram("update-mime-database", {WithSeparator(data) + "mime"});
+        registration.startProgram.Get()("update-mime-database", {WithSeparator(data) + "mime"});
     }
 }
 

@@ -15,11 +15,13 @@
 namespace quorbit {
 
 struct Registration {
+    using StartProgram = std::function<void(const std::string&, const std::vector<std::string>&)>;
+
     std::string program;                     // full path
     std::string dataFolder;                  // the user's shared data; empty: no desktop
     std::vector<std::string> systemFolders;  // the system's shared data
     // Starts a program of the search path with arguments and does not wait for it.
-    Required<std::function<void(const std::string&, const std::vector<std::string>&)>> startProgram;
+    Required<StartProgram> startProgram;
 };
 
 // Writes desktop entry and MIME type if they are missing or start another program, and has the

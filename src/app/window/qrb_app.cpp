@@ -14,8 +14,8 @@
 #include <utility>
 
 #include "app/window/about_dialog.h"
-#include "app/window/identity.h"
 #include "app/window/file_type_registration.h"
+#include "app/window/identity.h"
 #include "dialogs/options_dialog.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"

@@ -82,8 +82,7 @@ OptionSources ServiceFactory::ForOptions() const
     };
 }
 
-PaneServices ServiceFactory::ForPanes(CQRBDoc& doc, CMainFrame& frame,
-                                      std::uint32_t nRunMode) const
+PaneServices ServiceFactory::ForPanes(CQRBDoc& doc, CMainFrame& frame, std::uint32_t nRunMode) const
 {
     return {
         .pDoc = &doc,

@@ -17,7 +17,6 @@
 #include "app/window/identity.h"
 #include "app/window/qrb_app.h"
 #include "app/window/qt_prompts.h"
-#include "app/window/stop_notifier.h"
 #include "engine/dialog/desktop_text_editor.h"
 #include "engine/exit_code.h"
 #include "help/tip_dialog.h"
@@ -25,6 +24,7 @@
 #include "look/desktop_link_opener.h"
 #include "look/pictures.h"
 #include "look/splash_wnd.h"
+#include "platform/standard_folders.h"
 #include "platform/stop_signals.h"
 #include "platform/system_facts.h"
 
@@ -101,7 +101,8 @@ AppServices MakeServices(Tools& tools)
                                      .dataFolder = SharedDataFolder(),
                                      .systemFolders = SystemDataFolders(),
                                      .startProgram = StartInBackground},
-        .showSplash = [&tools] { tools.splash = CMySplashWnd::Create(Picture("splash"), kSplashTime); },
+        .showSplash =
+            [&tools] { tools.splash = CMySplashWnd::Create(Picture("splash"), kSplashTime); },
         .showTips = [&tools, stores] { ShowTips(stores.profile, tools.prompts); },
     };
 }
@@ -136,7 +137,10 @@ int RunInWindow(const CommandLine& line, const char* programName)
 
     Tools tools;
     CQRBApp app(line, MakeServices(tools));
-    const StopNotifier notifier([&app] { app.OnStopSignal(); });
+    const StopSignals stopSignals([&] {
+        QMetaObject::invokeMethod(
+            &application, [&app] { app.OnStopSignal(); }, Qt::QueuedConnection);
+    });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&app](QSessionManager& session) { OnSessionEnd(app, session); });
     if (!app.InitInstance()) {

@@ -11,7 +11,6 @@
 #include <QStandardPaths>
 #include <QUrl>
 #include <array>
-#include <cerrno>
 #include <system_error>
 
 namespace quorbit {
@@ -50,14 +49,16 @@ QString FindEditor()
 EditorStart FaultOf(const QString& reason)
 {
     struct Fault {
-        int code;
+        std::errc code;
         EditorStart start;
     };
     constexpr std::array kFaults{
-        Fault{ENOMEM, EditorStart::OutOfMemory}, Fault{EAGAIN, EditorStart::OutOfMemory},
-        Fault{ENOTDIR, EditorStart::PathNotFound}, Fault{ENOEXEC, EditorStart::BadFormat}};
+        Fault{std::errc::not_enough_memory, EditorStart::OutOfMemory},
+        Fault{std::errc::resource_unavailable_try_again, EditorStart::OutOfMemory},
+        Fault{std::errc::not_a_directory, EditorStart::PathNotFound},
+        Fault{std::errc::executable_format_error, EditorStart::BadFormat}};
     for (const Fault& fault : kFaults) {
-        if (reason.endsWith(QString::fromStdString(std::generic_category().message(fault.code)))) {
+        if (reason.endsWith(QString::fromStdString(std::make_error_code(fault.code).message()))) {
             return fault.start;
         }
     }

@@ -3,40 +3,124 @@
 
 #include "platform/stop_signals.h"
 
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
 #include <csignal>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/posix/unique_fd.h"
 
 namespace quorbit {
 namespace {
 
-std::atomic<std::atomic<int>*> g_pStopFlag{nullptr};
+constexpr char kStop = 1;
+constexpr char kEnd = 0;
 
-extern "C" void OnStopSignal(int)
+std::atomic<int> g_nWriteEnd{-1};
+
+// The pipe does not block: one that is full contains enough signals. A handler must not change
+// errno, signal-safety(7).
+extern "C" void OnSignal(int)
 {
-    if (std::atomic<int>* flag = g_pStopFlag.load()) {
-        flag->store(1);
+    const int savedErrno = errno;
+    (void)!::write(g_nWriteEnd.load(), &kStop, 1);
+    errno = savedErrno;
+}
+
+void Catch(int signal)
+{
+    struct sigaction previous {};
+    if (::sigaction(signal, nullptr, &previous) == 0 && previous.sa_handler == SIG_IGN) {
+        return;
     }
+    struct sigaction action {};
+    action.sa_handler = OnSignal;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    (void)::sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
 
-void StopOnSignals(std::atomic<int>& flag)
-{
-    g_pStopFlag = &flag;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction previous {};
-        if (sigaction(signal, nullptr, &previous) == 0 && previous.sa_handler == SIG_IGN) {
-            continue;
+// A pipe from the signal handler, which may do next to nothing, to a thread that may do anything.
+class StopSignals::Catcher {
+public:
+    Catcher(UniqueFd readEnd, UniqueFd writeEnd, std::function<void()> onStop)
+        : m_readEnd(std::move(readEnd)),
+          m_writeEnd(std::move(writeEnd)),
+          m_onStop(std::move(onStop)),
+          m_thread([this] { Work(); })
+    {
+        g_nWriteEnd = m_writeEnd.Get();
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            Catch(signal);
         }
-        struct sigaction action {};
-        action.sa_handler = OnStopSignal;
-        action.sa_flags = SA_RESTART;
-        sigemptyset(&action.sa_mask);
-        (void)sigaction(signal, &action, nullptr);
+    }
+    ~Catcher()
+    {
+        g_nWriteEnd = -1;
+        while (::write(m_writeEnd.Get(), &kEnd, 1) < 0 && errno == EAGAIN) {
+            std::this_thread::yield();  // full; the thread is about to empty it
+        }
+        m_thread.join();
+    }
+    Catcher(const Catcher&) = delete;
+    Catcher& operator=(const Catcher&) = delete;
+
+private:
+    void Work() const
+    {
+        std::array<char, 64> bytes{};
+        while (true) {
+            const ssize_t count = ::read(m_readEnd.Get(), bytes.data(), bytes.size());
+            if (count < 0 && errno == EINTR) {
+                continue;
+            }
+            if (count <= 0) {
+                return;
+            }
+            const auto end = bytes.begin() + count;
+            if (std::find(bytes.begin(), end, kStop) != end) {
+                m_onStop();
+            }
+            if (std::find(bytes.begin(), end, kEnd) != end) {
+                return;
+            }
+        }
+    }
+
+    UniqueFd m_readEnd;
+    UniqueFd m_writeEnd;
+    std::function<void()> m_onStop;
+    std::thread m_thread;  // last: it uses all of the above
+};
+
+StopSignals::StopSignals(std::function<void()> onStop)
+{
+    std::array<int, 2> ends{-1, -1};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+        return;
+    }
+    UniqueFd readEnd(ends[0]);
+    UniqueFd writeEnd(ends[1]);
+    (void)::fcntl(writeEnd.Get(), F_SETFL, O_NONBLOCK);
+    try {
+        m_catcher =
+            std::make_unique<Catcher>(std::move(readEnd), std::move(writeEnd), std::move(onStop));
+    } catch (const std::system_error&) {
+        return;  // no thread
     }
 }
+
+StopSignals::~StopSignals() = default;
 
 void IgnoreWriteSignals()
 {

@@ -4,13 +4,16 @@
 #include "platform/system_facts.h"
 
 #include <limits.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <future>
-#include <thread>
+#include <memory>
 #include <utility>
 
+#include "platform/background_task.h"
 #include "platform/posix/mount_table.h"
 
 namespace quorbit {
@@ -36,6 +39,18 @@ std::string ProgramPath()
     return length > 0 ? std::string(path, static_cast<std::size_t>(length)) : std::string();
 }
 
+PathKind KindOfPath(const std::string& path)
+{
+    struct stat details {};
+    if (::stat(path.c_str(), &details) != 0) {
+        return errno == ENOENT || errno == ENOTDIR ? PathKind::Missing : PathKind::Unknown;
+    }
+    if (S_ISDIR(details.st_mode)) {
+        return PathKind::Folder;
+    }
+    return S_ISREG(details.st_mode) ? PathKind::File : PathKind::Special;
+}
+
 std::uint64_t PhysicalMemoryKb()
 {
     const long pages = ::sysconf(_SC_PHYS_PAGES);
@@ -59,12 +74,13 @@ std::string VolumeRootOf(const std::string& path)
 
 std::optional<std::uint64_t> FreeSpaceKb(const std::string& path, std::chrono::milliseconds atMost)
 {
-    std::packaged_task<std::optional<std::uint64_t>()> task(
+    const auto task = std::make_shared<std::packaged_task<std::optional<std::uint64_t>()>>(
         [path] { return AskFreeSpaceKb(path); });
-    auto answer = task.get_future();
-    // Left to itself: nobody can call back a question to a server that is gone.
-    std::thread(std::move(task)).detach();
-    return answer.wait_for(atMost) == std::future_status::ready ? answer.get() : std::nullopt;
+    auto answer = task->get_future();
+    BackgroundTask asking;
+    const bool started = asking.Start([task](auto&) { (*task)(); });
+    return started && answer.wait_for(atMost) == std::future_status::ready ? answer.get()
+                                                                           : std::nullopt;
 }
 
 }  // namespace quorbit

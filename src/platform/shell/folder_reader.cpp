@@ -9,8 +9,6 @@
 #include <iterator>
 #include <mutex>
 #include <stop_token>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include "platform/shell/item_type.h"
@@ -21,42 +19,27 @@ namespace quorbit {
 // What the reader and its thread share.
 class FolderReader::Channel {
 public:
-    explicit Channel(std::function<void()> onNews) : m_onNews(std::move(onNews)) {}
-
-    // In the reading thread.
-    [[nodiscard]] std::stop_token Stop() const { return m_stop.get_token(); }
-    void Put(FolderItem item);
+    // Reading thread. Put returns whether there was nothing to take before.
+    bool Put(FolderItem item);
     void End(std::optional<Error> error);
 
-    // In the thread of the reader.
-    void Abandon();
+    // Thread of the reader.
     [[nodiscard]] FolderBatch Take(std::size_t atMost);
     bool WaitForEnd(std::chrono::milliseconds atMost);
 
 private:
-    void Announce();
-
-    std::stop_source m_stop;
-    std::mutex m_mutex;  // for what stands between it and the next one
+    std::mutex m_mutex;  // for all of the below
     std::condition_variable m_atEnd;
     std::deque<FolderItem> m_items;
     bool m_bEnded = false;
     std::optional<Error> m_error;
-    std::mutex m_newsMutex;  // held during a call of m_onNews
-    std::function<void()> m_onNews;
 };
 
-void FolderReader::Channel::Put(FolderItem item)
+bool FolderReader::Channel::Put(FolderItem item)
 {
-    bool wasEmpty = false;
-    {
-        const std::lock_guard lock(m_mutex);
-        wasEmpty = m_items.empty();
-        m_items.push_back(std::move(item));
-    }
-    if (wasEmpty) {
-        Announce();
-    }
+    const std::lock_guard lock(m_mutex);
+    m_items.push_back(std::move(item));
+    return m_items.size() == 1;
 }
 
 void FolderReader::Channel::End(std::optional<Error> error)
@@ -67,22 +50,6 @@ void FolderReader::Channel::End(std::optional<Error> error)
         m_error = error;
     }
     m_atEnd.notify_all();
-    Announce();
-}
-
-void FolderReader::Channel::Announce()
-{
-    const std::lock_guard lock(m_newsMutex);
-    if (m_onNews) {
-        m_onNews();
-    }
-}
-
-void FolderReader::Channel::Abandon()
-{
-    m_stop.request_stop();
-    const std::lock_guard lock(m_newsMutex);
-    m_onNews = nullptr;
 }
 
 FolderBatch FolderReader::Channel::Take(std::size_t atMost)
@@ -173,23 +140,29 @@ private:
 
 FolderReader::FolderReader(ShellFolderPtr folder, const FolderRequest& request,
                            std::function<void()> onNews)
-    : m_channel(std::make_shared<Channel>(std::move(onNews)))
+    : m_channel(std::make_shared<Channel>())
 {
-    try {
-        std::thread([channel = m_channel, folder = std::move(folder), request] {
+    const auto announce = [onNews](BackgroundTask::Link& link) {
+        if (onNews) {
+            link.IfWanted(onNews);
+        }
+    };
+    const bool started = m_task.Start(
+        [channel = m_channel, folder = std::move(folder), request, announce](auto& link) {
             Reading reading(folder, request);
-            channel->End(reading.Run(
-                channel->Stop(), [&channel](FolderItem item) { channel->Put(std::move(item)); }));
-        }).detach();
-    } catch (const std::system_error&) {
-        // No thread can be had now: that is an end like any other.
+            channel->End(reading.Run(link.Stop(), [&](FolderItem item) {
+                if (channel->Put(std::move(item))) {
+                    announce(link);
+                }
+            }));
+            announce(link);
+        });
+    if (!started) {
         m_channel->End(Error(ErrorKind::Other, "Resource temporarily unavailable"));
+        if (onNews) {
+            onNews();
+        }
     }
-}
-
-FolderReader::~FolderReader()
-{
-    m_channel->Abandon();
 }
 
 FolderBatch FolderReader::Take(std::size_t atMost)

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/background_task.h"
 #include "platform/error.h"
 #include "platform/find_data.h"
 #include "platform/shell/item_id_list.h"
@@ -53,7 +54,7 @@ public:
     FolderReader(ShellFolderPtr folder, const FolderRequest& request,
                  std::function<void()> onNews = {});
     // Stops the reading and returns at once; afterwards onNews is not called any more.
-    ~FolderReader();
+    ~FolderReader() = default;
     FolderReader(const FolderReader&) = delete;
     FolderReader& operator=(const FolderReader&) = delete;
 
@@ -66,6 +67,7 @@ public:
 private:
     class Channel;
     std::shared_ptr<Channel> m_channel;  // shared with the thread, which may outlive the reader
+    BackgroundTask m_task;
 };
 
 }  // namespace quorbit

@@ -3,9 +3,8 @@
 
 #include "platform/shell/item_type.h"
 
-#include <fnmatch.h>
-
 #include <QMimeType>
+#include <QRegularExpression>
 #include <QString>
 #include <algorithm>
 #include <utility>
@@ -175,12 +174,13 @@ void ItemTypes::ReadPatterns()
     m_nMostDots = 1;
     for (const QMimeType& type : m_database.allMimeTypes()) {
         for (const QString& text : type.globPatterns()) {
-            std::string pattern = text.toStdString();
+            const std::string pattern = text.toStdString();
             if (IsExtensionPattern(pattern)) {
                 const auto dots = std::count(pattern.begin(), pattern.end(), '.');
                 m_nMostDots = std::max(m_nMostDots, static_cast<std::size_t>(dots));
             } else {
-                m_otherPatterns.push_back(std::move(pattern));
+                m_otherPatterns.emplace_back(QRegularExpression::wildcardToRegularExpression(text),
+                                             QRegularExpression::CaseInsensitiveOption);
             }
         }
     }
@@ -189,9 +189,9 @@ void ItemTypes::ReadPatterns()
 // False if the name as a whole may tell the type, as that of a "makefile" does.
 bool ItemTypes::DependsOnExtension(const std::string& name) const
 {
-    return std::none_of(m_otherPatterns.begin(), m_otherPatterns.end(), [&](const auto& pattern) {
-        return ::fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD) == 0;
-    });
+    const QString text = QString::fromStdString(name);
+    return std::none_of(m_otherPatterns.begin(), m_otherPatterns.end(),
+                        [&](const auto& pattern) { return pattern.match(text).hasMatch(); });
 }
 
 }  // namespace quorbit

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QMimeDatabase>
+#include <QRegularExpression>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -44,7 +45,7 @@ private:
     std::size_t m_nLookUps = 0;
     bool m_bPatternsRead = false;
     std::size_t m_nMostDots = 0;               // in a pattern that is an extension
-    std::vector<std::string> m_otherPatterns;  // those that are none, for fnmatch(3)
+    std::vector<QRegularExpression> m_otherPatterns;  // those that are not extensions
     std::unordered_map<std::string, std::string> m_byExtension;
 };
 

@@ -37,15 +37,19 @@ void AppTest::Make(std::uint32_t nRunMode, const std::string& file)
     line.nRunMode = nRunMode;
     line.named = !file.empty();
     line.batchFile = file;
-    AppServices services{stores};
-    services.pPrompts = &prompts;
-    services.pTextEditor = &editor;
-    services.endLoop = [this](int code) {
-        ended = code;
-        // Without a loop to leave, Qt would take it for the next one.
-        if (QThread::currentThread()->loopLevel() > 0) {
-            QCoreApplication::exit(code);
-        }
+    AppServices services{
+        .stores = stores,
+        .pPrompts = &prompts,
+        .pTextEditor = &editor,
+        .pLinkOpener = &links,
+        .endLoop =
+            [this](int code) {
+                ended = code;
+                // Without a loop to leave, Qt would take it for the next one.
+                if (QThread::currentThread()->loopLevel() > 0) {
+                    QCoreApplication::exit(code);
+                }
+            },
     };
     app = std::make_unique<CQRBApp>(line, std::move(services));
 }

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/window/qrb_app.h"
+#include "look/link_opener.h"
 #include "support/fake_editor.h"
 #include "support/fake_prompts.h"
 #include "support/folder_test.h"
@@ -50,6 +51,9 @@ protected:
     Profile profile{stores.profile};
     FakePrompts prompts;
     FakeEditor editor;
+    struct NoLinks : LinkOpener {
+        int OpenTarget(const QString&) override { return kLinkOpened; }
+    } links;
     std::optional<int> ended;  // the event loop was left with this
     std::unique_ptr<CQRBApp> app;
 };

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/window/file_type_registration.h"
+#include "app/window/desktop_registration.h"
 
 #include <string>
 #include <vector>

@@ -23,8 +23,10 @@
 #include "engine/dialog/progress_dialog.h"
 #include "help/help_pages.h"
 #include "help/tip_dialog.h"
+#include "platform/native.h"
 #include "platform/posix/mount_table.h"
 #include "platform/shell/desktop_folder.h"
+#include "support/run_machine.h"
 
 namespace quorbit {
 namespace {
@@ -38,6 +40,20 @@ protected:
         services.desktop = MakeDesktopFolder(
             {[] { return ParseMountTable("1 0 8:1 / / rw - ext4 /dev/sda1 rw\n"); }, "", {}});
         sources.pProfile = &profile;
+    }
+
+    ProgressServices MakeProgressServices()
+    {
+        return {.run = {.pMachine = &machine.Values(),
+                        .pFiles = files.get(),
+                        .pProcesses = processes.get(),
+                        .readOptFlags = [] { return 0U; }},
+                .pPrompts = &prompts,
+                .pTextEditor = &editor,
+                .setExitCode = [](int) {},
+                .postRefresh = [] {},
+                .postExit = [] {},
+                .endProgram = [](int) {}};
     }
 
     // Every dialog in every form that it has.
@@ -58,7 +74,7 @@ protected:
         all.push_back(std::make_unique<CSelDirDlg>(services, nullptr, "/"));
         all.push_back(std::make_unique<COpenDialog>(services, nullptr, ""));
         all.push_back(std::make_unique<COptionsDlg>(services, sources, nullptr));
-        all.push_back(std::make_unique<CProgressDlg>(nullptr, nullptr, ProgressServices()));
+        all.push_back(std::make_unique<CProgressDlg>(nullptr, nullptr, MakeProgressServices()));
         all.push_back(std::make_unique<CTipDlg>(TipServices{&profile, &prompts, ""}, nullptr));
         return all;
     }
@@ -71,6 +87,9 @@ protected:
         }
     }
 
+    RunMachine machine{Path("machine.ini"), Path("logs/")};
+    std::unique_ptr<FileSystem> files = MakeFileSystem();
+    std::unique_ptr<ProcessRunner> processes = MakeProcessRunner();
     ItemIcons icons;
     DialogServices services;
     OptionSources sources;

@@ -52,7 +52,7 @@ TEST_F(QrbAppTest, StartsNoRunByItselfWithoutASwitch)
     Start(0, Path("a.qrb"));
     Serve();
     EXPECT_EQ(Log("a"), "(none)");
-    EXPECT_EQ(app->Recent().List(), Lines{Path("a.qrb")});
+    EXPECT_EQ(RecentFiles(profile).List(), Lines{Path("a.qrb")});
 
     CloseRunDialogAtItsEnd();
     EXPECT_TRUE(Frame().OnCmdMsg(CMD_START_BATCH));

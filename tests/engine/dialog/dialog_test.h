@@ -19,6 +19,8 @@
 #include "support/fake_editor.h"
 #include "support/fake_prompts.h"
 #include "support/folder_test.h"
+#include "support/run_machine.h"
+#include "support/widgets.h"
 
 namespace quorbit {
 
@@ -88,8 +90,7 @@ protected:
                 .readOptFlags = [] { return 0U; }},
         .pPrompts = &m_prompts,
         .pTextEditor = &m_editor,
-        .setExitCode =
-            [this](int code) { m_told.push_back("exit code " + std::to_string(code)); },
+        .setExitCode = [this](int code) { m_told.push_back("exit code " + std::to_string(code)); },
         .postRefresh = [this] { m_told.emplace_back("refresh"); },
         .postExit = [this] { m_told.emplace_back("exit"); },
         .endProgram = [this](int code) { m_told.push_back("end " + std::to_string(code)); },

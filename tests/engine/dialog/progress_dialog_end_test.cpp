@@ -72,8 +72,8 @@ TEST_F(ProgressDialogEndTest, AnEmptyDocumentIsToldAndEndsAsAnyRun)
 
 TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
 {
-    const std::string cannot =
-        "The log file cannot be created: " + Path("none/nightly.log") + ": No such file or directory";
+    const std::string cannot = "The log file cannot be created: " + Path("none/nightly.log") +
+                               ": No such file or directory";
     const std::string inUse =
         "This batch file is being run already. Its log file is in use by that run: " + m_strLog;
     const struct {
@@ -92,7 +92,7 @@ TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
         m_told.clear();
         m_prompts.boxes.clear();
         m_services.run.nRunMode = c.mode;
-        m_machine.SetLogFolder(In(c.logFolder));
+        m_machine.SetLogFolder(Path(c.logFolder));
         Open();
         UntilClosed();
         EXPECT_EQ(m_prompts.boxes, Boxes({{c.text, "", PromptIcon::Stop, PromptButtons::Ok}}));
