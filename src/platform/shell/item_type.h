@@ -44,7 +44,7 @@ private:
     QMimeDatabase m_database;
     std::size_t m_nLookUps = 0;
     bool m_bPatternsRead = false;
-    std::size_t m_nMostDots = 0;               // in a pattern that is an extension
+    std::size_t m_nMostDots = 0;                      // in a pattern that is an extension
     std::vector<QRegularExpression> m_otherPatterns;  // those that are not extensions
     std::unordered_map<std::string, std::string> m_byExtension;
 };
