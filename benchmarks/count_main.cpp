@@ -35,8 +35,9 @@ int main(int argc, char** argv)
     Batch batch;
     batch.m_arrEntries.push_back(entry);
     ctx.m_pDoc = &batch;
-    if (CountEntries(ctx) && std::to_string(ctx.m_nFilesLeft) == argv[2])
+    if (CountEntries(ctx) && std::to_string(ctx.m_nFilesLeft) == argv[2]) {
         return 0;
+    }
     std::cerr << "bench_count: " << ctx.m_nFilesLeft << " files instead of " << argv[2] << '\n';
     return 1;
 }

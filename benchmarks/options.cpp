@@ -63,8 +63,9 @@ Options ParseOptions(int argc, char** argv)
             ShowUsage("unknown option " + std::string(name));
         }
     }
-    if (options.folder.empty() || options.program.empty() || options.counter.empty())
+    if (options.folder.empty() || options.program.empty() || options.counter.empty()) {
         ShowUsage("--dir, --program and --counter are needed; ./bench gives them");
+    }
     if (options.quick && !roundsGiven)
         options.rounds = 3;
     options.folder = std::filesystem::absolute(options.folder).lexically_normal().string();

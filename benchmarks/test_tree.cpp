@@ -29,8 +29,9 @@ std::string WithThousands(std::uint64_t value)
 std::string SizeText(std::uint64_t bytes)
 {
     constexpr std::uint64_t kKiB = 1024;
-    if (bytes == 0)
+    if (bytes == 0) {
         return "no content";
+    }
     if (bytes >= kKiB * kKiB * kKiB)
         return std::to_string(bytes / kKiB / kKiB / kKiB) + " GB";
     if (bytes >= kKiB * kKiB)
@@ -79,8 +80,9 @@ void EnsureTree(const std::string& path, const TreeShape& shape)
     const std::string text = std::to_string(shape.folders) + " folders, " + shape.Text();
     std::string made;
     std::getline(std::ifstream(mark), made);
-    if (made == text)
+    if (made == text) {
         return;
+    }
 
     RemoveTree(path);
     fs::remove(mark);
@@ -116,8 +118,9 @@ std::string CompareTree(const std::string& path, const TreeShape& shape)
             bytes += entry.file_size();
         });
     }
-    if (files == shape.Files() && bytes == shape.Files() * shape.fileSize)
+    if (files == shape.Files() && bytes == shape.Files() * shape.fileSize) {
         return {};
+    }
     return path + " holds " + WithThousands(files) + " files with " + WithThousands(bytes) +
            " bytes instead of " + shape.Text();
 }

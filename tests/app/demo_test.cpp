@@ -16,9 +16,10 @@ protected:
     void SetUp() override
     {
         fs::create_directory(Path("examples"));
-        for (const char* name : {"demo.qrb", "prepare-demo", "note.sh"})
+        for (const char* name : {"demo.qrb", "prepare-demo", "note.sh"}) {
             fs::copy_file(fs::path(QUORBIT_SOURCE_DIR) / "examples" / name,
                           Path("examples/") + name);
+        }
         SetUpProgram();
     }
     [[nodiscard]] ProgramResult RunDemo() const

@@ -19,8 +19,9 @@ std::size_t g_peak = 0;
 void* operator new(std::size_t size)
 {
     void* memory = std::malloc(size);
-    if (memory == nullptr)
+    if (memory == nullptr) {
         throw std::bad_alloc();
+    }
     g_held += ::malloc_usable_size(memory);
     g_peak = std::max(g_peak, g_held);
     return memory;

@@ -22,8 +22,9 @@ constexpr std::size_t kHeaderSize = 8;
 std::string Number(std::uint64_t value, int bytes)
 {
     std::string text;
-    for (int i = 0; i < bytes; ++i)
+    for (int i = 0; i < bytes; ++i) {
         text += static_cast<char>(value >> (8 * i) & 0xFF);
+    }
     return text;
 }
 

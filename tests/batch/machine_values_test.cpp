@@ -89,8 +89,9 @@ TEST_F(MachineValuesTest, AStoreThatCannotBeUsedIsFatalWhateverIsAsked)
     const auto expectFatal = [this](const char* why) {
         SCOPED_TRACE(why);
         m_fatal.m_texts.clear();
-        for (const MachineValue value : {Run1, InstallPath, HelpFile, LogFile})
+        for (const MachineValue value : {Run1, InstallPath, HelpFile, LogFile}) {
             EXPECT_EQ(m_values.GetRegValue(value), std::nullopt);
+        }
         EXPECT_FALSE(m_values.SetRegValue("Log File", "x"));
         const std::string text =
             "Error reading or writing from the registy.  Reinstall the product or contact "

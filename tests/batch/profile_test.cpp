@@ -61,8 +61,9 @@ TEST_F(ProfileTest, APaneWithAWidthAndNoHeightHasAHeightOfItsOwn)
 TEST_F(ProfileTest, RemembersEightFilesOfAnyName)
 {
     std::vector<std::string> paths;
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         paths.push_back("/b\xFF\n " + std::to_string(i) + ".qrb ");
+    }
     m_profile.WriteRecentFiles(paths);
     paths.resize(8);
     EXPECT_EQ(m_profile.RecentFiles(), paths);

@@ -75,8 +75,9 @@ protected:
     [[nodiscard]] std::vector<std::uint32_t> Ids() const
     {
         std::vector<std::uint32_t> ids;
-        for (const CDirCopy& entry : doc.m_arrEntries)
+        for (const CDirCopy& entry : doc.m_arrEntries) {
             ids.push_back(entry.m_nId);
+        }
         return ids;
     }
 
@@ -147,8 +148,9 @@ TEST_F(QrbDocCommandsTest, EditingRunsTheDialogOfTheVarietyAndKeepsThePlace)
     AddEntry(DCK_NAMES, DCF_SCRIPT_WSH, 7);
     AddEntry(DCK_NAMES, 0, 1);
     AddEntry(DCK_NAMES, DCF_FOLDER_ITEMS | DCF_DELETE, 9);
-    for (const std::uint32_t id : {4U, 7U, 1U, 9U, 50U})
+    for (const std::uint32_t id : {4U, 7U, 1U, 9U, 50U}) {
         doc.EditEntry(id);
+    }
     EXPECT_EQ(dialogs.asked,
               (Strings{"types edit delete", "script edit", "files edit", "folders edit delete"}));
     // Each got the smallest number free when it was replaced; 1 was its own.
@@ -189,8 +191,9 @@ TEST_F(QrbDocCommandsTest, AddDefaultMakesAnEntryOfTheStoredDefaults)
 
 TEST(SplitMasksTest, CutsARunOfMasks)
 {
-    for (const char* all : {"*.*", "Default", ""})
+    for (const char* all : {"*.*", "Default", ""}) {
         EXPECT_EQ(SplitMasks(all), Strings{"*.*"});
+    }
     EXPECT_EQ(SplitMasks("*.tar.gz*.c"), (Strings{"*.tar", "*.c"}));
     EXPECT_EQ(SplitMasks("x*.a*.b"), (Strings{"*.a", "*.b"}));
     EXPECT_EQ(SplitMasks("*."), Strings{"*."});

@@ -103,8 +103,9 @@ TEST(EntryPlan, HasOneStepForEachFolderOfAList)
     for (const auto& c : cases) {
         const EntryPlan plan = PlanOf(c.entry);
         Steps steps;
-        for (const PlanStep& step : plan.steps)
+        for (const PlanStep& step : plan.steps) {
             steps.push_back(TextOf(step));
+        }
         EXPECT_EQ(steps, c.steps);
         EXPECT_EQ(plan.oneUnit, c.oneUnit);
     }

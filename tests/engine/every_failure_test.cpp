@@ -22,8 +22,9 @@ class EveryFailureTest : public RunFixture, public WithParamInterface<Verb> {
 protected:
     void LayOut()
     {
-        for (const char* folder : {"@/sources", "@/out", "@/junk", "@/gone"})
+        for (const char* folder : {"@/sources", "@/out", "@/junk", "@/gone"}) {
             std::filesystem::remove_all(Path(folder));
+        }
         Write({"sources/copy/a=new", "sources/copy/sub/deep/b=new", "sources/copy/sub/link->a",
                "sources/copy/sub/pipe|", "sources/copy/empty/", "out/copy/a=old"});
         Write({"sources/sync/newer=new", "sources/sync/older=older", "sources/sync/fresh=new",
@@ -33,8 +34,9 @@ protected:
         Write({"sources/list/one/a=1", "sources/list/two/.b=2"});
         Write({"junk/a.tmp=1", "junk/sub/b.tmp=2", "junk/keep=3", "gone/sub/a=1", "gone/b=2"});
         for (const char* old : {"out/sync/newer", "sources/sync/older", "out/backup/sub/a.txt",
-                                "out/backup/sub/a1.txt", "out/backup/b"})
+                                "out/backup/sub/a1.txt", "out/backup/b"}) {
             SetModified(Path("@/" + std::string(old)), 1000);
+        }
     }
     [[nodiscard]] std::vector<CDirCopy> Batch() const
     {
@@ -51,10 +53,11 @@ protected:
     {
         TreeLines tree = Tree("@/out");
         for (std::string& line : tree) {
-            if (line.starts_with("backup/"))
+            if (line.starts_with("backup/")) {
                 std::erase_if(line, [&, i = 0](char c) mutable {
                     return line.find('=') > static_cast<std::size_t>(i++) && c >= '0' && c <= '9';
                 });
+            }
         }
         std::ranges::sort(tree);
         return tree;

@@ -24,8 +24,9 @@ protected:
     // Files that cannot be deleted.
     RunResult FailingRun(int files)
     {
-        for (int i = 0; i < files; ++i)
+        for (int i = 0; i < files; ++i) {
             Write({"source/" + std::to_string(i) + "=x"});
+        }
         return Run({Entry(kDelete)}, [](FailingFileSystem& disk) {
             disk.FailAlways(Call::DeleteFile, Error(ErrorKind::Busy));
         });

@@ -34,8 +34,9 @@ TEST_F(FolderDeletionTest, TakesEverythingAndFollowsNoLink)
 TEST_F(FolderDeletionTest, ReadOnlyGuardsNeitherFilesNorFolders)
 {
     Write({"source/sub/a=1"});
-    for (const char* item : {"@/source/sub/a", "@/source/sub", "@/source"})
+    for (const char* item : {"@/source/sub/a", "@/source/sub", "@/source"}) {
         std::filesystem::permissions(Path(item), std::filesystem::perms(0500));
+    }
     EXPECT_EQ(Run({Delete("@/source")}).counters, "delete 1");
     EXPECT_EQ(Tree("@"), TreeLines{});
 }

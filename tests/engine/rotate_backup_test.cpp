@@ -18,8 +18,9 @@ TEST(NumberedName, StandsBeforeTheFirstDot)
         {".profile", 1, "1.profile"},
         {"a.", 198, "a198."},
         {"a1.txt", 1, "a11.txt"}};
-    for (const auto& [name, number, expected] : cases)
+    for (const auto& [name, number, expected] : cases) {
         EXPECT_EQ(NumberedName(name, number), expected);
+    }
 }
 
 class RotateBackupTest : public RunFixture {
@@ -60,8 +61,9 @@ TEST_F(RotateBackupTest, TheLowestNumberIsTakenThatIsSurelyFree)
 TEST_F(RotateBackupTest, NumbersEndAt198)
 {
     WritePair("a.txt");
-    for (int number = 1; number <= 197; ++number)
+    for (int number = 1; number <= 197; ++number) {
         Write({"dest/" + NumberedName("a.txt", number) + "=v"});
+    }
     EXPECT_EQ(Backup().counters, "backup 1");
     EXPECT_EQ(ContentOf(Path("@/dest/a198.txt")), "old");
 
@@ -81,8 +83,9 @@ TEST_F(RotateBackupTest, AReadOnlyVersionKeepsItsAttributeUnderItsNumber)
     EXPECT_EQ(ModeOf(Path("@/dest/a1.txt")), 0444U);
     EXPECT_EQ(ModeOf(Path("@/dest/a.txt")), ModeOf(Path("@/source/a.txt")));
     // With no number free it guards the plain name again.
-    for (int number = 2; number <= 198; ++number)
+    for (int number = 2; number <= 198; ++number) {
         Write({"dest/" + NumberedName("a.txt", number) + "=v"});
+    }
     std::filesystem::remove(Path("@/dest/a.txt"));
     WritePair("a.txt", 0444);
     EXPECT_EQ(Backup().counters, "error 1");
@@ -96,9 +99,10 @@ TEST_F(RotateBackupTest, AFailedCopyLeavesTheVersionUnderItsNumberAndNoFileUnder
         WritePair("a.txt");
         const RunResult run = Backup([links](FailingFileSystem& disk) {
             disk.FailAlways(Call::CopyFile, Error(ErrorKind::DiskFull));
-            if (!links)
+            if (!links) {
                 disk.FailAlways(Call::Link,
                                 Error(ErrorKind::AccessDenied, "Operation not permitted"));
+            }
         });
         EXPECT_EQ(run.counters, "error 1");
         EXPECT_EQ(Tree("@/dest"), (TreeLines{"a1.txt=old"}));
@@ -114,8 +118,9 @@ TEST_F(RotateBackupTest, AFolderThatCouldNotBeOpenedAtOnceDoesNotPassForAnEmptyO
             WritePair("sub/a.txt");
             const std::vector<CDirCopy> entries{Entry(kTree | DCF_INCREMENTAL)};
             (void)Run(entries, [&](FailingFileSystem& disk) {
-                for (int number = first; number <= last; ++number)
+                for (int number = first; number <= last; ++number) {
                     disk.FailAt(Call::OpenSubfolder, number, Error(ErrorKind::TooManyOpen));
+                }
             });
             (void)Run(entries);
             EXPECT_EQ(Tree("@/dest/sub"), (TreeLines{"a.txt=new", "a1.txt=old"}))
@@ -134,8 +139,9 @@ TEST_F(RotateBackupTest, AFailedRenamePassesUnnoticedAndTheCopyGoesOverTheFile)
         std::filesystem::remove_all(Path("@"));
         WritePair(name);
         const RunResult run = Backup([&](FailingFileSystem& disk) {
-            if (name == full)
+            if (name == full) {
                 return;
+            }
             disk.FailAlways(Call::Link, Error(ErrorKind::AccessDenied, "Operation not permitted"));
             disk.FailAlways(Call::Rename,
                             Error(ErrorKind::AccessDenied, "Operation not permitted"));

@@ -53,8 +53,9 @@ protected:
 
     [[nodiscard]] std::string Path(std::string text) const
     {
-        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;)
+        for (std::size_t at = 0; (at = text.find('@', at)) != std::string::npos;) {
             text.replace(at, 1, m_folder.Path());
+        }
         return text;
     }
     [[nodiscard]] TreeLines Tree(const std::string& path) const { return ReadTree(Path(path)); }
@@ -94,8 +95,9 @@ protected:
         batch.m_strFilePath = Path("@/batch.qrb");
         const auto disk = MakeFileSystem(m_drives);
         FailingFileSystem files(*disk);
-        if (prepare)
+        if (prepare) {
             prepare(files);
+        }
         RunResult result;
         result.surface.answers = m_answers;
         result.surface.onPrompt = m_onPrompt;
@@ -139,8 +141,9 @@ protected:
             {"Delete", totals.deleted},        {"Sync", totals.sync},
             {"Didn't Sync", totals.didntSync}, {"Copy", totals.copy},
             {"Backup", totals.backup},         {"Error", totals.error}};
-        for (const auto& [name, value] : counts)
+        for (const auto& [name, value] : counts) {
             text += std::string(name) + " Count: " + std::to_string(value) + "\n";
+        }
         return Lines(text);
     }
 
@@ -159,8 +162,9 @@ private:
     [[nodiscard]] std::string Lines(const std::string& text) const
     {
         std::string lines;
-        for (const char c : Path(text))
+        for (const char c : Path(text)) {
             lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        }
         return lines;
     }
     static std::string CountersOf(const CRunContext& ctx)
@@ -171,9 +175,11 @@ private:
             {"backup", ctx.m_nBackupCount}, {"delete", ctx.m_nDeleteCount},
             {"error", ctx.m_nErrorCount}};
         std::string text;
-        for (const auto& [name, value] : counters)
-            if (value != 0)
+        for (const auto& [name, value] : counters) {
+            if (value != 0) {
                 text += std::string(text.empty() ? "" : " ") + name + " " + std::to_string(value);
+            }
+        }
         return text;
     }
 

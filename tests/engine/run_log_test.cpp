@@ -125,8 +125,9 @@ TEST(FileSizeText, RoundsAsTheLogDoes)
         {0xFFFFFFFF, "4194304 KB"},
         {0x1'0000'0000, "1 KB"},  // the low 32 bits alone
         {0x1'0000'1000, "4 KB"}};
-    for (const auto& [bytes, text] : cases)
+    for (const auto& [bytes, text] : cases) {
         EXPECT_EQ(FileSizeText(bytes), text) << bytes;
+    }
 }
 
 }  // namespace

@@ -84,8 +84,9 @@ TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)
         {"/state", "/x.y/Nightly", "/state.log"},
         {"/state/", "", "/state/.log"},
         {"/state", "", "/state.log"}};
-    for (const auto& [install, document, expected] : cases)
+    for (const auto& [install, document, expected] : cases) {
         EXPECT_EQ(MakeLogPath(install, document), expected) << install << ", " << document;
+    }
 }
 
 }  // namespace

@@ -140,8 +140,9 @@ TEST_F(RunTextTest, AnErrorStandsBetweenItsActionAndItsFileWithAnEmptyLineAfterI
 TEST_F(RunTextTest, AReadOnlyFileIsGuardedAlsoInAFolderThatTheRunHasMade)
 {
     Write({"source/a.txt=1", "source/sub/a.txt=2"});
-    for (const char* item : {"@/source/a.txt", "@/source/sub/a.txt"})
+    for (const char* item : {"@/source/a.txt", "@/source/sub/a.txt"}) {
         std::filesystem::permissions(Path(item), std::filesystem::perms(0444));
+    }
     EXPECT_EQ(Run({Entry(DCF_SUBFOLDERS | kAll)}).counters, "copy 1 error 1");
     EXPECT_EQ(Tree("@/dest").size(), 1U);
 }

@@ -55,9 +55,10 @@ TEST(MatchFileType, FollowsTheTable)
                  // A folder deleted as a unit takes every file.
                  {{}, "a", true, DCK_NAMES, DCF_DELETE_FOLDER},
                  {{"*.a"}, "x.a", true, DCK_TYPES, DCF_DELETE_FOLDER | DCF_EXCLUDE}};
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(MatchFileType(c.list, c.name, c.kind, c.flags), c.selected)
             << c.name << " against " << testing::PrintToString(c.list) << c.kind << c.flags;
+    }
 }
 
 TEST(MatchAttributes, FollowsTheRelationship)
@@ -90,9 +91,10 @@ TEST(MatchAttributes, FollowsTheRelationship)
         {kReadOnly, DCF_ATTR_READONLY, false},
         {kAttributeNormal, 0, false},
         {kArchive, DCF_NO_ATTRS | DCF_ATTR_AND | DCF_ATTR_READONLY, true}};
-    for (const auto& [attributes, flags, passes] : cases)
+    for (const auto& [attributes, flags, passes] : cases) {
         EXPECT_EQ(MatchAttributes(attributes, flags, flags & DCF_ATTR_MASK), passes)
             << std::hex << "attributes " << attributes << ", flags " << flags;
+    }
 }
 
 }  // namespace

@@ -132,8 +132,9 @@ TEST_F(StopTest, AnotherThreadMayStopARunAtAnyTime)
 {
     std::atomic<bool> copying = false;
     const std::jthread other([&](const std::stop_token& end) {
-        while (!copying && !end.stop_requested())
+        while (!copying && !end.stop_requested()) {
             std::this_thread::yield();
+        }
         g_bStopCounting = 1;
         g_bStopRun = 1;
     });

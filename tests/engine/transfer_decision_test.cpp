@@ -33,10 +33,11 @@ TEST(DecideTransfer, FollowsTheTable)
             {DCF_INCREMENTAL, kOld, kNew, TransferAction::LeaveBackup},
             {kBoth, kNew, kOld, TransferAction::Backup},
             {kBoth, kOld, kOld, TransferAction::LeaveBackup}};
-    for (const auto& [flags, source, dest, expected] : cases)
+    for (const auto& [flags, source, dest, expected] : cases) {
         EXPECT_EQ(DecideTransfer(flags, source, dest), expected)
             << "flags " << flags << ", source " << source << ", destination "
             << (dest ? std::to_string(*dest) : "missing");
+    }
 }
 
 }  // namespace

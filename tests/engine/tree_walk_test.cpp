@@ -98,9 +98,10 @@ TEST_F(TreeWalkTest, ADestinationInsideTheSourceIsNotWalkedInto)
         }
     }
     // A listed folder into itself, its own folder and one beside it.
-    for (int round = 1; round <= 2; ++round)
+    for (int round = 1; round <= 2; ++round) {
         EXPECT_EQ(Run({FolderList(kTree, {"sub"}, "@/source", "@/source/sub/x")}).counters,
                   "copy 1");
+    }
     EXPECT_EQ(Tree("@/source/sub"), (TreeLines{"b=2", "x/", "x/sub/", "x/sub/b=2"}));
     // A deletion has no destination.
     EXPECT_EQ(Run({Entry(kTree | DCF_DELETE, "@/source", "@/source/sub")}).counters, "delete 5");
@@ -313,14 +314,16 @@ TEST_F(TreeWalkTest, LeftoversOfKilledRunsAreNeitherCopiedNorCountedAndGoAtTheDe
 
 TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
 {
-    for (int i = 0; i < 300; ++i)
+    for (int i = 0; i < 300; ++i) {
         Write({"source/" + std::to_string(i) + "=x"});
+    }
     const auto files = MakeFileSystem();
     const auto folder = files->OpenFolder(Path("@/source"));
     std::vector<std::string> listed;
     FindData data;
-    for (auto listing = files->List(**folder); *(*listing)->Next(data);)
+    for (auto listing = files->List(**folder); *(*listing)->Next(data);) {
         listed.push_back(data.name);
+    }
 
     ReadAheadPolicy policy;
     policy.Learn(false, 0);

@@ -32,8 +32,9 @@ TEST(IniText, KeepsAnyBytesButNulInValuesAndNames)
     const std::string nasty = "\\\\x4F5c= []@;#\n\r\t\xFF\xC3\xA4";
     for (int i = 0; i < 2000; ++i) {
         texts.emplace_back();
-        for (auto left = random() % 12; left > 0; --left)
+        for (auto left = random() % 12; left > 0; --left) {
             texts.back() += nasty[random() % nasty.size()];
+        }
     }
     for (const std::string& text : texts) {
         ASSERT_EQ(WriteAndRead("Section", "Name", text), text);

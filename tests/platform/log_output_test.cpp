@@ -19,8 +19,9 @@ TEST_F(LogOutputTest, EmptiesAnOldLogAndAppendsToIt)
     ASSERT_TRUE(log.Ok());
     EXPECT_EQ(ContentOf(Path("a.log")), "");
     const std::string large(1 << 20, 'x');
-    for (const std::string& text : {std::string("one\r\n"), std::string(), large})
+    for (const std::string& text : {std::string("one\r\n"), std::string(), large}) {
         ASSERT_TRUE((*log)->Write(text).Ok());
+    }
     EXPECT_EQ(ContentOf(Path("a.log")), "one\r\n" + large);
 }
 

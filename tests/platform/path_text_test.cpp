@@ -44,8 +44,9 @@ TEST(PathText, SplitsOnlyAtASeparatorOfThePathsOwnKind)
         {"C:\\x\\", "C:", "x"},  {"C:\\", "C:", ""},
         {"C:x", "C:", "x"},      {"C:\\x\\y z", "C:\\x", "y z"},
         {"C:/x/y", "C:/x", "y"}, {"/a/b.c.d", "/a", "b.c.d"}};
-    for (const auto& [path, parent, last] : cases)
+    for (const auto& [path, parent, last] : cases) {
         EXPECT_EQ(SplitLast(path), std::pair(std::string(parent), std::string(last))) << path;
+    }
 }
 
 using Texts = std::pair<const char*, const char*>;
@@ -53,14 +54,16 @@ using Texts = std::pair<const char*, const char*>;
 TEST(PathText, GivesAParentThatCanBeOpenedAndNamesAVolumeAfterItsLetterOrMountPath)
 {
     for (const auto& [path, parent] :
-         {Texts{"/a/b/", "/a"}, {"/a", "/"}, {"a", "."}, {"C:\\x\\y", "C:\\x"}, {"C:\\x", "C:"}})
+         {Texts{"/a/b/", "/a"}, {"/a", "/"}, {"a", "."}, {"C:\\x\\y", "C:\\x"}, {"C:\\x", "C:"}}) {
         EXPECT_EQ(ParentFolder(path), parent) << path;
+    }
     for (const auto& [path, name] : {Texts{"C:\\", "C"},
                                      {"d:", "d"},
                                      {"/mnt/usb-1/", "mnt-usb-1"},
                                      {"/", "root"},
-                                     {"//media//me/a b", "media-me-a b"}})
+                                     {"//media//me/a b", "media-me-a b"}}) {
         EXPECT_EQ(VolumeName(path), name) << path;
+    }
 }
 
 TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
@@ -81,8 +84,9 @@ TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
         {"F:\\etc", ""},  // an empty or relative folder in the map must not turn into the root
         {"G:\\etc", ""},
         {"X:\\etc", ""}};
-    for (const auto& [path, native] : cases)
+    for (const auto& [path, native] : cases) {
         EXPECT_EQ(ToNative(path, drives), native) << path;
+    }
 }
 
 TEST(PathText, MakesPathsAbsoluteAsText)
@@ -98,8 +102,9 @@ TEST(PathText, MakesPathsAbsoluteAsText)
         {"/a/./b//../c", "/a/c"},
         {"/a/..hidden/...", "/a/..hidden/..."},
         {"C:\\a\\..\\b", "C:\\a\\..\\b"}};
-    for (const auto& [path, absolute] : cases)
+    for (const auto& [path, absolute] : cases) {
         EXPECT_EQ(MakeAbsolute(path), absolute) << path;
+    }
 }
 
 TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
@@ -124,8 +129,9 @@ TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
         {"\xE2\x82", "\\xE2\\x82"},    // cut off at the end
         {"\xE2\x82z", "\\xE2\\x82z"},  // cut off by a letter
         {"\xF0\x9F\x98\n", "\\xF0\\x9F\\x98\\x0A"}};
-    for (const auto& [text, shown] : cases)
+    for (const auto& [text, shown] : cases) {
         EXPECT_EQ(Printable(text), shown);
+    }
 }
 
 }  // namespace

@@ -57,8 +57,9 @@ TEST_F(SettingsStoreTest, AFileThatCannotBeReadIsNeverOverwritten)
 TEST_F(SettingsStoreTest, AFullDiskLosesNoValue)
 {
     std::vector<SettingsValue> values;
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; ++i) {
         values.push_back({"A", "name" + std::to_string(i), "value"});
+    }
     ASSERT_TRUE(Store().Write(values).Ok());
     const std::string before = ContentOf(FilePath());
     ASSERT_GT(before.size(), 500U);
@@ -94,11 +95,13 @@ TEST_F(SettingsStoreTest, AKillLeavesTheOldValuesOrTheNewOnes)
 TEST_F(SettingsStoreTest, WritersAtTheSameTimeLoseNothingOfEachOther)
 {
     std::vector<std::jthread> writers;
-    for (const char* writer : {"a", "b", "c", "d"})
+    for (const char* writer : {"a", "b", "c", "d"}) {
         writers.emplace_back([this, writer] {
-            for (int i = 0; i < 15; ++i)
+            for (int i = 0; i < 15; ++i) {
                 (void)Store().Write({{"A", writer + std::to_string(i), "x"}}).Ok();
+            }
         });
+    }
     writers.clear();
     EXPECT_EQ(Store().ReadSection("A")->size(), 60U);
 }

@@ -39,9 +39,10 @@ TEST_F(StagedFileTest, CreatesAFileAndReplacesItWithItsPermissionsKeptAndSweepsL
 TEST_F(StagedFileTest, AFullDiskLeavesTheOldFileAndNothingElse)
 {
     Write({"old=old content"});
-    for (const char* name : {"old", "new"})
+    for (const char* name : {"old", "new"}) {
         EXPECT_EQ(KindOf(OnFullDisk(5, [&] { return ReplaceFile(Path(name), "new content"); })),
                   ErrorKind::DiskFull);
+    }
     EXPECT_EQ(Tree(), TreeLines{"old=old content"});
 }
 
@@ -92,8 +93,9 @@ TEST_F(StagedFileTest, ReadsRegularFilesUpToALimitAndNothingElse)
         {Path("ten"), ErrorKind::DiskFull},      {"/proc/self/status", ErrorKind::DiskFull},
         {Path("none"), ErrorKind::Missing},      {Path(), ErrorKind::IsAFolder},
         {Path("fifo"), ErrorKind::NotSupported}, {"/dev/zero", ErrorKind::NotSupported}};
-    for (const auto& [path, kind] : cases)
+    for (const auto& [path, kind] : cases) {
         EXPECT_EQ(KindOf(ReadWholeFile(path, 9)), kind) << path;
+    }
 }
 
 }  // namespace

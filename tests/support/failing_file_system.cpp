@@ -29,19 +29,22 @@ private:
 Status FailingFileSystem::Enter(FileSystemCall call)
 {
     const Moment moment{call, ++m_counts[call]};
-    if (const auto action = m_actions.find(moment); action != m_actions.end())
+    if (const auto action = m_actions.find(moment); action != m_actions.end()) {
         action->second();
+    }
     auto failure = m_failures.find(moment);
-    if (failure == m_failures.end())
+    if (failure == m_failures.end()) {
         failure = m_failures.find({call, kAlways});
+    }
     return failure == m_failures.end() ? Status() : Status(failure->second);
 }
 
 Result<std::unique_ptr<Listing>> FailingFileSystem::List(const Folder& folder)
 {
     auto listing = Through(Call::List, &FileSystem::List, folder);
-    if (listing)
+    if (listing) {
         *listing = std::make_unique<FailingListing>(*this, std::move(*listing));
+    }
     return listing;
 }
 

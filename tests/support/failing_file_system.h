@@ -137,8 +137,11 @@ public:
     }
     void SweepLeftovers(const Folder& folder) override
     {
-        if (Enter(Call::SweepLeftovers))
-            m_inner.SweepLeftovers(folder);
+        if (Enter(Call::SweepLeftovers)) {
+            {
+                m_inner.SweepLeftovers(folder);
+            }
+        }
     }
     Status SyncWritten() override { return Through(Call::SyncWritten, &FileSystem::SyncWritten); }
 
@@ -148,12 +151,20 @@ private:
     Value Through(Call call, Value (FileSystem::*function)(Parameters...), Arguments&&... arguments)
     {
         const Status entered = Enter(call);
-        if (entered)
-            return (m_inner.*function)(std::forward<Arguments>(arguments)...);
-        if constexpr (std::is_same_v<Value, Status>)
-            return entered;
-        else
-            return entered.GetError();
+        if (entered) {
+            {
+                return (m_inner.*function)(std::forward<Arguments>(arguments)...);
+            }
+        }
+        if constexpr (std::is_same_v<Value, Status>) {
+            {
+                return entered;
+            }
+        } else {
+            {
+                return entered.GetError();
+            }
+        }
     }
 
     using Moment = std::pair<Call, int>;

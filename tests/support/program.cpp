@@ -22,14 +22,17 @@ namespace {
     dup2(out, STDOUT_FILENO);
     dup2(err, STDERR_FILENO);
     close_range(STDERR_FILENO + 1, ~0U, 0);
-    for (const auto& [name, value] : call.environment)
+    for (const auto& [name, value] : call.environment) {
         setenv(name.c_str(), value.c_str(), 1);
+    }
     std::vector<char*> arguments;
-    for (const std::string& argument : call.arguments)
+    for (const std::string& argument : call.arguments) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
+    }
     arguments.push_back(nullptr);
-    if (call.folder.empty() || chdir(call.folder.c_str()) == 0)
+    if (call.folder.empty() || chdir(call.folder.c_str()) == 0) {
         execv(arguments[0], arguments.data());
+    }
     perror(arguments[0]);
     _exit(127);
 }
@@ -38,8 +41,9 @@ std::string ContentFromStart(std::FILE* file)
 {
     std::rewind(file);
     std::string content;
-    for (int c = 0; (c = std::fgetc(file)) != EOF;)
+    for (int c = 0; (c = std::fgetc(file)) != EOF;) {
         content += static_cast<char>(c);
+    }
     return content;
 }
 
@@ -48,10 +52,12 @@ std::string ContentFromStart(std::FILE* file)
 Program::Program(const ProgramCall& call)
     : m_deadline(std::chrono::steady_clock::now() + call.timeout), m_pid(fork())
 {
-    if (m_pid == 0)
+    if (m_pid == 0) {
         Become(call, fileno(m_out.get()), fileno(m_err.get()));
-    if (m_pid < 0)
+    }
+    if (m_pid < 0) {
         std::abort();
+    }
     setpgid(m_pid, m_pid);  // here and in the child: there is a group from now on
 }
 

@@ -46,22 +46,25 @@ public:
     {
         const char* const names[] = {"counting", "processing", "finishing", "ended", "closed"};
         phases.emplace_back(names[static_cast<std::size_t>(phase)]);
-        if (phase == RunPhase::Processing)
+        if (phase == RunPhase::Processing) {
             phases.back() += " " + std::to_string(total);
+        }
     }
     void ShowError(std::string_view text) override { errors.emplace_back(text); }
     bool AskYesNo(std::string_view text, std::string_view caption) override
     {
         prompts.push_back({std::string(text), std::string(caption)});
-        if (onPrompt)
+        if (onPrompt) {
             onPrompt();
+        }
         return prompts.size() <= answers.size() && answers[prompts.size() - 1];
     }
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon) override
     {
         messages.push_back({std::string(text), std::string(caption)});
-        if (onPrompt)
+        if (onPrompt) {
             onPrompt();
+        }
     }
 };
 

@@ -36,8 +36,9 @@ protected:
         ShellFolderPtr folder = Desktop();
         const auto list = folder->ParseDisplayName(name);
         EXPECT_TRUE(list.Ok()) << name;
-        for (ItemIdView id = *list; ItemIdSize(id) != 0; id = CShellPidl::GetNextItemId(id))
+        for (ItemIdView id = *list; ItemIdSize(id) != 0; id = CShellPidl::GetNextItemId(id)) {
             folder = *folder->BindToObject(id);
+        }
         return folder;
     }
     [[nodiscard]] ShellFolderPtr BindTemp(const std::string& name = "") const
@@ -51,8 +52,9 @@ protected:
         std::vector<ItemIdList> ids;
         const auto items = folder.EnumObjects(flags, {});
         auto next = items->Next();
-        for (; next && next->has_value(); next = items->Next())
+        for (; next && next->has_value(); next = items->Next()) {
             ids.push_back(std::move(**next));
+        }
         EXPECT_TRUE(next.Ok());
         return ids;
     }
@@ -61,15 +63,18 @@ protected:
                                                         std::uint32_t kind = SHGDN_NORMAL)
     {
         std::vector<std::string> names;
-        for (const ItemIdList& id : Ids(folder, flags))
+        for (const ItemIdList& id : Ids(folder, flags)) {
             names.push_back(CShellPidl::GetItemName(folder, id, kind).value_or("(none)"));
+        }
         return names;
     }
     [[nodiscard]] static ItemIdList IdOf(const ShellFolder& folder, const std::string& name)
     {
-        for (ItemIdList& id : Ids(folder))
-            if (CShellPidl::GetItemName(folder, id, SHGDN_NORMAL) == name)
+        for (ItemIdList& id : Ids(folder)) {
+            if (CShellPidl::GetItemName(folder, id, SHGDN_NORMAL) == name) {
                 return std::move(id);
+            }
+        }
         ADD_FAILURE() << "no item " << name;
         return {};
     }

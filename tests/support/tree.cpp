@@ -28,28 +28,33 @@ std::string ReadAll(int fd)
 {
     std::string content;
     std::array<char, 65536> buffer{};
-    for (ssize_t got = 0; (got = ::read(fd, buffer.data(), buffer.size())) > 0;)
+    for (ssize_t got = 0; (got = ::read(fd, buffer.data(), buffer.size())) > 0;) {
         content.append(buffer.data(), static_cast<std::size_t>(got));
+    }
     ::close(fd);
     return content;
 }
 
 std::string Shortened(const std::string& content)
 {
-    if (content.size() <= kLongContent)
+    if (content.size() <= kLongContent) {
         return content;
+    }
     return "(" + std::to_string(content.size()) + " bytes, " +
            std::to_string(std::hash<std::string>{}(content)) + ")";
 }
 
 std::string Describe(int folder, const std::string& name, const struct stat& details)
 {
-    if (S_ISDIR(details.st_mode))
+    if (S_ISDIR(details.st_mode)) {
         return "/";
-    if (S_ISREG(details.st_mode))
+    }
+    if (S_ISREG(details.st_mode)) {
         return "=" + Shortened(ReadAll(::openat(folder, name.c_str(), O_RDONLY | O_CLOEXEC)));
-    if (!S_ISLNK(details.st_mode))
+    }
+    if (!S_ISLNK(details.st_mode)) {
         return S_ISFIFO(details.st_mode) ? "|" : "?";
+    }
     std::string target(PATH_MAX, '\0');
     const ssize_t size = ::readlinkat(folder, name.c_str(), target.data(), target.size());
     return "->" + target.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));

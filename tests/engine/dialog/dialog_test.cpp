@@ -14,8 +14,9 @@ DialogTest::DialogTest()
 
 DialogTest::~DialogTest()
 {
-    for (const auto& gate : m_gates)
+    for (const auto& gate : m_gates) {
         gate->Open();
+    }
     m_pDialog.reset();
 }
 

@@ -41,8 +41,9 @@ TEST_F(ProgressDialogEndTest, EveryModeEndsInItsOwnWay)
         m_told.clear();
         m_services.run.nRunMode = c.mode;
         m_services.run.readOptFlags = [&c] { return c.optFlags; };
-        if (c.fails)
+        if (c.fails) {
             FailCopy(m_files.Count(FileSystemCall::CopyFile) + 1);
+        }
         Open();
         EXPECT_EQ(m_pDialog->size().isEmpty(), c.mode == kRunInvisible);
         UntilEnded();
@@ -125,8 +126,9 @@ TEST_F(ProgressDialogEndTest, ClosingInTheLastStepsOfTheWorkerIsSafe)
     for (int round = 0; round < kRounds; ++round) {
         const bool stopped = round % 2 == 1;
         m_prompts.answer = PromptAnswer::Yes;
-        if (stopped)
+        if (stopped) {
             FailCopy(m_files.Count(FileSystemCall::CopyFile) + 1);
+        }
         m_prompts.boxes.clear();
         m_told.clear();
         Open();

@@ -16,8 +16,9 @@ protected:
     [[nodiscard]] std::string State() const
     {
         std::string state;
-        for (const char* button : {"m_btnStart", "m_btnStopCounting", "m_btnViewLog"})
+        for (const char* button : {"m_btnStart", "m_btnStopCounting", "m_btnViewLog"}) {
             state += Enabled(button) ? "on " : "off ";
+        }
         return state + Text("m_btnCancel");
     }
 
@@ -26,8 +27,9 @@ protected:
         Lines values;
         for (const char* label :
              {"m_stcFilesLeft", "m_stcTotalCount", "m_stcCopyCount", "m_stcSyncCount",
-              "m_stcDidntSyncCount", "m_stcBackupCount", "m_stcDeleteCount", "m_stcErrorCount"})
+              "m_stcDidntSyncCount", "m_stcBackupCount", "m_stcDeleteCount", "m_stcErrorCount"}) {
             values.push_back(Text(label));
+        }
         return values;
     }
 

@@ -66,8 +66,9 @@ inline std::string Pattern(std::size_t size)
 {
     std::string content(size, '\0');
     std::uint32_t state = 1;
-    for (char& byte : content)
+    for (char& byte : content) {
         byte = static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U);
+    }
     return content;
 }
 
@@ -78,8 +79,9 @@ public:
     void OnBytesCopied(std::uint64_t bytes) override
     {
         m_total += bytes;
-        if (const auto action = std::exchange(m_action, {}))
+        if (const auto action = std::exchange(m_action, {})) {
             action();
+        }
     }
     [[nodiscard]] std::uint64_t Total() const { return m_total; }
 

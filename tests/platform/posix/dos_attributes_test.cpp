@@ -45,8 +45,9 @@ TEST(DosAttributesTest, ReadsEveryVersionThatWasEverWritten)
         {"0xzz", {}},
         {"0x123456789", {}},
         {"", {}}};
-    for (const auto& [value, expected] : cases)
+    for (const auto& [value, expected] : cases) {
         EXPECT_EQ(ReadDosAttributes(value), expected) << testing::PrintToString(value);
+    }
 }
 
 TEST(DosAttributesTest, ChangesTheBitsKeepsFormAndTimesAndLeavesTheRestAlone)
@@ -69,8 +70,9 @@ TEST(DosAttributesTest, ChangesTheBitsKeepsFormAndTimesAndLeavesTheRestAlone)
                    {kVersion5.substr(0, 16), 0x01, 0x27, {}},
                    {kVersion3.substr(0, 15), 0x01, 0x27, {}},
                    {"0x20\0\0\x09\0\x09\0\0\0"s + std::string(44, '\0'), 0x01, 0x27, {}}};
-    for (const auto& [before, bits, mask, after] : cases)
+    for (const auto& [before, bits, mask, after] : cases) {
         EXPECT_EQ(ChangeDosAttributes(before, bits, mask), after) << testing::PrintToString(before);
+    }
 }
 
 }  // namespace

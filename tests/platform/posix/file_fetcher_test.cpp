@@ -66,8 +66,9 @@ TEST_F(FileFetcherTest, EndsAtOnceWithRequestsWaitingAndLetsGoOfTheFolders)
     const auto start = std::chrono::steady_clock::now();
     {
         FileFetcher fetcher;
-        for (int i = 0; i < 100'000; ++i)
+        for (int i = 0; i < 100'000; ++i) {
             fetcher.Fetch(folder, Item("sub", ItemKind::Folder));
+        }
     }
     EXPECT_EQ(folder.use_count(), 1);
     EXPECT_LT(std::chrono::steady_clock::now() - start, 60s);

@@ -52,8 +52,9 @@ class StoredAttributesTest : public ItemAttributesTest {
 protected:
     void SetUp() override
     {
-        if (!CanStore())
+        if (!CanStore()) {
             GTEST_SKIP() << "no extended attributes of users in " << Path();
+        }
     }
 };
 
@@ -67,8 +68,9 @@ TEST_F(ItemAttributesTest, FollowFromNameAndPermissionsWhereNothingIsStored)
         {"file", kA},     {".dot", kA | kH},      {"readonly", kA | kR},
         {"sub", kFolder}, {".sub", kFolder | kH}, {"closed", kFolder | kR},
         {"link", kA},     {".link", kA | kH},     {"pipe", kA}};
-    for (const auto& [name, word] : cases)
+    for (const auto& [name, word] : cases) {
         EXPECT_EQ(WordOf(name), word) << name;
+    }
     FindData missing;
     missing.name = "missing";
     EXPECT_EQ(KindOf(m_files.ReadAttributes(*Open(Source()), missing)), ErrorKind::Missing);

@@ -17,8 +17,9 @@ using testing::ElementsAre;
 std::vector<std::string> VisiblePoints(const std::string& table)
 {
     std::vector<std::string> points;
-    for (const MountEntry& mount : VisibleMounts(ParseMountTable(table)))
+    for (const MountEntry& mount : VisibleMounts(ParseMountTable(table))) {
         points.push_back(mount.mountPoint + " " + mount.type);
+    }
     return points;
 }
 

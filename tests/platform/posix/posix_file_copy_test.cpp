@@ -34,8 +34,9 @@ protected:
         volume.ordersRenames = GetParam() != Way::NamedAndSynced;
         volume.closeTells = GetParam() == Way::Named;
         volume.linksByDescriptor = GetParam() != Way::LinkedThroughProc;
-        if (GetParam() == Way::Streamed)
+        if (GetParam() == Way::Streamed) {
             volume.transfersFrom[volume.device] = {true, true};
+        }
     }
     void ExpectCopied(const CopyOptions& options = {})
     {
@@ -94,10 +95,12 @@ TEST_P(PosixFileCopyTest, KeepsHolesAsHoles)
     constexpr std::uint64_t kSizes[] = {64 << 20, 32768};
     Write({"source/0=", "source/1="});
     const UniqueFd fd(::open(Source("0").c_str(), O_WRONLY | O_CLOEXEC));
-    for (const off_t at : {3 << 20, 20 << 20})
+    for (const off_t at : {3 << 20, 20 << 20}) {
         EXPECT_EQ(::pwrite(fd.Get(), Pattern(200000).data(), 200000, at), 200000);
-    for (int i = 0; i < 2; ++i)
+    }
+    for (int i = 0; i < 2; ++i) {
         std::filesystem::resize_file(Source(std::to_string(i)), kSizes[i]);
+    }
     Meanwhile progress;
     ExpectCopied({.progress = &progress});
     EXPECT_EQ(progress.Total(), kSizes[0] + kSizes[1]);
@@ -146,10 +149,11 @@ TEST_P(PosixFileCopyTest, TakesAnItemForWhatItHasBecome)
             item.name = name;
             item.kind = listedAs;
             const auto file = m_files.OpenSource(*folder, item, ReadAhead::Start);
-            if (name == "d")
+            if (name == "d") {
                 EXPECT_EQ(KindOf(file), ErrorKind::IsAFolder);
-            else
+            } else {
                 EXPECT_TRUE(file && m_files.CopyFile(**file, *dest, name, {}).Ok()) << name;
+            }
         }
     }
     EXPECT_EQ(ReadTree(Dest()), (TreeLines{"a=", "b->a", "c|"}));
@@ -160,8 +164,9 @@ TEST_F(DiskTest, ACopyWaitsForAFileServerToLetGoOfTheFile)
     Write({"source/a=x"});
     const UniqueFd leased(::open(Source("a").c_str(), O_RDWR | O_CLOEXEC));
     const auto oldHandler = std::signal(SIGIO, SIG_IGN);  // how the system asks for it
-    if (::fcntl(leased.Get(), F_SETLEASE, F_WRLCK) != 0)
+    if (::fcntl(leased.Get(), F_SETLEASE, F_WRLCK) != 0) {
         GTEST_SKIP() << "no leases in " << Path();
+    }
     {
         const std::jthread server([&] {
             // The system marks the lease once somebody else opens the file.
@@ -178,8 +183,9 @@ TEST_P(PosixFileCopyTest, KeepsExtendedAttributesAlsoOfReadOnlyFiles)
 {
     Write({"source/a=x"});
     const std::string large(3000, 'v');
-    if (!SetAttribute(Source("a"), "user.large", large))
+    if (!SetAttribute(Source("a"), "user.large", large)) {
         GTEST_SKIP() << "no extended attributes of users in " << Path();
+    }
     ASSERT_TRUE(SetAttribute(Source("a"), "user.empty", ""));
     SetMode(Source("a"), 0444);
     ExpectCopied({.replaceReadOnly = true});
@@ -198,8 +204,9 @@ constexpr const char* kDefault = "system.posix_acl_default";
 TEST_P(PosixFileCopyTest, KeepsAnAccessControlListAndInheritsNone)
 {
     Write({"source/listed=x", "source/plain=x", "source/sub/"});
-    if (!SetAttribute(Source("listed"), kAccess, kAcl) || !SetAttribute(Dest(), kDefault, kAcl))
+    if (!SetAttribute(Source("listed"), kAccess, kAcl) || !SetAttribute(Dest(), kDefault, kAcl)) {
         GTEST_SKIP() << "no access control lists in " << Path();
+    }
     EXPECT_TRUE(Copy("listed").Ok());
     EXPECT_TRUE(Copy("plain").Ok());
     EXPECT_TRUE(m_files.CreateFolder(*Open(Dest()), "sub", Open(Source("sub")).get()).Ok());
@@ -213,8 +220,9 @@ TEST_P(PosixFileCopyTest, KeepsAnAccessControlListAndInheritsNone)
 TEST_F(DiskTest, TheGroupGetsNoMoreWhereAnAccessControlListCannotBeKept)
 {
     Write({"source/listed=x"});
-    if (!SetAttribute(Source("listed"), kAccess, kAcl))
+    if (!SetAttribute(Source("listed"), kAccess, kAcl)) {
         GTEST_SKIP() << "no access control lists in " << Path();
+    }
     const UniqueFd from(::open(Source("listed").c_str(), O_RDONLY | O_CLOEXEC));
     int pipe[2] = {-1, -1};  // nothing that could hold a list
     ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
@@ -227,11 +235,13 @@ TEST_F(DiskTest, TheGroupGetsNoMoreWhereAnAccessControlListCannotBeKept)
 
 TEST_P(PosixFileCopyTest, KeepsTheOwnerWhereAllowed)
 {
-    if (::geteuid() != 0)
+    if (::geteuid() != 0) {
         GTEST_SKIP() << "only the superuser gives files away";
+    }
     Write({"source/a=x", "source/link->a", "source/pipe|", "source/sub/"});
-    for (const char* name : {"a", "link", "pipe", "sub"})
+    for (const char* name : {"a", "link", "pipe", "sub"}) {
         ASSERT_EQ(::lchown(Source(name).c_str(), 1234, 5678), 0);
+    }
     SetMode(Source("a"), 06755);
     EXPECT_TRUE(m_files.CreateFolder(*Open(Dest()), "sub", Open(Source("sub")).get()).Ok());
     for (const char* name : {"a", "link", "pipe", "sub"}) {
@@ -249,16 +259,18 @@ TEST_F(DiskTest, CopiesToAnotherFileSystem)
     struct stat here {};
     struct stat there {};
     if (::stat(Path().c_str(), &here) != 0 || ::stat("/dev/shm", &there) != 0 ||
-        here.st_dev == there.st_dev || ::access("/dev/shm", W_OK) != 0)
+        here.st_dev == there.st_dev || ::access("/dev/shm", W_OK) != 0) {
         GTEST_SKIP() << "/dev/shm is not another file system";
+    }
     Write({"source/small=x", "source/large=" + Pattern(5'000'000), "source/link->small",
            "source/pipe|", "source/holes="});
     std::filesystem::resize_file(Source("holes"), 10'000'000);
     const TempFolder other("/dev/shm");
     const auto into = Open(other.Path());
     const auto from = Open(Source());
-    for (const char* name : {"small", "large", "link", "pipe", "holes"})
+    for (const char* name : {"small", "large", "link", "pipe", "holes"}) {
         EXPECT_TRUE(CopyBetween(*from, *into, name, name).Ok()) << name;
+    }
     EXPECT_EQ(ReadTreeWithDetails(other.Path()), ReadTreeWithDetails(Source()));
     EXPECT_TRUE(m_files.SyncWritten().Ok());
 }

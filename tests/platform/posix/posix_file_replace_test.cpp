@@ -75,8 +75,9 @@ TEST_P(PosixFileReplaceTest, RefusesAReadOnlyFileAlsoForTheSuperuser)
 TEST_P(PosixFileReplaceTest, RefusesAFileThatOnlyItsStoredAttributesMakeReadOnly)
 {
     Write({"source/a=new", "dest/a=old"});
-    if (!SetAttribute(Dest("a"), "user.DOSATTRIB", "0x21"))
+    if (!SetAttribute(Dest("a"), "user.DOSATTRIB", "0x21")) {
         GTEST_SKIP() << "no extended attributes of users in " << Path();
+    }
     EXPECT_EQ(KindOf(Copy("a", m_options)), ErrorKind::AccessDenied);
     EXPECT_TRUE(m_files.SetAttributes(*Open(Dest()), "a", kAttributeArchive).Ok());
     EXPECT_TRUE(Copy("a", m_options).Ok());
@@ -92,9 +93,10 @@ TEST_P(PosixFileReplaceTest, NeverCopiesAFileOntoItself)
     const auto into = Open(Path("alias"));
     const std::pair<const char*, const char*> cases[] = {
         {"a", "a"}, {"a", "b"}, {"b", "a"}, {"link", "link"}, {"pipe", "pipe"}};
-    for (const auto& [name, newName] : cases)
+    for (const auto& [name, newName] : cases) {
         EXPECT_EQ(KindOf(CopyBetween(*from, *into, name, newName, m_options)), ErrorKind::SameFile)
             << name;
+    }
     EXPECT_EQ(ReadTreeWithDetails(Path()), before);
 }
 

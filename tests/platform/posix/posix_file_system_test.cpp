@@ -35,8 +35,9 @@ protected:
         for (;;) {
             const Result<bool> more = (*listing)->Next(item);
             EXPECT_TRUE(more.Ok());
-            if (!more || !*more)
+            if (!more || !*more) {
                 return items;
+            }
             EXPECT_TRUE(items.emplace(item.name, item).second) << item.name;
         }
     }
@@ -44,8 +45,9 @@ protected:
 
 TEST(ErrorTest, OnlyOneCodeMeansThatThereIsNothing)
 {
-    for (int code = 1; code < 200; ++code)
+    for (int code = 1; code < 200; ++code) {
         EXPECT_EQ(ErrorFromErrno(code).Kind() == ErrorKind::Missing, code == ENOENT) << code;
+    }
 }
 
 TEST_F(PosixFileSystemTest, ListsNamesOfAnyBytesWithTheirKind)
@@ -60,12 +62,13 @@ TEST_F(PosixFileSystemTest, ListsNamesOfAnyBytesWithTheirKind)
                                                       {"sub", Folder},
                                                       {"link", Link},
                                                       {"pipe", Special}};
-    for (const auto& [name, kind] : expected)
+    for (const auto& [name, kind] : expected) {
         Write({"source/" + name +
                (kind == File     ? "="
                 : kind == Folder ? "/"
                 : kind == Link   ? "->sub"
                                  : "|")});
+    }
     std::map<std::string, ItemKind> found;
     const auto folder = Open(Source());
     for (auto [name, item] : ListAll(*folder)) {
@@ -85,8 +88,9 @@ TEST_F(PosixFileSystemTest, OpensTheFolderThatThePathNames)
     PosixFileSystem mapped({{'C', Source()}});
     EXPECT_EQ((*mapped.OpenFolder("C:\\sub\\"))->Identity(), sub);
     for (const std::string& path : {std::string(), std::string("C:\\sub\\"), Source("none/"),
-                                    Source("sub") + std::string("\0x", 2)})
+                                    Source("sub") + std::string("\0x", 2)}) {
         EXPECT_EQ(KindOf(m_files.OpenFolder(path)), ErrorKind::Missing) << path;
+    }
     EXPECT_EQ(KindOf(m_files.OpenFolder(Source("file/"))), ErrorKind::NotAFolder);
 }
 
@@ -115,10 +119,11 @@ TEST_F(PosixFileSystemTest, NeverEntersALinkThatIsSwappedIn)
     EXPECT_EQ(KindOf(m_files.OpenSubfolder(*Open(Source()), "link")), ErrorKind::NotAFolder);
     const FolderIdentity outside = Open(Path("outside"))->Identity();
     const std::jthread swapper([&](const std::stop_token& stop) {
-        while (!stop.stop_requested())
+        while (!stop.stop_requested()) {
             EXPECT_EQ(::renameat2(AT_FDCWD, Source("sub").c_str(), AT_FDCWD, Source("link").c_str(),
                                   RENAME_EXCHANGE),
                       0);
+        }
     });
     const auto folder = Open(Source());
     int entered = 0;
@@ -153,10 +158,11 @@ TEST_F(PosixFileSystemTest, KnowsWhenAFolderHasGone)
     std::filesystem::remove(Source("other"));
     EXPECT_FALSE(m_files.StillThere(*folder));
     EXPECT_EQ(KindOf(m_files.CreateFolder(*folder, "x", nullptr)), ErrorKind::Missing);
-    for (const bool expectMissing : {true, false})
+    for (const bool expectMissing : {true, false}) {
         EXPECT_EQ(KindOf(CopyBetween(*Open(Source()), *folder, "a", "a",
                                      {.expectMissing = expectMissing})),
                   ErrorKind::Missing);
+    }
 }
 
 TEST_F(PosixFileSystemTest, ProtectsTheRootTheHomeAndWhatIsAbove)
@@ -164,8 +170,9 @@ TEST_F(PosixFileSystemTest, ProtectsTheRootTheHomeAndWhatIsAbove)
     Write({"real/users/me/Data/", "real/other/", "link->real/users"});
     const ScopedVariable home("HOME", Path("link/me"));
     for (const std::string& path : {std::string("/"), Path(), Path("real"), Path("real/users"),
-                                    Path("link"), Path("real/users/me"), Path("link/me/")})
+                                    Path("link"), Path("real/users/me"), Path("link/me/")}) {
         EXPECT_TRUE(m_files.IsProtected(*Open(path))) << path;
+    }
     EXPECT_FALSE(m_files.IsProtected(*Open(Path("real/users/me/Data"))));
     EXPECT_FALSE(m_files.IsProtected(*Open(Path("real/other"))));
 }
@@ -176,8 +183,9 @@ TEST_F(PosixFileSystemTest, CreatesAFolderLikeAnother)
     SetMode(Source("shared"), 03775);
     SetMode(Source("closed"), 0550);
     const auto dest = Open(Dest());
-    for (const char* name : {"shared", "closed"})
+    for (const char* name : {"shared", "closed"}) {
         EXPECT_TRUE(m_files.CreateFolder(*dest, name, Open(Source(name)).get()).Ok());
+    }
     const mode_t mask = ::umask(027);
     EXPECT_TRUE(m_files.CreateFolder(*dest, "plain", nullptr).Ok());
     ::umask(mask);
@@ -206,8 +214,9 @@ TEST_F(PosixFileSystemTest, DeletesWhatHasTheNameAndNothingElse)
     Write({"source/readonly=x", "source/link->sub", "source/pipe|", "source/sub/a="});
     SetMode(Source("readonly"), 0444);
     const auto folder = Open(Source());
-    for (const char* name : {"readonly", "link", "pipe"})
+    for (const char* name : {"readonly", "link", "pipe"}) {
         EXPECT_TRUE(m_files.DeleteFile(*folder, name).Ok()) << name;
+    }
     EXPECT_EQ(KindOf(m_files.DeleteFile(*folder, "sub")), ErrorKind::IsAFolder);
     EXPECT_EQ(KindOf(m_files.DeleteFile(*folder, "none")), ErrorKind::Missing);
     EXPECT_EQ(KindOf(m_files.RemoveFolder(*folder, "sub")), ErrorKind::NotEmpty);
@@ -238,9 +247,11 @@ TEST_F(PosixFileSystemTest, SweepsTheLeftoversOfDeadRunsOnly)
 
     std::set<std::string> leftovers;
     const auto opened = Open(Dest());
-    for (const auto& [name, item] : ListAll(*opened))
-        if (item.leftover && name != folder)  // where the listing does not tell that it is one
+    for (const auto& [name, item] : ListAll(*opened)) {
+        if (item.leftover && name != folder) {  // where the listing does not tell that it is one
             leftovers.insert(name);
+        }
+    }
     EXPECT_EQ(leftovers, (std::set{dead, live, youngLink}));
     m_files.SweepLeftovers(*opened);
     std::ranges::sort(kept);

@@ -101,8 +101,9 @@ TEST_F(PosixProcessRunnerTest, TellsProgramsFromOtherFiles)
     Write({"text=text", "folder/", "fifo|"});
     SetMode(Path("fifo"), 0777);
     EXPECT_TRUE(m_runner.IsExecutable(Path("tool")));
-    for (const char* name : {"text", "folder", "fifo", "none"})
+    for (const char* name : {"text", "folder", "fifo", "none"}) {
         EXPECT_FALSE(m_runner.IsExecutable(Path(name))) << name;
+    }
     EXPECT_TRUE(m_runner.CanRead(Path("text")).Ok());
     EXPECT_EQ(KindOf(m_runner.CanRead(Path("none"))), ErrorKind::Missing);
     EXPECT_EQ(KindOf(m_runner.CanRead(Path("folder"))), ErrorKind::IsAFolder);
@@ -110,8 +111,9 @@ TEST_F(PosixProcessRunnerTest, TellsProgramsFromOtherFiles)
 
     const ScopedVariable path("PATH", ":relative:" + Path("none") + ":" + Path());
     EXPECT_EQ(m_runner.FindProgram("tool"), Path("tool"));
-    for (const char* name : {"text", "folder/tool", ""})
+    for (const char* name : {"text", "folder/tool", ""}) {
         EXPECT_EQ(m_runner.FindProgram(name), "") << name;
+    }
 }
 
 }  // namespace

@@ -40,8 +40,9 @@ TEST_F(XdgFolders, NewFoldersAreForTheUserAlone)
 {
     Write({"open/", "file=x"});
     SetMode(Path("open"), 0755);
-    for (const char* name : {"open/a/b/", "open/a/b"})
+    for (const char* name : {"open/a/b/", "open/a/b"}) {
         ASSERT_TRUE(CreateFolders(Path(name)).Ok());
+    }
     EXPECT_EQ(ModeOf(Path("open")), 0755U);
     EXPECT_EQ(ModeOf(Path("open/a")), 0700U);
     EXPECT_EQ(ModeOf(Path("open/a/b")), 0700U);

@@ -62,8 +62,9 @@ TEST_F(DesktopFolderTest, EveryItemComesBackFromItsParsingName)
         "C:\\x",    "caf\xC3\xA9", "...",         "::My Computer",
         "a\x01",    "%20",         "ni\xCC\x83o", std::string(255, '\xFE')};
     Write({"Desktop/d/", "Desktop/f="});
-    for (const std::string& name : odd)
+    for (const std::string& name : odd) {
         Write({"files/" + name + "=", "folders/" + name + "/"});
+    }
     const auto desktop = Desktop();
     std::size_t items = 0;
     for (const auto& folder : {desktop, Bind("::My Computer"), BindTemp("files"),
@@ -74,8 +75,9 @@ TEST_F(DesktopFolderTest, EveryItemComesBackFromItsParsingName)
             ItemIdView last = *full;
             ShellFolderPtr parent = desktop;
             for (; ItemIdSize(CShellPidl::GetNextItemId(last)) != 0;
-                 last = CShellPidl::GetNextItemId(last))
+                 last = CShellPidl::GetNextItemId(last)) {
                 parent = *parent->BindToObject(last);
+            }
             EXPECT_TRUE(CShellPidl::IsSameItem(*parent, last, *folder, id));
             EXPECT_EQ(*parent->CompareIDs(last, id), 0);
             ++items;

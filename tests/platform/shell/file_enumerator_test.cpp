@@ -23,8 +23,9 @@ TEST_F(FileEnumeratorTest, GivesTheKindsThatAreAskedFor)
                 UnorderedElementsAre("folder", ".secret", "file", ".dot", "link", "dead", "pipe"));
     EXPECT_THAT(Names(*folder, SHCONTF_FOLDERS), UnorderedElementsAre("folder"));
     TreeLines files = Names(*folder, SHCONTF_NONFOLDERS);
-    if (marked)
+    if (marked) {
         files.emplace_back("file");  // hidden by its bit
+    }
     EXPECT_THAT(files, UnorderedElementsAre("file", "link", "dead", "pipe"));
     EXPECT_THAT(Names(*folder, SHCONTF_FOLDERS | SHCONTF_INCLUDEHIDDEN),
                 UnorderedElementsAre("folder", ".secret"));
@@ -39,8 +40,9 @@ TEST_F(FileEnumeratorTest, FoldersThatVanishOrAreSwappedShowAtTheFirstItem)
     const auto swapped = BindTemp("swapped");
     const auto walk = BindTemp("other")->EnumObjects(kEverything, {});
     ASSERT_TRUE(walk->Next().Ok());
-    for (const char* name : {"gone", "swapped", "other"})
+    for (const char* name : {"gone", "swapped", "other"}) {
         std::filesystem::remove_all(Path(name));
+    }
     Write({"swapped=now a file", "other/z="});
     EXPECT_EQ(KindOf(gone->EnumObjects(kEverything, {})->Next()), ErrorKind::Missing);
     EXPECT_EQ(KindOf(swapped->EnumObjects(kEverything, {})->Next()), ErrorKind::NotAFolder);

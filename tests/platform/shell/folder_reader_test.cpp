@@ -23,8 +23,9 @@ constexpr auto kLong = 30s;
 std::vector<std::string> NamesOf(const FolderBatch& batch)
 {
     std::vector<std::string> names;
-    for (const FolderItem& item : batch.items)
+    for (const FolderItem& item : batch.items) {
         names.push_back(item.name);
+    }
     return names;
 }
 
@@ -97,8 +98,9 @@ TEST_F(FolderReaderTest, ADeadServerHoldsUpNothingButItsOwnFolder)
 {
     Write({"mnt/dead/", "mnt/other/", "mnt/file="});
     auto dead = std::make_unique<DeadMount>(Path("mnt/dead"));
-    if (!dead->IsMounted())
+    if (!dead->IsMounted()) {
         GTEST_SKIP() << "no such mounts here";
+    }
     const auto desktop = MakeDesktopFolder({ReadMountTable, Path("mnt"), {}});
     for (const std::uint32_t flags : {kEverything, SHCONTF_FOLDERS | SHCONTF_NONFOLDERS}) {
         FolderReader reader(desktop, {flags, SFGAO_HASSUBFOLDER, true, true});

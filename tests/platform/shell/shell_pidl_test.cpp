@@ -57,10 +57,11 @@ TEST_F(ShellPidlTest, PathsEndInASeparatorOnlyAtRoots)
                                                          {"C:\\sub\\a.txt", "C:\\sub\\a.txt"},
                                                          {Path("sub/"), Path("sub")},
                                                          {"::My Computer", "(none)"}};
-    for (const auto& [name, path] : cases)
+    for (const auto& [name, path] : cases) {
         EXPECT_EQ(CShellPidl::GetPathFromIdList(*desktop, *desktop->ParseDisplayName(name))
                       .value_or("(none)"),
                   path);
+    }
     EXPECT_EQ(CShellPidl::GetPathFromIdList(*desktop, kEmpty), std::nullopt);
 }
 
