@@ -20,10 +20,10 @@ QString Text(const char* text)
     return QString::fromLatin1(text);
 }
 
-TwoLists* MakeLists(const EntryWindowTexts& texts, QWidget* parent)
+SelectionLists* MakeLists(const EntryWindowTexts& texts, QWidget* parent)
 {
-    return new TwoLists(Text(texts.chooseLabel), Text(texts.processLabel),
-                        TwoLists::Compare::WholeText, parent);
+    return new SelectionLists(Text(texts.chooseLabel), Text(texts.processLabel),
+                              SelectionLists::Compare::WholeText, parent);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@
 #include "dialogs/dialog_services.h"
 #include "dialogs/entry_checks.h"
 #include "dialogs/folder_box.h"
-#include "dialogs/two_lists.h"
+#include "dialogs/selection_lists.h"
 
 namespace quorbit {
 
@@ -64,7 +64,7 @@ protected:
     [[nodiscard]] const DialogServices& Services() const { return m_services; }
     [[nodiscard]] FolderBox& Source() { return *m_source; }
     [[nodiscard]] FolderBox& Dest() { return *m_dest; }
-    [[nodiscard]] TwoLists& Lists() { return *m_lists; }
+    [[nodiscard]] SelectionLists& Lists() { return *m_lists; }
 
 private:
     FolderBox* MakeFolderBox(FolderBox::Role role, const char* name,
@@ -81,7 +81,7 @@ private:
     FolderBox* m_dest;
     std::array<QCheckBox*, kEntryBoxes> m_boxes{};  // null where there is none
     std::vector<QCheckBox*> m_boxOrder;
-    TwoLists* m_lists;
+    SelectionLists* m_lists;
     QPushButton* m_ok;
     QPushButton* m_cancel;
     QPushButton* m_advanced;

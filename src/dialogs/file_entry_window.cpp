@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "dialogs/folder_setup_dialog.h"
-#include "dialogs/kept_size.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 
@@ -66,7 +66,7 @@ FileEntryWindow::FileEntryWindow(const DialogServices& services, FileEntryForm f
         services.desktop, m_form.source, m_form.bFiles ? ListedKind::Files : ListedKind::Folders,
         [this](const std::vector<std::string>& names) { Lists().AddToChoose(names); });
     Lists().FocusSpeedBox();
-    KeepSize(*this, services.pProfile, Setting::FileDialogSize);
+    RememberSize(*this, services.pProfile, Setting::FileDialogSize);
 }
 
 bool FileEntryWindow::AcceptsEntry(const std::string& text) const

@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "dialogs/kept_size.h"
-#include "dialogs/offered_masks.h"
+#include "dialogs/mask_choices.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topics.h"
 
 namespace quorbit {
@@ -42,13 +42,13 @@ FileTypeWindow::FileTypeWindow(const DialogServices& services, FileTypeForm form
 {
     SetTabOrder();
     Lists().SetListTopics(kTopicChooseTypes, kTopicProcessTypes);
-    Lists().AddToChoose(OfferedMasks(services.pPrompts));
+    Lists().AddToChoose(MaskChoices(services.pPrompts));
     Source().SetFolder(m_form.source);
     Dest().SetFolder(m_form.dest);
     Lists().AddToProcess(m_form.masks);
     Lists().FocusSpeedBox();
     ShowForm();
-    KeepSize(*this, services.pProfile, Setting::FileTypeDialogSize);
+    RememberSize(*this, services.pProfile, Setting::FileTypeDialogSize);
 }
 
 void FileTypeWindow::ShowForm()

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "batch/dir_copy.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/file_name_text.h"
 
 namespace quorbit {
 

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <utility>
 
-#include "dialogs/shown_text.h"
+#include "dialogs/file_name_text.h"
 
 namespace quorbit {
 namespace {

@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "dialogs/kept_size.h"
-#include "dialogs/offered_masks.h"
+#include "dialogs/mask_choices.h"
 #include "dialogs/ok_cancel_row.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 
@@ -23,9 +23,9 @@ constexpr const char* kEveryFile = "*.*";
 CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent)
     : QDialog(parent),
       m_allTypes(new QCheckBox(QStringLiteral("Process all file t&ypes (*.*)"), this)),
-      m_lists(new TwoLists(QStringLiteral("File types to c&hoose from"),
-                           QStringLiteral("File types &to  process"), TwoLists::Compare::Beginning,
-                           this))
+      m_lists(new SelectionLists(QStringLiteral("File types to c&hoose from"),
+                                 QStringLiteral("File types &to  process"),
+                                 SelectionLists::Compare::Beginning, this))
 {
     setWindowTitle(QStringLiteral("Folder File Type Setup"));
     connect(m_allTypes, &QCheckBox::toggled, this, [this](bool on) { m_lists->SetUsable(!on); });
@@ -33,8 +33,8 @@ CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent
     setWindowFlag(Qt::WindowContextHelpButtonHint);
     SetHelpTopic(*m_allTypes, kTopicFolderAllTypes);
     m_lists->SetListTopics(kTopicChooseTypes, kTopicFolderTypes);
-    m_lists->AddToChoose(OfferedMasks(services.pPrompts));
-    KeepSize(*this, services.pProfile, Setting::FolderTypesDialogSize);
+    m_lists->AddToChoose(MaskChoices(services.pPrompts));
+    RememberSize(*this, services.pProfile, Setting::FolderTypesDialogSize);
 }
 
 void CFolderSetupDlg::LayOut()

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "dialogs/dialog_services.h"
-#include "dialogs/two_lists.h"
+#include "dialogs/selection_lists.h"
 
 namespace quorbit {
 
@@ -27,7 +27,7 @@ private:
     void LayOut();
 
     QCheckBox* m_allTypes;
-    TwoLists* m_lists;
+    SelectionLists* m_lists;
 };
 
 }  // namespace quorbit

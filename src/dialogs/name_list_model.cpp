@@ -7,7 +7,7 @@
 #include <numeric>
 #include <utility>
 
-#include "dialogs/shown_text.h"
+#include "dialogs/file_name_text.h"
 
 namespace quorbit {
 

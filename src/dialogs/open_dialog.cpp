@@ -10,10 +10,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "dialogs/file_name_text.h"
 #include "dialogs/folder_listing.h"
-#include "dialogs/kept_size.h"
 #include "dialogs/ok_cancel_row.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 #include "panes/file_list_item.h"
@@ -57,7 +57,7 @@ COpenDialog::COpenDialog(const DialogServices& services, QWidget* parent, const 
     LayOut();
     setWindowFlag(Qt::WindowContextHelpButtonHint);
     SetHelpTopic(*this, kTopicPickFile);
-    KeepSize(*this, services.pProfile, Setting::SelectFileSize);
+    RememberSize(*this, services.pProfile, Setting::SelectFileSize);
     ShowFolder(StartFolder(file));
     m_list->setFocus();
 }

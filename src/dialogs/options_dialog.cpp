@@ -10,10 +10,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "dialogs/kept_size.h"
+#include "dialogs/file_name_text.h"
 #include "dialogs/ok_cancel_row.h"
+#include "dialogs/remembered_size.h"
 #include "dialogs/sel_dir_dialog.h"
-#include "dialogs/shown_text.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 
@@ -52,7 +52,7 @@ COptionsDlg::COptionsDlg(const DialogServices& services, OptionSources sources, 
         {m_folder->Edit(), kTopicQrbFolder},
         {m_folder->BrowseButton(), kTopicQrbFolderBrowse},
     });
-    KeepSize(*this, services.pProfile, Setting::OptionsDialogSize);
+    RememberSize(*this, services.pProfile, Setting::OptionsDialogSize);
 }
 
 void COptionsDlg::LayOut()

@@ -9,10 +9,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "dialogs/kept_size.h"
+#include "dialogs/file_name_text.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/open_dialog.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 
@@ -68,7 +68,7 @@ ScriptEntryWindow::ScriptEntryWindow(const DialogServices& services, ScriptEntry
         {m_dosBatch, kTopicScriptDosBatch},
     });
     m_file->setFocus();
-    KeepSize(*this, services.pProfile, Setting::ScriptDialogSize);
+    RememberSize(*this, services.pProfile, Setting::ScriptDialogSize);
 }
 
 void ScriptEntryWindow::LayOut()

@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "dialogs/kept_size.h"
+#include "dialogs/file_name_text.h"
 #include "dialogs/ok_cancel_row.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/remembered_size.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 #include "platform/shell/shell_constants.h"
@@ -58,7 +58,7 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
     LayOut();
     setWindowFlag(Qt::WindowContextHelpButtonHint);
     SetHelpTopics({{m_edit, kTopicPickFolder}, {m_pTree, kTopicPickFolderTree}});
-    KeepSize(*this, services.pProfile, Setting::SelectFolderSize);
+    RememberSize(*this, services.pProfile, Setting::SelectFolderSize);
     // Until the tree has found its way, OK must not give a folder in the middle of it.
     ShowPath(m_strPath);
     connect(m_pTree, &QTreeWidget::currentItemChanged, this, [this] { OnNodeSelected(); });

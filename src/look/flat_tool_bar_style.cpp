@@ -7,7 +7,7 @@
 #include <QStyleOption>
 #include <QToolBar>
 
-#include "look/edges.h"
+#include "look/edge_painting.h"
 
 namespace quorbit {
 namespace {

@@ -8,7 +8,7 @@
 #include <QColor>
 #include <QPalette>
 
-#include "look/edges.h"
+#include "look/edge_painting.h"
 
 namespace quorbit {
 

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <utility>
 
-#include "look/edges.h"
+#include "look/edge_painting.h"
 
 namespace quorbit {
 

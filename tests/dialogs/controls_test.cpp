@@ -4,7 +4,7 @@
 // The two lists: what is moved between them.
 
 #include "dialogs/dialogs_test.h"
-#include "dialogs/two_lists.h"
+#include "dialogs/selection_lists.h"
 
 namespace quorbit {
 namespace {
@@ -15,7 +15,7 @@ class ControlsTest : public DialogsTest {};
 
 TEST_F(ControlsTest, NamesThatDifferInCaseAreBothTakenIfBothAreThere)
 {
-    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    SelectionLists lists(QString(), QString(), SelectionLists::Compare::WholeText, nullptr);
     lists.AddToChoose({"docs", "Docs", "notes"});
     Find<QListView>(lists, "m_lstChoose")->selectAll();
     Click(lists, "&Add ->");
@@ -31,7 +31,7 @@ TEST_F(ControlsTest, NamesThatDifferInCaseAreBothTakenIfBothAreThere)
 
 TEST_F(ControlsTest, RemovesEverySelectedLine)
 {
-    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    SelectionLists lists(QString(), QString(), SelectionLists::Compare::WholeText, nullptr);
     lists.AddToProcess({"a", "b", "c", "d", "e"});
     for (const char* line : {"a", "b", "d"}) {
         SelectLine(lists, "m_lstProcess", line);
@@ -43,7 +43,7 @@ TEST_F(ControlsTest, RemovesEverySelectedLine)
 
 TEST_F(ControlsTest, NothingIsMovedThatTheFilterHides)
 {
-    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    SelectionLists lists(QString(), QString(), SelectionLists::Compare::WholeText, nullptr);
     lists.AddToChoose({"*.c", "*.cpp", "*.doc", "a b"});
     auto* choose = Find<QListView>(lists, "m_lstChoose");
     auto* filter = Find<QLineEdit>(lists, "m_edtFilter");
@@ -66,7 +66,7 @@ TEST_F(ControlsTest, NothingIsMovedThatTheFilterHides)
 
 TEST_F(ControlsTest, SelectionStaysWithItsLinesWhileOthersCome)
 {
-    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    SelectionLists lists(QString(), QString(), SelectionLists::Compare::WholeText, nullptr);
     lists.AddToChoose({"m", "z"});
     SelectLine(lists, "m_lstChoose", "m");
     lists.AddToChoose({"q", "B", "a"});
@@ -78,7 +78,7 @@ TEST_F(ControlsTest, SelectionStaysWithItsLinesWhileOthersCome)
 TEST_F(ControlsTest, NamesKeepTheirBytes)
 {
     const std::string name = "bad\xff\nname";
-    TwoLists lists(QString(), QString(), TwoLists::Compare::WholeText, nullptr);
+    SelectionLists lists(QString(), QString(), SelectionLists::Compare::WholeText, nullptr);
     lists.AddToChoose({name, "other"});
     QTest::keyClicks(SpeedBox(lists), QStringLiteral("b"));
     Click(lists, "Add &Entry ->");

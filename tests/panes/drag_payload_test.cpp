@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "panes/network_name.h"
-
 namespace quorbit {
 namespace {
 
@@ -60,26 +58,6 @@ TEST(DragPayloadTest, TravelsAsPlainTextAndTellsItsButton)
     foreign.setText(QStringLiteral("QRBF\u00e9"));
     EXPECT_EQ(TextOf(foreign), "QRBF\xC3\xA9");
     EXPECT_EQ(ButtonOf(foreign), Qt::NoButton);
-}
-
-TEST(NetworkNameTest, IsCutBelowItsOwnServerOnly)
-{
-    struct Case {
-        std::string name;
-        std::string parent;
-        std::string shown;
-    };
-    const Case cases[] = {
-        {"docs on server1", "server1", "docs"},
-        {"docs on server1", "server2", "docs on server1"},
-        {"notes on tax on server1", "server1", "notes"},
-        {"docs on server10", "server1", "docs"},
-        {" on server1", "server1", " on server1"},
-        {"docs", "server1", "docs"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(CutNetworkName(c.name, c.parent), c.shown) << c.name << " / " << c.parent;
-    }
 }
 
 }  // namespace

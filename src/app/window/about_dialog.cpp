@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <chrono>
 
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "batch/machine_values.h"
 #include "look/pictures.h"
 #include "platform/path_text.h"

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "platform/path_text.h"
 #include "platform/staged_file.h"
 #include "platform/standard_folders.h"

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "platform/path_text.h"
 
 namespace quorbit {

@@ -3,7 +3,7 @@
 
 #include "app/window/file_type_registration.h"
 
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "batch/reg_key.h"
 
 namespace quorbit {

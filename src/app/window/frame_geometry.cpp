@@ -45,7 +45,7 @@ void StoreFrame(const Profile& profile, FrameShow show, const FrameRect& rect,
 {
     switch (show) {
         case FrameShow::Minimised:
-            if ((nRunMode & (kRunInvisible | kRunAndQuit)) == 0) {
+            if ((nRunMode & kRunAndQuit) == 0) {
                 profile.WriteProfileInt(Setting::WindowState, kWindowMinimised);
             }
             break;

@@ -14,10 +14,10 @@
 #include <utility>
 
 #include "app/window/frame_geometry.h"
-#include "app/window/identity.h"
 #include "app/window/lock_indicators.h"
 #include "app/window/main_tool_bar.h"
 #include "app/window/pane_area.h"
+#include "app/window/program_names.h"
 #include "help/help_desk.h"
 #include "look/pictures.h"
 #include "platform/path_text.h"

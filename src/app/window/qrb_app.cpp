@@ -15,7 +15,7 @@
 
 #include "app/window/about_dialog.h"
 #include "app/window/file_type_registration.h"
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "dialogs/options_dialog.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"

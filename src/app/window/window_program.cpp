@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/window/identity.h"
+#include "app/window/program_names.h"
 #include "app/window/qrb_app.h"
 #include "app/window/qt_prompts.h"
 #include "engine/dialog/desktop_text_editor.h"

@@ -20,18 +20,18 @@ namespace {
 
 constexpr int kBetweenLooks = 34;  // ms; 30 times a second is as much as an eye can use
 
-QPushButton* Button(const char* name, const char* text, QWidget* pParent)
+QPushButton* Button(const char* name, const char* text, QWidget* parent)
 {
-    auto* pButton = new QPushButton(QString::fromLatin1(text), pParent);
-    pButton->setObjectName(QString::fromLatin1(name));
-    pButton->setAutoDefault(false);
-    return pButton;
+    auto* button = new QPushButton(QString::fromLatin1(text), parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
 }
 
 }  // namespace
 
-CProgressDlg::CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices services)
-    : QDialog(pParent),
+CProgressDlg::CProgressDlg(QWidget* parent, const Batch* pDoc, ProgressServices services)
+    : QDialog(parent),
       m_btnViewLog(Button("m_btnViewLog", "&View Error/Copy Log", this)),
       m_btnCancel(Button("m_btnCancel", "&Cancel", this)),
       m_btnStopCounting(Button("m_btnStopCounting", "S&top Counting", this)),
@@ -44,8 +44,6 @@ CProgressDlg::CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices
     setModal(true);
     m_btnViewLog->setEnabled(false);
     m_btnCancel->setDefault(true);
-    // A window of no size would still leave its frame.
-    setAttribute(Qt::WA_DontShowOnScreen, (m_services.run.nRunMode & kRunInvisible) != 0);
     LayOut();
     SetTopics();
 
@@ -84,21 +82,21 @@ void CProgressDlg::showEvent(QShowEvent* event)
 
 QLayout* CProgressDlg::MakeButtons()
 {
-    auto* pRow = new QHBoxLayout;
-    pRow->addWidget(m_btnStart);
-    pRow->addWidget(m_btnStopCounting);
-    pRow->addWidget(m_btnViewLog);
-    pRow->addStretch();
-    pRow->addWidget(m_btnCancel);
-    return pRow;
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_btnStart);
+    row->addWidget(m_btnStopCounting);
+    row->addWidget(m_btnViewLog);
+    row->addStretch();
+    row->addWidget(m_btnCancel);
+    return row;
 }
 
 void CProgressDlg::LayOut()
 {
-    auto* pColumn = new QVBoxLayout(this);
-    pColumn->addWidget(m_pPanel);
-    pColumn->addStretch();
-    pColumn->addLayout(MakeButtons());
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_pPanel);
+    column->addStretch();
+    column->addLayout(MakeButtons());
     setMinimumWidth(fontMetrics().averageCharWidth() * 90);
 }
 
@@ -116,11 +114,6 @@ void CProgressDlg::SetTopics()
 void CProgressDlg::OnInitDialog()
 {
     m_btnStopCounting->setEnabled(false);
-    if ((m_services.run.nRunMode & kRunInvisible) != 0) {
-        layout()->setSizeConstraint(QLayout::SetNoConstraint);
-        setMinimumSize(0, 0);
-        setGeometry(0, 0, 0, 0);
-    }
     const auto start = [this] {
         if (isVisible()) {  // it may have been closed before it came to that
             m_btnStart->click();

@@ -31,7 +31,7 @@ class CProgressDlg : public QDialog {
 public:
     // pDoc must outlive the dialog and must not change while the run is on. Every control has the
     // name of its member as object name.
-    CProgressDlg(QWidget* pParent, const Batch* pDoc, ProgressServices services);
+    CProgressDlg(QWidget* parent, const Batch* pDoc, ProgressServices services);
     // Leaves clean flags for the next dialog. A run that is still on is stopped and waited for,
     // with a No to all that it asks.
     ~CProgressDlg() override;

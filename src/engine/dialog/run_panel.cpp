@@ -28,34 +28,34 @@ QString Name(const char* name)
 }
 
 template <class Widget>
-Widget* Named(const char* name, const QString& text, QWidget* pParent)
+Widget* Named(const char* name, const QString& text, QWidget* parent)
 {
-    auto* pWidget = new Widget(pParent);
-    pWidget->setObjectName(Name(name));
-    pWidget->setText(text);
-    return pWidget;
+    auto* widget = new Widget(parent);
+    widget->setObjectName(Name(name));
+    widget->setText(text);
+    return widget;
 }
 
 // Leaves a label alone that shows the text already.
-void Show(QLabel* pLabel, const QString& text)
+void Show(QLabel* label, const QString& text)
 {
-    if (pLabel->text() != text) {
-        pLabel->setText(text);
+    if (label->text() != text) {
+        label->setText(text);
     }
 }
 
 // A label that shows a value.
-QLabel* Value(const char* name, const char* text, QWidget* pParent)
+QLabel* Value(const char* name, const char* text, QWidget* parent)
 {
-    auto* pLabel = Named<QLabel>(name, Name(text), pParent);
-    pLabel->setTextFormat(Qt::PlainText);
-    return pLabel;
+    auto* label = Named<QLabel>(name, Name(text), parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
 }
 
 }  // namespace
 
-RunPanel::RunPanel(QWidget* pParent)
-    : QWidget(pParent),
+RunPanel::RunPanel(QWidget* parent)
+    : QWidget(parent),
       m_stcErrorCount(Value("m_stcErrorCount", "0", this)),
       m_stcBackupCount(Value("m_stcBackupCount", "0", this)),
       m_stcTotalCount(Value("m_stcTotalCount", "0", this)),
@@ -77,56 +77,55 @@ RunPanel::RunPanel(QWidget* pParent)
     m_progress->setTextVisible(false);
     m_progress->setValue(0);
 
-    auto* pColumn = new QVBoxLayout(this);
-    pColumn->setContentsMargins(0, 0, 0, 0);
-    pColumn->addWidget(MakeFileGroup());
-    pColumn->addWidget(MakeStatsGroup());
-    pColumn->addWidget(m_progress);
-    pColumn->addWidget(m_stcTransfer);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(MakeFileGroup());
+    column->addWidget(MakeStatsGroup());
+    column->addWidget(m_progress);
+    column->addWidget(m_stcTransfer);
     SetTopics();
 }
 
-void RunPanel::AddValue(QGridLayout* pGrid, int row, int column, const QString& label,
-                        QLabel* pValue)
+void RunPanel::AddValue(QGridLayout* grid, int row, int column, const QString& label, QLabel* value)
 {
-    auto* pLabel = new QLabel(label, this);
+    auto* label = new QLabel(label, this);
     // The value keeps its text as its name for a screen reader; what it is a value of is said next.
-    pLabel->setBuddy(pValue);
-    pValue->setAccessibleDescription(label.chopped(1));
-    pGrid->addWidget(pLabel, row, column);
-    pGrid->addWidget(pValue, row, column + 1);
+    label->setBuddy(value);
+    value->setAccessibleDescription(label.chopped(1));
+    grid->addWidget(label, row, column);
+    grid->addWidget(value, row, column + 1);
 }
 
 QGroupBox* RunPanel::MakeFileGroup()
 {
-    auto* pGroup = new QGroupBox(QStringLiteral("Current File To Process"), this);
-    auto* pGrid = new QGridLayout(pGroup);
-    pGrid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
-    AddValue(pGrid, 0, 0, QStringLiteral("Current file:"), m_stcCurrentFile);
-    AddValue(pGrid, 1, 0, QStringLiteral("Destination file:"), m_stcDestFile);
-    AddValue(pGrid, 2, 0, QStringLiteral("File Status:"), m_stcFileStatus);
-    AddValue(pGrid, 3, 0, QStringLiteral("File size:"), m_stcFileSize);
-    pGrid->setColumnStretch(1, 1);
-    return pGroup;
+    auto* group = new QGroupBox(QStringLiteral("Current File To Process"), this);
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
+    AddValue(grid, 0, 0, QStringLiteral("Current file:"), m_stcCurrentFile);
+    AddValue(grid, 1, 0, QStringLiteral("Destination file:"), m_stcDestFile);
+    AddValue(grid, 2, 0, QStringLiteral("File Status:"), m_stcFileStatus);
+    AddValue(grid, 3, 0, QStringLiteral("File size:"), m_stcFileSize);
+    grid->setColumnStretch(1, 1);
+    return group;
 }
 
 QGroupBox* RunPanel::MakeStatsGroup()
 {
-    auto* pGroup = new QGroupBox(QStringLiteral("Total Stats"), this);
-    auto* pGrid = new QGridLayout(pGroup);
-    pGrid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
-    AddValue(pGrid, 0, 0, QStringLiteral("Elapsed time:"), m_stcElapsed);
-    AddValue(pGrid, 1, 0, QStringLiteral("Files left to process:"), m_stcFilesLeft);
-    AddValue(pGrid, 2, 0, QStringLiteral("Total count:"), m_stcTotalCount);
-    AddValue(pGrid, 3, 0, QStringLiteral("Delete count:"), m_stcDeleteCount);
-    AddValue(pGrid, 4, 0, QStringLiteral("Error count:"), m_stcErrorCount);
-    AddValue(pGrid, 0, 2, QStringLiteral("Copy count:"), m_stcCopyCount);
-    AddValue(pGrid, 1, 2, QStringLiteral("Sync count:"), m_stcSyncCount);
-    AddValue(pGrid, 2, 2, QStringLiteral("Didn't Sync count:"), m_stcDidntSyncCount);
-    AddValue(pGrid, 3, 2, QStringLiteral("Backup count:"), m_stcBackupCount);
-    pGrid->setColumnStretch(1, 1);
-    pGrid->setColumnStretch(3, 1);
-    return pGroup;
+    auto* group = new QGroupBox(QStringLiteral("Total Stats"), this);
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
+    AddValue(grid, 0, 0, QStringLiteral("Elapsed time:"), m_stcElapsed);
+    AddValue(grid, 1, 0, QStringLiteral("Files left to process:"), m_stcFilesLeft);
+    AddValue(grid, 2, 0, QStringLiteral("Total count:"), m_stcTotalCount);
+    AddValue(grid, 3, 0, QStringLiteral("Delete count:"), m_stcDeleteCount);
+    AddValue(grid, 4, 0, QStringLiteral("Error count:"), m_stcErrorCount);
+    AddValue(grid, 0, 2, QStringLiteral("Copy count:"), m_stcCopyCount);
+    AddValue(grid, 1, 2, QStringLiteral("Sync count:"), m_stcSyncCount);
+    AddValue(grid, 2, 2, QStringLiteral("Didn't Sync count:"), m_stcDidntSyncCount);
+    AddValue(grid, 3, 2, QStringLiteral("Backup count:"), m_stcBackupCount);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return group;
 }
 
 void RunPanel::SetTopics()
@@ -168,10 +167,10 @@ void RunPanel::ShowTransfer(const std::string& text)
 
 void RunPanel::ShowTexts(const RunValues& values)
 {
-    const auto showText = [&values](QLabel* pLabel, RunText which) {
+    const auto showText = [&values](QLabel* label, RunText which) {
         // What was never told keeps its first text.
         if (!values.Text(which).empty()) {
-            Show(pLabel, OnScreen(values.Text(which)));
+            Show(label, OnScreen(values.Text(which)));
         }
     };
     showText(m_stcCurrentFile, RunText::CurrentFile);
@@ -180,8 +179,8 @@ void RunPanel::ShowTexts(const RunValues& values)
     showText(m_stcFileSize, RunText::FileSize);
     showText(m_stcTotalCount, RunText::TotalCount);
 
-    const auto showCounter = [&values](QLabel* pLabel, RunCounter which) {
-        Show(pLabel, QString::number(values.figures.Counter(which)));
+    const auto showCounter = [&values](QLabel* label, RunCounter which) {
+        Show(label, QString::number(values.figures.Counter(which)));
     };
     showCounter(m_stcFilesLeft, RunCounter::FilesLeft);
     showCounter(m_stcCopyCount, RunCounter::Copy);

@@ -21,7 +21,7 @@ namespace quorbit {
 
 class RunPanel : public QWidget {
 public:
-    explicit RunPanel(QWidget* pParent);
+    explicit RunPanel(QWidget* parent);
 
     void ShowValues(const RunValues& values);
     // Hours, minutes and seconds, as the log has them.
@@ -32,7 +32,7 @@ public:
 private:
     QGroupBox* MakeFileGroup();
     QGroupBox* MakeStatsGroup();
-    void AddValue(QGridLayout* pGrid, int row, int column, const QString& label, QLabel* pValue);
+    void AddValue(QGridLayout* grid, int row, int column, const QString& label, QLabel* value);
     void SetTopics();
     void ShowTexts(const RunValues& values);
     void ShowProgress(const RunFigures& figures);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "dialogs/two_lists.h"
+#include "dialogs/selection_lists.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "dialogs/shown_text.h"
+#include "dialogs/file_name_text.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
 
@@ -39,16 +39,16 @@ std::vector<int> SelectedRows(const QListView& list)
 
 }  // namespace
 
-TwoLists::TwoLists(const QString& chooseLabel, const QString& processLabel, Compare compare,
-                   QWidget* parent)
+SelectionLists::SelectionLists(const QString& chooseLabel, const QString& processLabel,
+                               Compare compare, QWidget* parent)
     : QWidget(parent),
       m_compare(compare),
       m_speedBox(new CComboBoxEx(this)),
-      m_addEntry(MakeButton(QStringLiteral("Add &Entry ->"), &TwoLists::OnAddEntry)),
+      m_addEntry(MakeButton(QStringLiteral("Add &Entry ->"), &SelectionLists::OnAddEntry)),
       m_filter(MakeFilter(chooseLabel)),
       m_choose(MakeList(m_offered, chooseLabel, "m_lstChoose")),
-      m_add(MakeButton(QStringLiteral("&Add ->"), &TwoLists::OnAdd)),
-      m_remove(MakeButton(QStringLiteral("<- &Remove"), &TwoLists::OnRemove)),
+      m_add(MakeButton(QStringLiteral("&Add ->"), &SelectionLists::OnAdd)),
+      m_remove(MakeButton(QStringLiteral("<- &Remove"), &SelectionLists::OnRemove)),
       m_process(MakeList(m_processNames, processLabel, "m_lstProcess"))
 {
     m_speedBox->SetLines(&m_chooseNames);
@@ -72,8 +72,8 @@ TwoLists::TwoLists(const QString& chooseLabel, const QString& processLabel, Comp
     });
 }
 
-QListView* TwoLists::MakeList(QAbstractItemModel& names, const QString& label,
-                              const char* objectName)
+QListView* SelectionLists::MakeList(QAbstractItemModel& names, const QString& label,
+                                    const char* objectName)
 {
     auto* list = new QListView(this);
     list->setModel(&names);
@@ -87,7 +87,7 @@ QListView* TwoLists::MakeList(QAbstractItemModel& names, const QString& label,
     return list;
 }
 
-QLineEdit* TwoLists::MakeFilter(const QString& label)
+QLineEdit* SelectionLists::MakeFilter(const QString& label)
 {
     auto* filter = new QLineEdit(this);
     filter->setObjectName(QStringLiteral("m_edtFilter"));
@@ -97,7 +97,7 @@ QLineEdit* TwoLists::MakeFilter(const QString& label)
     return filter;
 }
 
-QPushButton* TwoLists::MakeButton(const QString& text, void (TwoLists::*onClick)())
+QPushButton* SelectionLists::MakeButton(const QString& text, void (SelectionLists::*onClick)())
 {
     auto* button = new QPushButton(text, this);
     button->setAccessibleName(WithoutMnemonic(text));
@@ -105,7 +105,7 @@ QPushButton* TwoLists::MakeButton(const QString& text, void (TwoLists::*onClick)
     return button;
 }
 
-void TwoLists::LayOut(const QString& chooseLabel, const QString& processLabel)
+void SelectionLists::LayOut(const QString& chooseLabel, const QString& processLabel)
 {
     const auto label = [this](const QString& text, QWidget* buddy) {
         auto* made = new QLabel(text, this);
@@ -134,23 +134,23 @@ void TwoLists::LayOut(const QString& chooseLabel, const QString& processLabel)
     grid->setColumnStretch(2, 1);
 }
 
-void TwoLists::SetExtraButton(QPushButton* button)
+void SelectionLists::SetExtraButton(QPushButton* button)
 {
     m_extra = button;
     static_cast<QGridLayout*>(layout())->addWidget(button, 1, 2, Qt::AlignLeft);
 }
 
-void TwoLists::SetEntryCheck(std::function<bool(const std::string&)> accepts)
+void SelectionLists::SetEntryCheck(std::function<bool(const std::string&)> accepts)
 {
     m_accepts = std::move(accepts);
 }
 
-void TwoLists::SetListTopics(int choose, int process)
+void SelectionLists::SetListTopics(int choose, int process)
 {
     SetHelpTopics({{m_filter, choose}, {m_choose, choose}, {m_process, process}});
 }
 
-void TwoLists::SetUsable(bool usable)
+void SelectionLists::SetUsable(bool usable)
 {
     for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_addEntry, m_filter,
                                                             m_choose, m_add, m_remove, m_process}) {
@@ -158,12 +158,12 @@ void TwoLists::SetUsable(bool usable)
     }
 }
 
-void TwoLists::FocusSpeedBox()
+void SelectionLists::FocusSpeedBox()
 {
     m_speedBox->setFocus(Qt::OtherFocusReason);
 }
 
-std::vector<QWidget*> TwoLists::TabChain() const
+std::vector<QWidget*> SelectionLists::TabChain() const
 {
     std::vector<QWidget*> chain = {m_speedBox, m_addEntry};
     if (m_extra != nullptr) {
@@ -173,7 +173,7 @@ std::vector<QWidget*> TwoLists::TabChain() const
     return chain;
 }
 
-bool TwoLists::eventFilter(QObject* watched, QEvent* event)
+bool SelectionLists::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         auto& key = *static_cast<QKeyEvent*>(event);
@@ -187,7 +187,7 @@ bool TwoLists::eventFilter(QObject* watched, QEvent* event)
 }
 
 // Enter presses Add Entry and not the dialog's OK.
-bool TwoLists::OnSpeedBoxKey(const QKeyEvent& key)
+bool SelectionLists::OnSpeedBoxKey(const QKeyEvent& key)
 {
     if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
         return false;
@@ -198,7 +198,7 @@ bool TwoLists::OnSpeedBoxKey(const QKeyEvent& key)
 }
 
 // Enter leads on to what the filter has found; Escape takes the filter away before it cancels.
-bool TwoLists::OnFilterKey(const QKeyEvent& key)
+bool SelectionLists::OnFilterKey(const QKeyEvent& key)
 {
     switch (key.key()) {
         case Qt::Key_Down:
@@ -221,7 +221,7 @@ bool TwoLists::OnFilterKey(const QKeyEvent& key)
 }
 
 // What is typed into the list goes to its filter.
-bool TwoLists::OnChooseKey(QKeyEvent& key)
+bool SelectionLists::OnChooseKey(QKeyEvent& key)
 {
     const Qt::KeyboardModifiers others =
         key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
@@ -236,7 +236,7 @@ bool TwoLists::OnChooseKey(QKeyEvent& key)
     return true;
 }
 
-bool TwoLists::IsOffered(const std::string& name) const
+bool SelectionLists::IsOffered(const std::string& name) const
 {
     const std::vector<std::string> names = m_chooseNames.NamesWithText(ShownText(name));
     return std::find(names.begin(), names.end(), name) != names.end();
@@ -244,7 +244,7 @@ bool TwoLists::IsOffered(const std::string& name) const
 
 // Case aside; but where a folder holds two names that differ in nothing else, these are two things,
 // and none of them must be left out.
-bool TwoLists::IsProcessed(const std::string& name) const
+bool SelectionLists::IsProcessed(const std::string& name) const
 {
     const std::vector<std::string> listed = m_processNames.NamesWithText(ShownText(name));
     return std::any_of(listed.begin(), listed.end(), [&](const std::string& other) {
@@ -252,7 +252,7 @@ bool TwoLists::IsProcessed(const std::string& name) const
     });
 }
 
-void TwoLists::OnAdd()
+void SelectionLists::OnAdd()
 {
     std::vector<std::string> added;
     for (const int row : SelectedRows(*m_choose)) {
@@ -268,13 +268,13 @@ void TwoLists::OnAdd()
     m_choose->clearSelection();
 }
 
-void TwoLists::OnRemove()
+void SelectionLists::OnRemove()
 {
     m_processNames.RemoveLines(SelectedRows(*m_process));
     m_process->clearSelection();
 }
 
-void TwoLists::OnAddEntry()
+void SelectionLists::OnAddEntry()
 {
     const QString text = m_speedBox->currentText();
     const std::string name = m_chooseNames.NameShownAs(text).value_or(TypedName(text));

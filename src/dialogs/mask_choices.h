@@ -15,6 +15,6 @@ namespace quorbit {
 
 // Loads the masks under the wait cursor. If the machine knows no type of file, prompts (which may
 // be null) tell so, and the result is empty.
-[[nodiscard]] std::vector<std::string> OfferedMasks(Prompts* prompts);
+[[nodiscard]] std::vector<std::string> MaskChoices(Prompts* prompts);
 
 }  // namespace quorbit

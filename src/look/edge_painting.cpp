@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "look/edges.h"
+#include "look/edge_painting.h"
 
 namespace quorbit {
 namespace {

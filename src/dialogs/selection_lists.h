@@ -22,14 +22,14 @@
 
 namespace quorbit {
 
-class TwoLists final : public QWidget {
+class SelectionLists final : public QWidget {
 public:
     // When the Add button takes a line to be in the process list already: if the same text is
     // there, or a text that begins so; case aside.
     enum class Compare { WholeText, Beginning };
 
-    TwoLists(const QString& chooseLabel, const QString& processLabel, Compare compare,
-             QWidget* parent);
+    SelectionLists(const QString& chooseLabel, const QString& processLabel, Compare compare,
+                   QWidget* parent);
 
     void AddToChoose(const std::vector<std::string>& names) { m_chooseNames.Add(names); }
     void AddToProcess(const std::vector<std::string>& names) { m_processNames.Add(names); }
@@ -54,7 +54,7 @@ protected:
 private:
     QListView* MakeList(QAbstractItemModel& names, const QString& label, const char* objectName);
     QLineEdit* MakeFilter(const QString& label);
-    QPushButton* MakeButton(const QString& text, void (TwoLists::*onClick)());
+    QPushButton* MakeButton(const QString& text, void (SelectionLists::*onClick)());
     void LayOut(const QString& chooseLabel, const QString& processLabel);
     void OnAdd();
     void OnRemove();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "dialogs/kept_size.h"
+#include "dialogs/remembered_size.h"
 
 #include <QScreen>
 #include <QStringList>
@@ -40,7 +40,7 @@ QSize SizeOfText(const std::string& text)
     return hasWidth && hasHeight && !size.isEmpty() ? size : QSize();
 }
 
-void KeepSize(QDialog& dialog, const Profile* profile, Setting setting)
+void RememberSize(QDialog& dialog, const Profile* profile, Setting setting)
 {
     if (profile == nullptr) {
         return;

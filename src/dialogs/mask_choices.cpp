@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "dialogs/offered_masks.h"
+#include "dialogs/mask_choices.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -10,7 +10,7 @@
 
 namespace quorbit {
 
-std::vector<std::string> OfferedMasks(Prompts* prompts)
+std::vector<std::string> MaskChoices(Prompts* prompts)
 {
     QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
     std::vector<std::string> masks = LoadMasks();
