@@ -7,7 +7,7 @@
 
 namespace quorbit {
 
-bool CExternalFile::DoModal(CQRBDoc& /*doc*/, const CDirCopy* entry, EntryValues& values)
+bool CExternalFile::DoModal(const CDirCopy* entry, EntryValues& values)
 {
     ScriptEntryWindow window(m_services, OpenScriptEntryForm(entry));
     if (window.exec() != QDialog::Accepted) {

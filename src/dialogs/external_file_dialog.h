@@ -17,7 +17,7 @@ class CExternalFile final : public ScriptDialog {
 public:
     explicit CExternalFile(DialogServices services) : m_services(std::move(services)) {}
 
-    bool DoModal(CQRBDoc& doc, const CDirCopy* entry, EntryValues& values) override;
+    bool DoModal(const CDirCopy* entry, EntryValues& values) override;
 
 private:
     DialogServices m_services;

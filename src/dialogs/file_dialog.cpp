@@ -6,35 +6,32 @@
 #include <utility>
 
 #include "dialogs/file_entry_window.h"
-#include "document/qrb_doc.h"
 
 namespace quorbit {
 
-FileEntryForm CFileDlg::MakeForm(const CQRBDoc& doc, bool bFiles, bool bDelete)
+FileEntryForm CFileDlg::MakeForm(const PaneAnswers& panes, bool bFiles, bool bDelete)
 {
-    const auto* drives = dynamic_cast<DrivePane*>(doc.GetView(ViewKind::DriveTree));
-    const auto* files = dynamic_cast<FilePane*>(doc.GetView(ViewKind::FileList));
     std::string source;
     std::vector<std::string> names;
-    if (drives != nullptr) {
-        source = drives->CurrentPath();
-        if (std::string dest = drives->GetDestPath(); !dest.empty()) {
-            m_strDest = std::move(dest);
+    if (panes.tree) {
+        source = panes.tree->currentPath;
+        if (!panes.tree->destPath.empty()) {
+            m_strDest = panes.tree->destPath;
         }
         if (!bDelete) {
-            names = NamesOfDropText(drives->DropText());
+            names = NamesOfDropText(panes.tree->dropText);
         }
     }
-    if (bDelete && files != nullptr) {
-        names = files->GetSelectedNames();
+    if (bDelete && panes.list) {
+        names = panes.list->selectedNames;
     }
     return NewFileEntryForm(bFiles, bDelete, std::move(source), m_strDest, std::move(names));
 }
 
-bool CFileDlg::DoModal(CQRBDoc& doc, bool bFiles, const CDirCopy* entry, bool bDelete,
+bool CFileDlg::DoModal(const PaneAnswers& panes, bool bFiles, const CDirCopy* entry, bool bDelete,
                        EntryValues& values)
 {
-    FileEntryForm form = MakeForm(doc, bFiles, bDelete);
+    FileEntryForm form = MakeForm(panes, bFiles, bDelete);
     if (entry != nullptr) {
         form = EditFileEntryForm(bFiles, bDelete, *entry);
     }

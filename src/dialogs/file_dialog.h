@@ -19,11 +19,11 @@ class CFileDlg final : public FileDialog {
 public:
     explicit CFileDlg(DialogServices services) : m_services(std::move(services)) {}
 
-    bool DoModal(CQRBDoc& doc, bool bFiles, const CDirCopy* entry, bool bDelete,
+    bool DoModal(const PaneAnswers& panes, bool bFiles, const CDirCopy* entry, bool bDelete,
                  EntryValues& values) override;
 
 private:
-    [[nodiscard]] FileEntryForm MakeForm(const CQRBDoc& doc, bool bFiles, bool bDelete);
+    [[nodiscard]] FileEntryForm MakeForm(const PaneAnswers& panes, bool bFiles, bool bDelete);
 
     DialogServices m_services;
     std::string m_strDest;

@@ -3,37 +3,31 @@
 
 #include "dialogs/file_type_dialog.h"
 
-#include <utility>
-
 #include "dialogs/file_type_window.h"
-#include "document/qrb_doc.h"
 
 namespace quorbit {
 
-void CFileTypeDlg::ReadPanes(const CQRBDoc& doc, bool bDelete)
+void CFileTypeDlg::ReadPanes(const PaneAnswers& panes, bool bDelete)
 {
-    const auto* drives = dynamic_cast<DrivePane*>(doc.GetView(ViewKind::DriveTree));
-    if (drives == nullptr) {
+    if (!panes.tree) {
         return;
     }
     if (bDelete) {
-        if (std::string path = drives->GetDeletePath(); !path.empty()) {
-            m_strSource = std::move(path);
+        if (!panes.tree->deletePath.empty()) {
+            m_strSource = panes.tree->deletePath;
         }
         return;
     }
-    m_strSource = drives->GetSourcePath();
-    if (m_strSource.empty()) {
-        m_strSource = drives->CurrentPath();
-    }
-    if (std::string dest = drives->GetDestPath(); !dest.empty()) {
-        m_strDest = std::move(dest);
+    m_strSource = panes.tree->sourcePath.empty() ? panes.tree->currentPath : panes.tree->sourcePath;
+    if (!panes.tree->destPath.empty()) {
+        m_strDest = panes.tree->destPath;
     }
 }
 
-bool CFileTypeDlg::DoModal(CQRBDoc& doc, const CDirCopy* entry, bool bDelete, EntryValues& values)
+bool CFileTypeDlg::DoModal(const PaneAnswers& panes, const CDirCopy* entry, bool bDelete,
+                           EntryValues& values)
 {
-    ReadPanes(doc, bDelete);
+    ReadPanes(panes, bDelete);
     FileTypeWindow window(m_services, entry != nullptr
                                           ? EditFileTypeForm(bDelete, *entry)
                                           : NewFileTypeForm(bDelete, m_strSource, m_strDest));

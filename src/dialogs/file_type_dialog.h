@@ -19,10 +19,11 @@ class CFileTypeDlg final : public FileTypeDialog {
 public:
     explicit CFileTypeDlg(DialogServices services) : m_services(std::move(services)) {}
 
-    bool DoModal(CQRBDoc& doc, const CDirCopy* entry, bool bDelete, EntryValues& values) override;
+    bool DoModal(const PaneAnswers& panes, const CDirCopy* entry, bool bDelete,
+                 EntryValues& values) override;
 
 private:
-    void ReadPanes(const CQRBDoc& doc, bool bDelete);
+    void ReadPanes(const PaneAnswers& panes, bool bDelete);
 
     DialogServices m_services;
     std::string m_strDest;

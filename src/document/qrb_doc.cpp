@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kEveryFile = "*.*";
 
-// An entry of what a dialog has gathered, with no more than its variety has.
+// Makes an entry of the values of a dialog, with no more than its kind has.
 CDirCopy MakeEntry(EntryValues values, std::uint32_t kind, std::uint32_t id)
 {
     CDirCopy entry(std::move(values.m_strSource), {}, values.m_dwFlags, kind, id);
@@ -121,14 +121,14 @@ bool CQRBDoc::RunDialogFor(const CDirCopy& entry, EntryValues& values)
     const bool bDelete = (entry.m_dwFlags & DCF_DELETE) != 0;
     if (entry.m_nKind == DCK_TYPES) {
         return m_services.fileTypeDialog &&
-               m_services.fileTypeDialog->DoModal(*this, &entry, bDelete, values);
+               m_services.fileTypeDialog->DoModal(AskPanes(), &entry, bDelete, values);
     }
     if (entry.IsScript()) {
-        return m_services.scriptDialog && m_services.scriptDialog->DoModal(*this, &entry, values);
+        return m_services.scriptDialog && m_services.scriptDialog->DoModal(&entry, values);
     }
     const bool bFiles = (entry.m_dwFlags & DCF_FOLDER_ITEMS) == 0;
     return m_services.fileDialog &&
-           m_services.fileDialog->DoModal(*this, bFiles, &entry, bDelete, values);
+           m_services.fileDialog->DoModal(AskPanes(), bFiles, &entry, bDelete, values);
 }
 
 void CQRBDoc::DeleteEntry(std::uint32_t id)
@@ -142,10 +142,13 @@ void CQRBDoc::DeleteEntry(std::uint32_t id)
     SetModifiedFlag();
 }
 
-bool CQRBDoc::IsFileSelection() const
+PaneAnswers CQRBDoc::AskPanes() const
 {
-    const auto* files = FindPane<FilePane>(ViewKind::FileList);
-    return files != nullptr && files->FilesSelected();
+    PaneAnswers answers;
+    for (const CView* view : m_views) {
+        view->AnswerDocument(answers);
+    }
+    return answers;
 }
 
 void CQRBDoc::AddView(CView* view)
@@ -219,22 +222,22 @@ bool CQRBDoc::OnUpdateCommand(int nId, CommandState& state)
 
 void CQRBDoc::OnNewFileTypeEntry()
 {
-    const auto* drives = FindPane<DrivePane>(ViewKind::DriveTree);
-    const bool bDelete = drives != nullptr && drives->DeleteMode();
+    const PaneAnswers panes = AskPanes();
+    const bool bDelete = panes.tree && panes.tree->deleteMode;
     EntryValues values;
     if (m_services.fileTypeDialog &&
-        m_services.fileTypeDialog->DoModal(*this, nullptr, bDelete, values)) {
+        m_services.fileTypeDialog->DoModal(panes, nullptr, bDelete, values)) {
         Append(MakeEntry(std::move(values), DCK_TYPES, GetNextId()));
     }
 }
 
 void CQRBDoc::OnNewFileEntry()
 {
-    const auto* files = FindPane<FilePane>(ViewKind::FileList);
-    const bool bDelete = files != nullptr && files->DeleteMode();
+    const PaneAnswers panes = AskPanes();
+    const bool bDelete = panes.list && panes.list->deleteMode;
     EntryValues values;
     if (m_services.fileDialog &&
-        m_services.fileDialog->DoModal(*this, IsFileSelection(), nullptr, bDelete, values)) {
+        m_services.fileDialog->DoModal(panes, panes.FilesSelected(), nullptr, bDelete, values)) {
         Append(MakeEntry(std::move(values), DCK_NAMES, GetNextId()));
     }
 }
@@ -242,7 +245,7 @@ void CQRBDoc::OnNewFileEntry()
 void CQRBDoc::OnNewScriptEntry()
 {
     EntryValues values;
-    if (m_services.scriptDialog && m_services.scriptDialog->DoModal(*this, nullptr, values)) {
+    if (m_services.scriptDialog && m_services.scriptDialog->DoModal(nullptr, values)) {
         Append(MakeEntry(std::move(values), DCK_NAMES, GetNextId()));
     }
 }
@@ -262,9 +265,8 @@ DefaultEntry CQRBDoc::Standard() const
 // Leaves the modified flag alone: what it adds can be had again by the same command.
 void CQRBDoc::AddDefault(std::uint32_t dwFlags, const std::string& fileTypes)
 {
-    const auto* drives = FindPane<DrivePane>(ViewKind::DriveTree);
-    CDirCopy entry(drives ? drives->GetSourcePath() : "", drives ? drives->GetDestPath() : "",
-                   dwFlags, DCK_TYPES, GetNextId());
+    const TreeAnswers tree = AskPanes().tree.value_or(TreeAnswers());
+    CDirCopy entry(tree.sourcePath, tree.destPath, dwFlags, DCK_TYPES, GetNextId());
     entry.m_listItems = SplitMasks(fileTypes);
     m_arrEntries.push_back(std::move(entry));
     RefreshEntries();

@@ -63,8 +63,9 @@ public:
     // that no entry has does nothing.
     void EditEntry(std::uint32_t id);
     void DeleteEntry(std::uint32_t id);
-    // Whether the list of files has files selected, not folders.
-    [[nodiscard]] bool IsFileSelection() const;
+
+    // Whether the file list has files selected, not folders.
+    [[nodiscard]] bool IsFileSelection() const { return AskPanes().FilesSelected(); }
 
     // Views are told of changes in the order in which they were added. Not owned: a view leaves
     // before it goes.
@@ -95,11 +96,7 @@ private:
     bool RunDialogFor(const CDirCopy& entry, EntryValues& values);
     // Fills the entry list again.
     void RefreshEntries();
-    template <class Pane>
-    [[nodiscard]] Pane* FindPane(ViewKind kind) const
-    {
-        return dynamic_cast<Pane*>(GetView(kind));
-    }
+    [[nodiscard]] PaneAnswers AskPanes() const;
 
     DocumentServices m_services;
     std::vector<CView*> m_views;

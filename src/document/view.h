@@ -7,6 +7,7 @@
 #pragma once
 
 #include "document/command_target.h"
+#include "document/pane_answers.h"
 
 namespace quorbit {
 
@@ -38,6 +39,8 @@ public:
     // sender: the view that caused it, not told itself; null if none. object is only valid during
     // the call; may be null.
     virtual void OnUpdate(CView* sender, int nHint, const HintObject* object) = 0;
+    // A pane that entries are made from fills its part of the answers.
+    virtual void AnswerDocument(PaneAnswers& /*answers*/) const {}
 };
 
 }  // namespace quorbit

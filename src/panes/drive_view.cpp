@@ -228,6 +228,16 @@ void CDriveView::OnUpdate(CView*, int nHint, const HintObject* object)
     }
 }
 
+void CDriveView::AnswerDocument(PaneAnswers& answers) const
+{
+    answers.tree = {.sourcePath = GetSourcePath(),
+                    .destPath = GetDestPath(),
+                    .deletePath = GetDeletePath(),
+                    .currentPath = CurrentPath(),
+                    .dropText = DropText(),
+                    .deleteMode = DeleteMode()};
+}
+
 bool CDriveView::OnCommand(int nId)
 {
     switch (nId) {

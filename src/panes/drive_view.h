@@ -34,7 +34,7 @@ enum : int {
     CMD_DELETE_SETUP = 1003,
 };
 
-class CDriveView final : public ShellTree, public CView, public DrivePane, public FolderTree {
+class CDriveView final : public ShellTree, public CView, public FolderTree {
 public:
     // Begins to fill itself, unless the program was started to run or show a batch. The services
     // are copied; the pane is no view of the document yet.
@@ -56,16 +56,15 @@ public:
     // Stores the size of the pane in the profile, unless the frame is minimised.
     void SaveLayout() const;
 
-    // DrivePane
     // After a drag from the list it is the folder that the list shows.
-    [[nodiscard]] std::string GetSourcePath() const override;
+    [[nodiscard]] std::string GetSourcePath() const;
     // Of the node that was dropped upon last. What it was before, if that node has no path
     // ("Network Neighborhood"); empty if it is gone.
-    [[nodiscard]] std::string GetDestPath() const override;
-    [[nodiscard]] std::string GetDeletePath() const override;
-    [[nodiscard]] bool DeleteMode() const override { return m_bDeleteMode; }
-    [[nodiscard]] std::string CurrentPath() const override { return m_strCurrentPath; }
-    [[nodiscard]] std::string DropText() const override { return m_dropTarget.DropText(); }
+    [[nodiscard]] std::string GetDestPath() const;
+    [[nodiscard]] std::string GetDeletePath() const;
+    [[nodiscard]] bool DeleteMode() const { return m_bDeleteMode; }
+    [[nodiscard]] std::string CurrentPath() const { return m_strCurrentPath; }
+    [[nodiscard]] std::string DropText() const { return m_dropTarget.DropText(); }
 
     // FolderTree
     [[nodiscard]] const ShellTreeItem* GetSelectedItemData() const override;
@@ -74,6 +73,7 @@ public:
     // CView
     [[nodiscard]] ViewKind Kind() const override { return ViewKind::DriveTree; }
     void OnUpdate(CView* sender, int nHint, const HintObject* object) override;
+    void AnswerDocument(PaneAnswers& answers) const override;
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 

@@ -291,6 +291,13 @@ void CFileView::SetUpDelete()
     m_bDeleteMode = false;
 }
 
+void CFileView::AnswerDocument(PaneAnswers& answers) const
+{
+    answers.list = {.filesSelected = FilesSelected(),
+                    .deleteMode = DeleteMode(),
+                    .selectedNames = GetSelectedNames()};
+}
+
 bool CFileView::OnCommand(int nId)
 {
     if (nId == CMD_VIEWS) {

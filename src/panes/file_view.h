@@ -26,7 +26,7 @@
 
 namespace quorbit {
 
-class CFileView final : public CListViewEx, public CShellPidl, public FilePane {
+class CFileView final : public CListViewEx, public CShellPidl {
 public:
     // Reads column widths and styles of the profile. Does not add itself to the document.
     // runDrag: what carries a drag until it is over.
@@ -52,12 +52,13 @@ public:
     void SaveLayout() const;
     [[nodiscard]] const FileListModel& Model() const { return m_model; }
 
-    [[nodiscard]] bool FilesSelected() const override;
-    [[nodiscard]] bool DeleteMode() const override { return m_bDeleteMode; }
-    [[nodiscard]] std::vector<std::string> GetSelectedNames() const override;
+    [[nodiscard]] bool FilesSelected() const;
+    [[nodiscard]] bool DeleteMode() const { return m_bDeleteMode; }
+    [[nodiscard]] std::vector<std::string> GetSelectedNames() const;
 
     [[nodiscard]] ViewKind Kind() const override { return ViewKind::FileList; }
     void OnUpdate(CView* sender, int nHint, const HintObject* object) override;
+    void AnswerDocument(PaneAnswers& answers) const override;
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 

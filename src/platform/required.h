@@ -28,7 +28,8 @@ class Required {
 public:
     template <class Value>
     requires(std::convertible_to<Value, T> && !std::same_as<std::remove_cvref_t<Value>, Required>)
-        Required(Value&& value)  // NOLINT(google-explicit-constructor)
+        // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload)
+        Required(Value&& value)
         : m_value(std::forward<Value>(value))
     {
         assert(m_value != nullptr);

@@ -8,8 +8,6 @@
 #include "dialogs/file_dialog.h"
 #include "dialogs/file_entry_window.h"
 #include "dialogs/file_type_dialog.h"
-#include "document/qrb_doc.h"
-#include "support/fake_views.h"
 
 namespace quorbit {
 namespace {
@@ -18,15 +16,8 @@ using Names = std::vector<std::string>;
 
 class EntryWindowsTest : public DialogsTest {
 protected:
-    EntryWindowsTest()
-    {
-        doc.AddView(&list);
-        doc.AddView(&tree);
-    }
-
-    CQRBDoc doc;
-    FakeTree tree;
-    FakeList list;
+    TreeAnswers tree;
+    ListAnswers list;
 };
 
 CDirCopy Entry(std::uint32_t kind, std::uint32_t flags, Names items, Names folderTypes = {})
@@ -38,17 +29,17 @@ CDirCopy Entry(std::uint32_t kind, std::uint32_t flags, Names items, Names folde
 }
 
 // As the document does.
-bool Edit(CQRBDoc& doc, const DialogServices& services, const CDirCopy& entry, EntryValues& values)
+bool Edit(const DialogServices& services, const CDirCopy& entry, EntryValues& values)
 {
     const bool bDelete = (entry.m_dwFlags & DCF_DELETE) != 0;
     if (entry.m_nKind == DCK_TYPES) {
-        return CFileTypeDlg(services).DoModal(doc, &entry, bDelete, values);
+        return CFileTypeDlg(services).DoModal({}, &entry, bDelete, values);
     }
     if ((entry.m_dwFlags & (DCF_SCRIPT_WSH | DCF_SCRIPT_DOS)) != 0) {
-        return CExternalFile(services).DoModal(doc, &entry, values);
+        return CExternalFile(services).DoModal(&entry, values);
     }
     const bool bFiles = (entry.m_dwFlags & DCF_FOLDER_ITEMS) == 0;
-    return CFileDlg(services).DoModal(doc, bFiles, &entry, bDelete, values);
+    return CFileDlg(services).DoModal({}, bFiles, &entry, bDelete, values);
 }
 
 TEST_F(EntryWindowsTest, OkWithoutAChangeGivesTheSameEntry)
@@ -78,7 +69,7 @@ TEST_F(EntryWindowsTest, OkWithoutAChangeGivesTheSameEntry)
     for (std::size_t i = 0; i < std::size(entries); ++i) {
         InNextDialog([](QDialog& dialog) { Click(dialog, "OK"); });
         EntryValues values;
-        ASSERT_TRUE(Edit(doc, services, entries[i], values)) << i;
+        ASSERT_TRUE(Edit(services, entries[i], values)) << i;
         CDirCopy after(values.m_strSource, values.m_strDest, values.m_dwFlags, entries[i].m_nKind,
                        0);
         after.m_listItems = values.m_listItems;
@@ -87,7 +78,7 @@ TEST_F(EntryWindowsTest, OkWithoutAChangeGivesTheSameEntry)
         EXPECT_EQ(prompts.asked, Names{}) << i;
 
         InNextDialog([](QDialog& dialog) { Click(dialog, "Cancel"); });
-        EXPECT_FALSE(Edit(doc, services, entries[i], values)) << i;
+        EXPECT_FALSE(Edit(services, entries[i], values)) << i;
     }
 }
 
@@ -108,9 +99,9 @@ TEST_F(EntryWindowsTest, FileWindowOffersWhatLiesInTheSource)
 
 TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
 {
-    tree.current = "/from";
-    tree.dest = "/to";
-    tree.drop = "Fb, a";
+    tree.currentPath = "/from";
+    tree.destPath = "/to";
+    tree.dropText = "Fb, a";
     CFileDlg dialog(services);
     EntryValues values;
     InNextDialog([](QDialog& window) {
@@ -118,17 +109,17 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
         EXPECT_FALSE(Button(window, "Incremental bac&kup")->isEnabled());
         Click(window, "OK");
     });
-    ASSERT_TRUE(dialog.DoModal(doc, true, nullptr, false, values));
+    ASSERT_TRUE(dialog.DoModal({tree, list}, true, nullptr, false, values));
     EXPECT_EQ(values.m_strSource, "/from");
     EXPECT_EQ(values.m_strDest, "/to");
     EXPECT_EQ(values.m_listItems, (Names{"a", "b"}));
     EXPECT_EQ(values.m_dwFlags, DCF_NO_ATTRS | DCF_SYNC);
 
     // The next one keeps the destination and nothing else; a name with a comma stays whole.
-    tree.dest.clear();
-    list.names = {"x, y"};
+    tree.destPath.clear();
+    list.selectedNames = {"x, y"};
     InNextDialog([](QDialog& window) { Click(window, "OK"); });
-    ASSERT_TRUE(dialog.DoModal(doc, true, nullptr, true, values));
+    ASSERT_TRUE(dialog.DoModal({tree, list}, true, nullptr, true, values));
     EXPECT_EQ(values.m_strDest, "/to");
     EXPECT_EQ(values.m_listItems, Names{"x, y"});
     EXPECT_EQ(values.m_dwFlags, DCF_NO_ATTRS | DCF_DELETE);
@@ -136,8 +127,8 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
 
 TEST_F(EntryWindowsTest, CopyOfFoldersTellsThatEveryTypeIsTaken)
 {
-    tree.current = "/from";
-    tree.drop = "Fdocs";
+    tree.currentPath = "/from";
+    tree.dropText = "Fdocs";
     EntryValues values;
     InNextDialog([](QDialog& window) {
         Click(window, "&Include sub folders");
@@ -150,7 +141,7 @@ TEST_F(EntryWindowsTest, CopyOfFoldersTellsThatEveryTypeIsTaken)
         Click(window, "Ad&vanced >>");
         Click(window, "OK");
     });
-    ASSERT_TRUE(CFileDlg(services).DoModal(doc, false, nullptr, false, values));
+    ASSERT_TRUE(CFileDlg(services).DoModal({tree, list}, false, nullptr, false, values));
     EXPECT_EQ(values.m_listFolderTypes, Names{"*.*"});
     EXPECT_EQ(values.m_dwFlags, DCF_FOLDER_ITEMS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE |
                                     DCF_ATTR_OR | DCF_ATTR_ARCHIVE);

@@ -26,23 +26,24 @@ public:
     std::vector<std::string> asked;
     int runs = 0;
 
-    bool DoModal(CQRBDoc&, const CDirCopy* entry, bool bDelete, EntryValues& values) override
+    bool DoModal(const PaneAnswers&, const CDirCopy* entry, bool bDelete,
+                 EntryValues& values) override
     {
         return Answer(
             std::string("types") + (entry ? " edit" : " new") + (bDelete ? " delete" : ""), values);
     }
-    bool DoModal(CQRBDoc&, bool bFiles, const CDirCopy* entry, bool bDelete,
+    bool DoModal(const PaneAnswers&, bool bFiles, const CDirCopy* entry, bool bDelete,
                  EntryValues& values) override
     {
         return Answer(std::string(bFiles ? "files" : "folders") + (entry ? " edit" : " new") +
                           (bDelete ? " delete" : ""),
                       values);
     }
-    bool DoModal(CQRBDoc&, const CDirCopy* entry, EntryValues& values) override
+    bool DoModal(const CDirCopy* entry, EntryValues& values) override
     {
         return Answer(std::string("script") + (entry ? " edit" : " new"), values);
     }
-    void DoModal(CQRBDoc&) override { ++runs; }
+    void DoModal(const Batch&) override { ++runs; }
 
 private:
     bool Answer(const std::string& question, EntryValues& values)
@@ -57,8 +58,8 @@ class QrbDocCommandsTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        tree.source = "/from";
-        tree.dest = "/to";
+        tree.answers.sourcePath = "/from";
+        tree.answers.destPath = "/to";
         dialogs.answer.m_strSource = "/s";
         dialogs.answer.m_strDest = "/d";
         dialogs.answer.m_dwFlags = DCF_NO_ATTRS;
@@ -129,9 +130,9 @@ TEST_F(QrbDocCommandsTest, PanesTellDialogsWhatIsMeantAndACancelledOneChangesNot
 {
     AddEntry(DCK_TYPES, 0, 3);
     const std::vector<CDirCopy> before = doc.m_arrEntries;
-    tree.deleteMode = true;
-    list.deleteMode = true;
-    list.files = false;
+    tree.answers.deleteMode = true;
+    list.answers.deleteMode = true;
+    list.answers.filesSelected = false;
     dialogs.ok = false;
     doc.OnCommand(CMD_NEW_FILE_TYPE_ENTRY);
     doc.OnCommand(CMD_NEW_FILE_ENTRY);

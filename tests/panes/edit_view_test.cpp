@@ -18,7 +18,7 @@ protected:
     class Dialog : public FileTypeDialog {
     public:
         std::vector<std::uint32_t> edited;
-        bool DoModal(CQRBDoc&, const CDirCopy* entry, bool, EntryValues&) override
+        bool DoModal(const PaneAnswers&, const CDirCopy* entry, bool, EntryValues&) override
         {
             edited.push_back(entry->m_nId);
             return false;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "document/entry_dialogs.h"
+#include "document/pane_answers.h"
 #include "document/view.h"
 
 namespace quorbit {
@@ -54,32 +54,18 @@ private:
     ViewKind m_kind;
 };
 
-class FakeTree : public FakeView, public DrivePane {
+class FakeTree : public FakeView {
 public:
     FakeTree() : FakeView(ViewKind::DriveTree) {}
-
-    std::string source, dest, deleted, current, drop;
-    bool deleteMode = false;
-
-    [[nodiscard]] std::string GetSourcePath() const override { return source; }
-    [[nodiscard]] std::string GetDestPath() const override { return dest; }
-    [[nodiscard]] std::string GetDeletePath() const override { return deleted; }
-    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
-    [[nodiscard]] std::string CurrentPath() const override { return current; }
-    [[nodiscard]] std::string DropText() const override { return drop; }
+    TreeAnswers answers;
+    void AnswerDocument(PaneAnswers& panes) const override { panes.tree = answers; }
 };
 
-class FakeList : public FakeView, public FilePane {
+class FakeList : public FakeView {
 public:
     FakeList() : FakeView(ViewKind::FileList) {}
-
-    std::vector<std::string> names;
-    bool files = true;
-    bool deleteMode = false;
-
-    [[nodiscard]] bool FilesSelected() const override { return files; }
-    [[nodiscard]] bool DeleteMode() const override { return deleteMode; }
-    [[nodiscard]] std::vector<std::string> GetSelectedNames() const override { return names; }
+    ListAnswers answers{.filesSelected = true, .selectedNames = {}};
+    void AnswerDocument(PaneAnswers& panes) const override { panes.list = answers; }
 };
 
 }  // namespace quorbit

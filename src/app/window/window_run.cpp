@@ -41,7 +41,7 @@ WindowRun::WindowRun(Prompts& prompts, std::function<ProgressServices()> service
 {
 }
 
-void WindowRun::DoModal(CQRBDoc& doc)
+void WindowRun::DoModal(const Batch& batch)
 {
     if (m_pDialog) {
         return;
@@ -49,7 +49,7 @@ void WindowRun::DoModal(CQRBDoc& doc)
     m_prompts.silent = false;
     ProgressServices services = m_services();
     services.pPrompts = &m_prompts;
-    CProgressDlg dialog(m_parent(), &doc, std::move(services));
+    CProgressDlg dialog(m_parent(), &batch, std::move(services));
     m_pDialog = &dialog;
     (void)dialog.exec();
     m_pDialog = nullptr;

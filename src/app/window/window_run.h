@@ -25,7 +25,7 @@ public:
               std::function<QWidget*()> parent);
 
     // Does nothing if a run is open.
-    void DoModal(CQRBDoc& doc) override;
+    void DoModal(const Batch& batch) override;
 
     // The dialog is on the screen.
     [[nodiscard]] bool IsOpen() const { return m_pDialog != nullptr && m_pDialog->isVisible(); }

@@ -86,12 +86,12 @@ RunPanel::RunPanel(QWidget* parent)
     SetTopics();
 }
 
-void RunPanel::AddValue(QGridLayout* grid, int row, int column, const QString& label, QLabel* value)
+void RunPanel::AddValue(QGridLayout* grid, int row, int column, const QString& text, QLabel* value)
 {
-    auto* label = new QLabel(label, this);
-    // The value keeps its text as its name for a screen reader; what it is a value of is said next.
+    auto* label = new QLabel(text, this);
+    // For a screen reader the name of the label is its own text; the description says what it is.
     label->setBuddy(value);
-    value->setAccessibleDescription(label.chopped(1));
+    value->setAccessibleDescription(text.chopped(1));
     grid->addWidget(label, row, column);
     grid->addWidget(value, row, column + 1);
 }

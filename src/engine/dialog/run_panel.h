@@ -32,7 +32,7 @@ public:
 private:
     QGroupBox* MakeFileGroup();
     QGroupBox* MakeStatsGroup();
-    void AddValue(QGridLayout* grid, int row, int column, const QString& label, QLabel* value);
+    void AddValue(QGridLayout* grid, int row, int column, const QString& text, QLabel* value);
     void SetTopics();
     void ShowTexts(const RunValues& values);
     void ShowProgress(const RunFigures& figures);

@@ -9,6 +9,9 @@
 
 namespace quorbit {
 
+// Names that the shell interface gives.
+// NOLINTBEGIN(readability-identifier-naming)
+
 // Attributes of an item.
 inline constexpr std::uint32_t SFGAO_CANRENAME = 0x00000010;
 inline constexpr std::uint32_t SFGAO_FILESYSANCESTOR =
@@ -26,5 +29,7 @@ inline constexpr std::uint32_t SHCONTF_INCLUDEHIDDEN = 0x80;
 // Which name of an item is wanted.
 inline constexpr std::uint32_t SHGDN_NORMAL = 0;           // to be shown
 inline constexpr std::uint32_t SHGDN_FORPARSING = 0x8000;  // to be parsed again
+
+// NOLINTEND(readability-identifier-naming)
 
 }  // namespace quorbit
