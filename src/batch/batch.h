@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A batch: what a batch file holds, and what a run carries out. A plain value.
+// The content of a batch file, and the work of one run. A plain value.
 
 #pragma once
 
@@ -15,11 +15,11 @@
 namespace quorbit {
 
 struct Batch {
-    // From the head of the file, carried through unchanged; they have no meaning here.
+    // The header words of the file. They have no meaning and are preserved unchanged.
     std::array<std::uint32_t, 2> m_headerWords{};
-    std::vector<CDirCopy> m_arrEntries{};  // in run order
-    // The file that the batch came from or went to, absolute; empty for a new batch. It names the
-    // log of a run.
+    std::vector<CDirCopy> m_arrEntries{};  // in processing order
+    // The absolute path of the file that was read or written last; empty for a new batch.
+    // Determines the name of the log of a run.
     std::string m_strFilePath{};
 };
 

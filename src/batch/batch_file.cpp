@@ -15,26 +15,28 @@ namespace {
 constexpr std::string_view kClassName = "CDirCopy";
 constexpr std::uint16_t kSchema = 0;
 constexpr std::uint16_t kTagNewClass = 0xFFFF;
-constexpr std::uint16_t kTagKnownClass = 0x8001;  // class bit and index of the one class
+constexpr std::uint16_t kTagKnownClass = 0x8001;  // class bit and index 1, the only class
 
-constexpr std::uint16_t kLongCount = 0xFFFF;        // a count of 32 bits follows
-constexpr std::uint8_t kLongString = 0xFF;          // a length of 16 bits follows
-constexpr std::uint16_t kLongerString = 0xFFFF;     // in its place: a length of 32 bits follows
-constexpr std::uint16_t kOtherCharacters = 0xFFFE;  // in its place: text of wider characters
+constexpr std::uint16_t kLongCount = 0xFFFF;     // a count of 32 bits follows
+constexpr std::uint8_t kLongString = 0xFF;       // a length of 16 bits follows
+constexpr std::uint16_t kLongerString = 0xFFFF;  // instead of that length: one of 32 bits follows
+constexpr std::uint16_t kOtherCharacters =
+    0xFFFE;  // instead of that length: wide characters follow
 
-// Two empty strings, three numbers, two empty lists, behind the tag.
+// The smallest entry without its tag, in bytes: two empty strings, three numbers, two empty lists.
 constexpr std::uint64_t kSmallestContent = 2 * 1 + 3 * 4 + 2 * 4;
 constexpr std::uint64_t kFirstTagSize = 2 + 2 + 2 + kClassName.size();
 constexpr std::uint64_t kSmallestFirst = kFirstTagSize + kSmallestContent;
 constexpr std::uint64_t kSmallestLater = 2 + kSmallestContent;
 
-// The limits of this program, for reading and writing.
+// The limits of this program, for reading and writing. They bound the memory that a damaged file
+// can make the reader allocate.
 constexpr std::uint64_t kLargestFile = 64ULL << 20;  // bytes
-constexpr std::uint64_t kMostStrings = 1'000'000;    // of all entries together
+constexpr std::uint64_t kMostStrings = 1'000'000;    // in all entries
 constexpr std::uint64_t kStringsOfEntry = 2;         // source and destination
 
-// Reads a batch file from the front. The first failure is remembered and every later call does
-// nothing, so that the order of the fields can be read without a test after each.
+// Reads a batch file sequentially. Keeps the first failure; all later reads return empty values, so
+// the callers need no check after each field.
 class BatchReader {
 public:
     explicit BatchReader(std::string_view bytes) : m_bytes(bytes) {}
@@ -45,7 +47,8 @@ public:
 private:
     void Fail(BatchFileFault fault, std::uint64_t offset);
     [[nodiscard]] std::uint64_t Left() const { return m_bytes.size() - m_nAt; }
-    // Empty, with the failure remembered, unless size bytes are left.
+    // Returns the next `size` bytes. If fewer are left, fails with EndOfFile at offsetIfShort and
+    // returns an empty view.
     std::string_view Take(std::uint64_t size, std::uint64_t offsetIfShort);
     template <class Number>
     Number ReadNumber();
@@ -125,6 +128,7 @@ std::uint64_t BatchReader::ReadEntryCount()
     if (count == kLongCount) {
         count = ReadNumber<std::uint32_t>();
     }
+    // Fail before the loop, so that a wrong count does not allocate entries.
     if (m_status && count > 0 && Left() < kSmallestFirst + (count - 1) * kSmallestLater) {
         Fail(BatchFileFault::EndOfFile, offset);
     }
@@ -157,7 +161,7 @@ void BatchReader::ReadNewClass()
     if (name != kClassName) {
         Fail(BatchFileFault::BadClass, nameOffset);
     }
-    // Of a class that is not known, the version would say nothing.
+    // Check the class first: the version of an unknown class is meaningless.
     if (schema != kSchema) {
         Fail(BatchFileFault::BadSchema, schemaOffset);
     }
@@ -185,7 +189,7 @@ std::string BatchReader::ReadString()
         if (length == kLongerString) {
             length = ReadNumber<std::uint32_t>();
         } else if (length == kOtherCharacters) {
-            // Stands for a form of text that this version of the class does not have.
+            // Wide characters need a later version of the class.
             Fail(BatchFileFault::BadSchema, offset);
         }
     }
@@ -195,9 +199,10 @@ std::string BatchReader::ReadString()
 std::vector<std::string> BatchReader::ReadList()
 {
     const std::uint64_t offset = m_nAt;
+    // Signed: 0x80000000 and above mean an empty list (docs/batch-file-format.md).
     auto count = static_cast<std::int32_t>(ReadNumber<std::uint32_t>());
     if (count > 0) {
-        if (static_cast<std::uint64_t>(count) > Left()) {  // a string has at least one byte
+        if (static_cast<std::uint64_t>(count) > Left()) {  // a string takes at least one byte
             Fail(BatchFileFault::EndOfFile, offset);
         }
         CountStrings(static_cast<std::uint64_t>(count), offset);
@@ -347,7 +352,7 @@ BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch)
         }
         return parsed;
     }
-    if (bytes.GetError().Kind() == ErrorKind::DiskFull) {  // stands for "too large"
+    if (bytes.GetError().Kind() == ErrorKind::DiskFull) {  // ReadWholeFile: larger than the limit
         return BatchFileError{BatchFileFault::TooLarge, kLargestFile, {}};
     }
     return BatchFileError{BatchFileFault::Unreadable, 0, bytes.GetError().Text()};

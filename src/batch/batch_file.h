@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Reading and writing batch files. The format stands in docs/batch-file-format.md.
+// Reads and writes batch files. The format is described in docs/batch-file-format.md. Any thread.
 
 #pragma once
 
@@ -15,26 +15,25 @@
 namespace quorbit {
 
 enum class BatchFileFault {
-    Unreadable,   // the file cannot be opened or read, or it is no regular file
-    EndOfFile,    // it ends in the middle of something, or a count or length is larger than what is
-                  // left
-    BadClass,     // an entry is of an unknown class
-    BadSchema,    // an entry is of a later version of the class
-    BadIndex,     // a tag refers to something that was never stored
-    TooLarge,     // beyond the limits of this program
-    NotWritable,  // saving failed; the old file stands
+    Unreadable,   // the file cannot be opened or read, or is not a regular file
+    EndOfFile,    // a field, count or length extends beyond the end of the file
+    BadClass,     // the class of an entry is unknown
+    BadSchema,    // the version of the class is unknown
+    BadIndex,     // a tag refers to a class that is not in the file
+    TooLarge,     // exceeds the limits of this program: 64 MiB or 1,000,000 strings
+    NotWritable,  // saving failed; the old file is unchanged
 };
 
 struct BatchFileError {
     BatchFileFault fault;
-    std::uint64_t offset = 0;  // byte in the file; meaningless for Unreadable and NotWritable
-    std::string reason;        // the system's text for Unreadable and NotWritable
+    std::uint64_t offset = 0;  // bytes from the start; meaningless for Unreadable and NotWritable
+    std::string reason;        // the error text of the system, for Unreadable and NotWritable only
 
-    // One sentence for a person, naming the offset where there is one.
+    // Returns one sentence for the user, with the offset unless it is meaningless.
     [[nodiscard]] std::string Text() const;
 };
 
-// Done, or why not.
+// Success, or a BatchFileError.
 class [[nodiscard]] BatchFileStatus {
 public:
     BatchFileStatus() = default;
@@ -42,23 +41,23 @@ public:
         : m_error(std::move(error)) {}  // NOLINT(google-explicit-constructor)
     [[nodiscard]] bool Ok() const { return !m_error; }
     explicit operator bool() const { return Ok(); }
-    // Only when not Ok().
+    // Requires !Ok().
     [[nodiscard]] const BatchFileError& GetError() const { return *m_error; }
 
 private:
     std::optional<BatchFileError> m_error;
 };
 
-// Parses the bytes of a file. Trusts nothing: a count or length that cannot be true fails before
-// anything is allocated by it. On failure `batch` is untouched. No bytes at all are an empty batch,
-// and leave the header words as they are. Leaves the path alone.
+// Parses the content of a file. Checks every count and length against the bytes left before it
+// allocates memory. On failure `batch` is unchanged. Empty content is an empty batch and leaves the
+// header words unchanged. Never changes the path.
 BatchFileStatus ParseBatchFile(std::string_view bytes, Batch& batch);
-// The bytes that stand for a batch.
+// Returns the content of the file for a batch. Does not check the limits.
 [[nodiscard]] std::string FormatBatchFile(const Batch& batch);
 
-// Reads a file whole, its path included, or changes nothing.
+// Reads a file and stores its path in `batch`. On failure `batch` is unchanged.
 BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch);
-// Replaces the file whole or leaves it as it was.
+// Replaces the file atomically. On failure the old file is unchanged. Does not store the path.
 BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whoever ends the program when it cannot go on.
+// Ends the program after an unrecoverable error.
 
 #pragma once
 
@@ -12,9 +12,9 @@ namespace quorbit {
 class FatalHandler {
 public:
     virtual ~FatalHandler() = default;
-    // Shows the text in a stop box (or where there is no screen, on standard error) and sees to it
-    // that the process ends with exit code 0. It may end at once or later: whoever calls this does
-    // nothing afterwards but return. May be called on any thread.
+    // Shows the text in a message box, or prints it to standard error if there is no display, and
+    // makes the process exit with code 0. It may return before the process ends, so the caller must
+    // do nothing else and return. Any thread.
     virtual void FatalMessage(const std::string& text) = 0;
 };
 

@@ -13,13 +13,13 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kValueBuffer = 128;  // bytes, one of them for a closing NUL
-constexpr std::size_t kNameBuffer = 80;    // likewise, for the name of the version folder
+constexpr std::size_t kValueBuffer = 128;  // bytes, including a terminating NUL
+constexpr std::size_t kNameBuffer = 80;    // the same for the name of the section
 
 constexpr const char* kFirstRunAhead = "1";
 constexpr const char* kFirstRunDone = "0";
 
-// What a new store holds, by the environment as it is now.
+// Returns the values of a new store, based on the current environment. Creates the state folder.
 Result<std::vector<SettingsValue>> MakeTemplate(const std::string& folder)
 {
     const std::string state = StateFolder();

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The machine-wide values: what set-up lays down and the program mostly reads. They lie in the
-// first section of the machine store, which is named after a version of the product; any will do.
+// The machine-wide values, written by set-up and mostly read by the program. They are stored in the
+// first section of the machine store. The section is named after a product version; any name is
+// accepted. One thread at a time.
 
 #pragma once
 
@@ -27,31 +28,31 @@ inline constexpr const char* kRegistryMessage =
 
 enum class MachineValue {
     LogFile = 0,      // full path of the log of the last run; empty before the first run
-    InstallPath = 1,  // folder of the logs, with a closing separator
-    HelpFile = 2,     // the help's first page
+    InstallPath = 1,  // folder of the logs, with a trailing separator
+    HelpFile = 2,     // path of the first page of the help
     Run1 = 3,         // "1" before the first start
 };
-// The name under which a value is stored.
+// Returns the name under which a value is stored.
 [[nodiscard]] const char* NameOf(MachineValue value);
 
 class MachineValues {
 public:
-    // Neither store nor handler is owned by the values; the handler must outlive them.
+    // Stores a copy of the store. The handler is not owned and must outlive this object.
     MachineValues(SettingsStore store, FatalHandler& fatal)
         : m_store(std::move(store)), m_fatal(fatal)
     {
     }
 
-    // The text of a value; empty if it is missing or has 128 bytes or more. Reading Run1 when it is
-    // "1" sets the first-run flag and stores "0". Nothing at all means that the fatal handler was
-    // called: the store cannot be read and written, it has no section, the log file's path is
-    // missing or too long, or Run1 could not be stored.
+    // Returns a value, or an empty string if it is missing or has 128 bytes or more. If Run1 is
+    // "1", reading it sets the first-run flag and stores "0". Calls the fatal handler and returns
+    // nullopt if the store cannot be read and written, has no section or one whose name has 80
+    // bytes or more, if the log path is missing or too long, or if Run1 cannot be stored.
     [[nodiscard]] std::optional<std::string> GetRegValue(MachineValue value);
-    // True on success; else the fatal handler was called.
+    // Returns true on success. Otherwise calls the fatal handler and returns false.
     [[nodiscard]] bool SetRegValue(const std::string& name, const std::string& text);
     [[nodiscard]] bool SetRegValue(const std::string& name, std::uint32_t word);
 
-    // This is the first start. Known after Run1 was read.
+    // True on the first start of the program. Valid after Run1 was read.
     [[nodiscard]] bool IsFirstRun() const { return m_bFirstRun; }
 
 private:
@@ -63,12 +64,12 @@ private:
     bool m_bFirstRun = false;
 };
 
-// Lays down the machine store if there is none: Run1 "1", Install Path (the user's state folder,
-// which is made), Help File (the installed help, if any), and an empty Log File, so that the
-// options can be opened before the first run. A store that is there stays as it is.
+// Creates the machine store if it does not exist: Run1 "1", Install Path (the state folder of the
+// user, which is created), Help File (the installed help, or empty), and an empty Log File, so that
+// the options can be opened before the first run. An existing store is not changed.
 Status EnsureMachineStore(const SettingsStore& machine);
-// Set-up without a window: lays down what is missing and stores Run1 as "0", so that the next start
-// is no first start. Also mends a store that has no section.
+// Performs an unattended set-up: adds missing values and stores Run1 as "0", so that the next start
+// is not a first start. Also adds a section to a store that has none.
 Status CompleteSetup(const SettingsStore& machine);
 
 }  // namespace quorbit

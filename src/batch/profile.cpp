@@ -49,6 +49,7 @@ void Profile::WriteProfileInt(Setting setting, std::int32_t value) const
 
 void Profile::WriteProfileString(Setting setting, const std::string& value) const
 {
+    // Losing a window size or a similar setting must not interrupt the user.
     (void)m_store.Write({ValueOf(setting, value)});
 }
 

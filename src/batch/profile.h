@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The user's profile: the settings of batch/settings.h with their defaults, and the drive map.
+// The profile of the user: the settings of batch/settings.h with their defaults, and the drive map.
 //
-// Nothing here fails: a value that is missing or cannot be read gives its default, and a write that
-// fails is not noticed. A value of one type is never asked for as the other. Any thread.
+// No function fails: a missing or unreadable value yields its default, and write errors are
+// ignored. The type of the setting must match the function. Any thread.
 
 #pragma once
 
@@ -32,24 +32,26 @@ public:
 
     [[nodiscard]] std::int32_t GetProfileInt(Setting setting) const;
     [[nodiscard]] std::string GetProfileString(Setting setting) const;
-    // With a default that the table does not know. A value that is stored as empty stays empty.
+    // Returns `standard` instead of the default of the table if no value is stored. A stored empty
+    // value is returned as it is.
     [[nodiscard]] std::string GetProfileString(Setting setting, const std::string& standard) const;
     void WriteProfileInt(Setting setting, std::int32_t value) const;
     void WriteProfileString(Setting setting, const std::string& value) const;
-    // Several integers at the cost of one.
+    // Writes several integers with one replacement of the file.
     void WriteProfileInts(const std::vector<std::pair<Setting, std::int32_t>>& values) const;
 
-    // 200 by 260 if no width is stored; 550 high if a width is stored and no height.
+    // 200 x 260 if no width is stored. If only a width is stored, the height is 550.
     [[nodiscard]] PaneSize DriveViewSize() const;
-    // 640 by 140; 100 high in that case.
+    // 640 x 140 if no width is stored. If only a width is stored, the height is 100.
     [[nodiscard]] PaneSize EditViewSize() const;
 
-    // The most recent first, at most eight. Empty places are left out.
+    // At most eight paths, the most recent first. Empty values are skipped.
     [[nodiscard]] std::vector<std::string> RecentFiles() const;
+    // Stores the first eight paths and clears the remaining values.
     void WriteRecentFiles(const std::vector<std::string>& paths) const;
 
-    // Section "Drives": each "C=/mnt/c" gives a folder to a drive letter. What is no letter and
-    // what is no absolute path is passed over.
+    // Reads section "Drives": each "C=/mnt/c" assigns a folder to a drive letter. Ignores names
+    // that are not letters and folders that are not absolute. The first of two equal letters wins.
     [[nodiscard]] DriveMap ReadDrives() const;
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The questions that the program asks a person: message boxes and file dialogs. One object answers
-// all of them, so that a test can. User interface thread only.
+// Message boxes and file dialogs. One interface for all of them, so that tests can answer. User
+// interface thread only.
 
 #pragma once
 
@@ -17,21 +17,22 @@ enum class PromptButtons { Ok, YesNo, YesNoCancel };
 enum class PromptAnswer { Ok, Yes, No, Cancel };
 
 struct FileQuestion {
-    std::string caption;               // empty: the one that fits
-    std::string folder;                // where the dialog starts; empty: the system's choice
+    std::string caption;               // empty: the default caption of the dialog
+    std::string folder;                // initial folder; empty: chosen by the system
     std::string name;                  // proposed file name
-    std::string defaultSuffix;         // without the dot; appended to a name typed without one
+    std::string defaultSuffix;         // without the dot; appended to a name without a suffix
     std::vector<std::string> filters;  // each "Text (*.mask)"
 };
 
 class Prompts {
 public:
     virtual ~Prompts() = default;
-    // A modal box; returns when it is answered. Closing it counts as Cancel, else No, else Ok. An
-    // empty caption means the application's name.
+    // Shows a modal message box and waits for the answer. Closing the box returns Cancel if there
+    // is such a button, otherwise No, otherwise Ok. An empty caption stands for the name of the
+    // application.
     virtual PromptAnswer Ask(const std::string& text, const std::string& caption, PromptIcon icon,
                              PromptButtons buttons) = 0;
-    // The path that was chosen; nothing on Cancel.
+    // Return the chosen path, or nullopt if the user cancels.
     virtual std::optional<std::string> AskOpenFile(const FileQuestion& question) = 0;
     virtual std::optional<std::string> AskSaveFile(const FileQuestion& question) = 0;
 };

@@ -12,7 +12,7 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kTextBuffer = 2048;  // bytes, one of them for a closing NUL
+constexpr std::size_t kTextBuffer = 2048;  // bytes, including a terminating NUL
 
 const Error kNoKey(ErrorKind::Missing, "There is no such key");
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A key of named values, by a path in the way of a registry ("Software\Halvane
-// Works\Quorbit\1.00").
+// A key with named values, addressed by a registry path such as "Software\Halvane
+// Works\Quorbit\1.00". Each key is a section of a settings store. One thread at a time.
 
 #pragma once
 
@@ -17,9 +17,9 @@
 namespace quorbit {
 
 enum class RegParent {
-    LocalMachine,  // the machine store, below "Software\Halvane Works\Quorbit\"
-    CurrentUser,   // the user's profile, below the same
-    ClassesRoot,   // the file types; every key is in it
+    LocalMachine,  // machine store; keys start with "Software\Halvane Works\Quorbit\"
+    CurrentUser,   // profile of the user; same start
+    ClassesRoot,   // file types; any key
 };
 
 class CRegKey {
@@ -29,18 +29,20 @@ public:
     CRegKey(const CRegKey&) = delete;
     CRegKey& operator=(const CRegKey&) = delete;
 
-    // Opens the key for reading and writing and closes the one that was open. A key that does not
-    // exist is opened too: it comes into being with its first value. Upper and lower case are one.
+    // Closes the current key and opens another one for reading and writing. A key that does not
+    // exist is created by the first Write. Keys are not case-sensitive. Returns Missing if the key
+    // is not below the product key or is empty, and AccessDenied if the store cannot be read and
+    // written.
     Status Open(RegParent parent, const std::string& key);
-    // Ok also if none is open.
+    // Always succeeds, even if no key is open.
     Status Close();
 
-    // These fail if no key is open. An empty name stands for the value of the key itself.
+    // These return Missing if no key is open. An empty name addresses the value of the key itself.
     Status Write(const std::string& name, std::uint32_t value);
     Status Write(const std::string& name, const std::string& value);
-    // value is only set on success.
+    // These set `value` only on success.
     Status Read(const std::string& name, std::uint32_t& value) const;
-    // At most 2,047 bytes.
+    // Fails if the text is longer than 2,047 bytes.
     Status Read(const std::string& name, std::string& value) const;
 
 private:
@@ -54,12 +56,12 @@ private:
     std::string m_strKey;  // as given to Open
 };
 
-// Writes a text under ClassesRoot, as the key's own value if there is no name. True on success.
+// Writes a text below ClassesRoot, as the value of the key itself if valueName is empty. Returns
+// true on success.
 [[nodiscard]] bool SetRegKey(const SettingsStores& stores, const std::string& key,
                              const std::string& value, const std::string& valueName = {});
 
-// The path of the key that holds the machine-wide values: what CRegKey opens to read "Install
-// Path".
+// Returns the key of the machine-wide values, for example to read "Install Path" through CRegKey.
 [[nodiscard]] std::string MachineKeyPath();
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Every value that a user's profile may hold, by name.
+// The settings in the profile of a user: section, name, type, default and meaning. Any thread.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace quorbit {
 
-// In the order of the table. Numbered ones follow each other; see NthSetting.
+// In the order of the table in settings.cpp. Numbered settings are consecutive; see NthSetting.
 enum class Setting {
     OptFlags,
     QrbFilePath,
@@ -66,7 +66,7 @@ inline constexpr int kRecentFiles = 8;
 
 // The bits of OptFlags.
 inline constexpr std::int32_t kOptSuppressErrors = 1;  // no error boxes during a run
-inline constexpr std::int32_t kOptRefreshViews = 2;    // read the panes anew after a run
+inline constexpr std::int32_t kOptRefreshViews = 2;    // refresh the panes after a run
 
 // The values of WindowState.
 enum : std::int32_t {
@@ -86,13 +86,13 @@ struct SettingInfo {
     std::int32_t defaultInteger;  // for SettingType::Integer
     const char* defaultText;      // for SettingType::Text
     bool positiveOnly;            // a stored integer of 0 or less counts as missing
-    const char* meaning;          // for a person
+    const char* meaning;          // a short description, in English
 };
 
-// All settings, each at the place of its number.
+// Returns all settings, indexed by the value of Setting.
 [[nodiscard]] std::span<const SettingInfo> AllSettings();
 [[nodiscard]] const SettingInfo& InfoOf(Setting setting);
-// The index-th of numbered settings, e.g. (EditHeader0, 2) is EditHeader2.
+// Returns the setting `index` places after `first`: (EditHeader0, 2) is EditHeader2.
 [[nodiscard]] constexpr Setting NthSetting(Setting first, int index)
 {
     return static_cast<Setting>(static_cast<int>(first) + index);
