@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The numbered versions of an incremental backup. Worker thread only.
+// Creates the numbered versions of incremental backups. Worker thread only.
 
 #pragma once
 
@@ -12,17 +12,16 @@
 namespace quorbit {
 
 enum class Rotation {
-    NoneFree,  // all numbers are taken
-    Linked,    // the file has its number and still its name
-    Renamed,   // the file has its number only
-    Failed,    // a number was free, but the file could not be given it
+    NoneFree,  // all numbers are in use
+    Linked,    // the file has both its numbered and its plain name
+    Renamed,   // the file has only its numbered name
+    Failed,    // a number was free, but neither link nor rename succeeded
 };
-// Gives a file of the folder the lowest free number between stem and suffix: report.doc becomes
-// report1.doc. The name is split at its first dot; a name without a dot is all suffix. Numbers go
-// from 1 to 198.
+// Gives a file the lowest free number from 1 to 198, inserted before the first dot of its name:
+// report.doc becomes report1.doc. A name without a dot gets the number in front.
 [[nodiscard]] Rotation RotateBackup(FileSystem& files, const Folder& folder,
                                     const std::string& name);
-// The name with a number in it.
+// Returns the name with the number inserted.
 [[nodiscard]] std::string NumberedName(const std::string& name, int number);
 
 }  // namespace quorbit

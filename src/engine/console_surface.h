@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A run without a window. Silent, but for errors on standard error; on a terminal also one live
-// line.
+// Shows an unattended run on the console: errors on standard error and, on a terminal, a progress
+// line on standard output.
 
 #pragma once
 
@@ -16,16 +16,16 @@
 
 namespace quorbit {
 
-// Called by the worker only.
+// Worker thread only.
 class ConsoleSurface : public RunSurface {
 public:
-    // Where the words go. A live line is drawn only if there is a width for it.
+    // The outputs. The progress line is drawn only if liveWidth returns a width.
     struct Streams {
         std::function<void(std::string_view)> out;
         std::function<void(std::string_view)> error;
-        std::function<int()> liveWidth;  // columns of the terminal; 0: there is none
+        std::function<int()> liveWidth;  // columns of the terminal; 0: not a terminal
     };
-    // elapsed gives the elapsed time of the run as text.
+    // elapsed: returns the elapsed time of the run as text.
     ConsoleSurface(Streams streams, std::function<std::string()> elapsed);
 
     void ShowText(RunText which, std::string_view text) override;
@@ -33,7 +33,7 @@ public:
     void AddBytes(std::uint64_t bytes) override;
     void OnPhase(RunPhase phase, std::int32_t total) override;
     void ShowError(std::string_view text) override;
-    // Nobody is there to answer: No.
+    // Returns No: an unattended run asks no questions.
     bool AskYesNo(std::string_view text, std::string_view caption) override;
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
 
@@ -50,12 +50,12 @@ private:
     bool m_bDrawn = false;
 };
 
-// Standard output and standard error of the process; the live line if standard output is a
-// terminal.
+// Returns the standard output and standard error of the process. The progress line is on if
+// standard output is a terminal.
 [[nodiscard]] ConsoleSurface::Streams StandardStreams();
 
-// Text cut to a number of columns, the middle replaced by "..." where it is too long. Characters
-// are counted as one column.
+// Shortens UTF-8 text to a number of columns; "..." replaces the middle. Counts each code point as
+// one column.
 [[nodiscard]] std::string FitColumns(const std::string& text, std::size_t columns);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The elapsed time of a run: a monotonic clock in whole seconds that can be paused. Any thread.
+// Measures the elapsed time of a run with a monotonic clock that can be paused. Any thread.
 
 #pragma once
 
@@ -16,14 +16,15 @@ namespace quorbit {
 class ElapsedClock {
 public:
     using Now = std::function<std::chrono::steady_clock::time_point()>;
-    // Starts at once.
+    // Starts the clock.
     explicit ElapsedClock(Now now = std::chrono::steady_clock::now);
 
     void Pause();   // calls do not nest
-    void Resume();  // starts a paused clock again
-    void Stop();    // for good
+    void Resume();  // restarts a paused clock; no effect after Stop
+    void Stop();    // final
+    // Complete seconds, without pauses.
     [[nodiscard]] std::int64_t Seconds() const;
-    // Hours, minutes, seconds without leading zeros: "0:2:7".
+    // Returns hours, minutes and seconds without leading zeros: "0:2:7".
     [[nodiscard]] std::string Text() const;
 
 private:

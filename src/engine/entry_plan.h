@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a run does for one entry: the one place where an entry is understood. A plan is made of
-// plain values and asks no disk, so that it can be counted, carried out, simulated or described.
-// Any thread.
+// The steps that a run performs for one entry. Only this code interprets the fields of an entry. A
+// plan consists of plain values and is built without disk access, so that it can be counted,
+// processed, simulated or described. Any thread.
 
 #pragma once
 
@@ -17,31 +17,33 @@ namespace quorbit {
 
 enum class StepKind {
     Walk,          // transfers or deletes the selected files of a folder
-    DeleteFolder,  // deletes a folder with all that it holds
+    DeleteFolder,  // deletes a folder recursively
     RunScript,
 };
 
 struct PlanStep {
     StepKind kind = StepKind::Walk;
-    // The folder, with a closing separator, or the path of the script. Empty: the entry names none,
-    // and the step fails.
+    // The folder, with a trailing separator, or the path of the script. Empty if the entry names
+    // none; the step then fails.
     std::string source;
-    // Where a walk puts files, with a closing separator; empty if it puts them nowhere.
+    // The destination folder of a walk, with a trailing separator; empty if the step copies
+    // nothing.
     std::string target;
-    // The name under which the target is opened in the destination of the entry; empty if it is
-    // that destination, or has to be opened by its own path.
+    // The name of the target inside the destination of the entry. Empty if the target is that
+    // destination, or if it must be opened by its own path.
     std::string targetName;
-    // The target is made before the walk, also if no file will come; else with its first file.
+    // Create the target before the walk, even if no file is copied. Otherwise the first file
+    // creates it.
     bool makesTarget = false;
-    // The count pass adds one unit without a look at the disk; else it walks the source.
+    // The count pass adds one unit without disk access. Otherwise it walks the source.
     bool oneUnit = false;
 };
 
 struct EntryPlan {
-    WalkRules rules;              // of every step
-    std::string destination;      // of the entry, with a closing separator; empty if none is used
-    std::vector<PlanStep> steps;  // in their order
-    // The count pass adds one unit for the entry, whatever its steps.
+    WalkRules rules;              // for all steps
+    std::string destination;      // of the entry, with a trailing separator; empty if unused
+    std::vector<PlanStep> steps;  // in processing order
+    // The count pass adds one unit for the entry, regardless of its steps.
     bool oneUnit = false;
 };
 

@@ -8,11 +8,10 @@
 namespace quorbit {
 
 enum : int {
-    kExitOk =
-        0,  // a run without errors, or nothing was asked for; also the end after a fatal message
-    kExitErrors = 1,  // a run that met errors
+    kExitOk = 0,      // a run without errors, or no run requested; also after a fatal message
+    kExitErrors = 1,  // a run with errors
     kExitNoRun =
-        2,  // there was no run: unreadable file, no display, another run is on, wrong words
+        2,  // no run: unreadable file, no display, another run in progress, invalid command line
 };
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The script step.
+// Runs the script of a script entry. Worker thread only.
 
 #pragma once
 
@@ -15,14 +15,13 @@
 
 namespace quorbit {
 
-// Runs a script in its folder and waits for its end. DCF_SCRIPT_DOS: the file itself if it is
-// executable, else by /bin/sh. DCF_SCRIPT_WSH: the file itself if it is executable, else by the
-// interpreter for its extension. A script that cannot be started is reported; what it returns is
-// not used. Worker thread only.
+// Runs a script in its folder and waits for it. Executes an executable file directly. Otherwise
+// uses /bin/sh for DCF_SCRIPT_DOS, and the interpreter for the extension for DCF_SCRIPT_WSH.
+// Reports an error if the script cannot be started; ignores its exit status.
 void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags);
 
-// How a script is started: its command line, or the reason why it cannot be. nativePath is as the
-// system takes it.
+// Returns the command line of a script, or the reason why it cannot be started. nativePath: a path
+// of the operating system, not a drive path.
 [[nodiscard]] Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
                                                              const std::string& nativePath,
                                                              std::uint32_t dwFlags);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What happens when something fails: it is logged and counted, the person is asked, and the run
-// goes on with the next file. Worker thread only.
+// Logs and counts an error and asks the user whether to cancel. Otherwise the run continues with
+// the next file. Worker thread only.
 
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace quorbit {
 
-// Reports the failure of an operation on a file or folder. May set g_bStopRun: on a Yes in the
-// prompt, and in an unattended run at the sixth error.
+// Reports a failed operation on a file or folder. Sets g_bStopRun if the user answers Yes, and in
+// an unattended run at the sixth error.
 void ReportFileError(CRunContext& ctx, const Error& error);
-// Reports a source folder that cannot be listed.
+// Reports a source folder that cannot be listed. Sets g_bStopRun if the user answers Yes.
 void ReportInvalidSource(CRunContext& ctx, const std::string& folder);
-// The prompt for an invalid source folder. Asks nothing in an unattended run, or if boxes are
-// suppressed.
+// Asks whether to cancel after an invalid source folder; Yes sets g_bStopRun. Does nothing in an
+// unattended run or if error boxes are off.
 void AskCancelRun(CRunContext& ctx, const std::string& message);
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The work on one file once a walk has selected it. Every operation announces itself as an action
-// before it acts and raises one counter of the run, or none. Worker thread only.
+// Copies, replaces or deletes one selected file, and creates destination folders. Each operation
+// first shows and logs its action, and then raises one counter or none. Worker thread only.
 
 #pragma once
 
@@ -15,22 +15,23 @@
 
 namespace quorbit {
 
-// A folder of the source: its text with a closing separator, and the open folder.
+// A source folder: its path with a trailing separator, and the open folder (not owned).
 struct SourceFolder {
     std::string path;
     const Folder& handle;
 };
 
-// Copies, syncs, backs up or leaves one file, by the flags of its entry. `opened` is the file in
-// hand if it was opened already, else null.
+// Copies, syncs, backs up or skips one file, depending on the flags of its entry. `opened` is the
+// source file if it is already open, otherwise null; not owned. Errors are reported.
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   const FindData& item, SourceFile* opened, std::uint32_t dwFlags);
 
+// Deletes a file of the source folder. Errors are reported.
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name);
 
-// Makes sure that a folder stands at the destination, creating what is missing from the top down.
-// `source` and `asGiven` are the lines of its report; `like` gives the new folder its permissions
-// and may be null.
+// Creates a destination folder and its missing parents. `source` and `asGiven` are the paths to
+// log. The new folder gets the permissions of `like`, which may be null; new parents get the
+// defaults. Errors are reported.
 void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
                   const std::string& asGiven, const Folder* like);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The items of one folder as every walk reads them. Worker thread only.
+// Lists the items of one folder, for all walks. Worker thread only.
 
 #pragma once
 
@@ -14,12 +14,12 @@ namespace quorbit {
 
 class FolderItems {
 public:
-    // The folder and the file system must outlive the reading.
+    // The file system and the folder are not owned and must outlive the result.
     [[nodiscard]] static Result<FolderItems> List(FileSystem& files, const Folder& folder);
 
-    // The next item in the order of the listing, its kind found out where the listing leaves it
-    // open. False at the end, and as soon as a stop was asked for. An error ends the reading; it
-    // must not pass for the end of the folder.
+    // Reads the next item in listing order and determines its kind if the listing does not contain
+    // it. Returns false at the end, and as soon as a stop is requested. An error ends the listing;
+    // do not treat it as the end of the folder.
     [[nodiscard]] Result<bool> Next(FindData& item);
 
 private:
@@ -30,7 +30,7 @@ private:
     std::unique_ptr<Listing> m_listing;
 };
 
-// The path of a folder below one whose path ends in a separator, with a closing separator.
+// Returns the path of a subfolder, with a trailing separator. `folder` must end in a separator.
 [[nodiscard]] std::string SubfolderPath(const std::string& folder, const std::string& name);
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whether it pays to have files fetched before their turn: only while the disk turns out to be
-// slower than the memory. One for a whole run, since the caches are one. Worker thread only.
+// Decides when to prefetch source files: only while the disk is slower than the page cache. One
+// object per run, because all folders share that cache. Worker thread only.
 
 #pragma once
 
@@ -14,13 +14,15 @@ namespace quorbit {
 
 class ReadAheadPolicy {
 public:
+    // True while source files should be prefetched.
     [[nodiscard]] bool Pays() const { return m_bPays; }
-    // How the next file is to be opened: now and then one is asked whether it is in memory.
+    // Returns how to open the next file. One file in 16 is checked for being cached.
     [[nodiscard]] ReadAhead Next();
-    // What came of a file that was opened with ReadAhead::Start. inVain:
+    // Records whether a file opened with ReadAhead::Start was cached. inVain: the value of
     // FileSystem::FetchedInVain.
     void Learn(bool wasCached, std::size_t inVain);
-    // What came of the files that were fetched.
+    // Records the value of FileSystem::FetchedInVain and turns prefetching off after 128 cached
+    // files in a row.
     void LearnFetched(std::size_t inVain);
 
 private:

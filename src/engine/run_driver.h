@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One run: the count pass, the process pass, the totals.
+// Performs a run: the count pass, the process pass and the totals. Worker thread only.
 
 #pragma once
 
@@ -9,14 +9,15 @@
 
 namespace quorbit {
 
-// The body of the worker thread: takes the document of the context through one run, from the head
-// of the log to its footer. In the modes that end by themselves it closes the surface last, after
-// which the context may be gone. Always returns 0.
+// The worker thread function. Runs the batch of the context and writes the log from head to footer.
+// With kRunInvisible or kRunAndQuit, the last call is OnPhase(Closed), after which the context may
+// no longer exist. Always returns 0.
 unsigned RunThreadProc(CRunContext* pCtx);
 
-// The count pass. False if a stop was found; true otherwise, also when the count was given up.
+// Performs the count pass. Returns false if a stop was requested, and true otherwise, even if the
+// user gave up counting.
 [[nodiscard]] bool CountEntries(CRunContext& ctx);
-// The process pass. False if a stop ended it.
+// Performs the process pass. Returns false if a stop ended it.
 [[nodiscard]] bool ProcessEntries(CRunContext& ctx);
 
 }  // namespace quorbit

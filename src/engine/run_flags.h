@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The three words that steer a run from outside. Zero when the program starts. Atomics, so that a
-// button, a signal handler and the worker may touch them at any time; lock-free, as a signal
-// handler demands.
+// Process-wide flags that control the current run. Initially 0. Lock-free atomics, because buttons,
+// signal handlers and the worker access them at any time (signal-safety(7)).
 
 #pragma once
 
@@ -11,9 +10,8 @@
 
 namespace quorbit {
 
-extern std::atomic<int>
-    g_bStopRun;  // stop at the next test; at the end of a run also "the run is over"
+extern std::atomic<int> g_bStopRun;       // stop at the next check; also set when the run has ended
 extern std::atomic<int> g_bRunStarted;    // a run was started
-extern std::atomic<int> g_bStopCounting;  // the count was given up: no total exists
+extern std::atomic<int> g_bStopCounting;  // the user gave up counting; the total is unknown
 
 }  // namespace quorbit

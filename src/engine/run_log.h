@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The log file of one run, as a stream of lines. run_report.h writes the lines.
+// Buffers the lines of a log file. run_report.h writes the lines.
 
 #pragma once
 
@@ -15,24 +15,24 @@
 
 namespace quorbit {
 
-// Gathers lines and writes them when 100 ms have passed since the first of them, when 64 KB are
-// full, and when told to. A write for every line would cost a run over small files a tenth of its
-// speed. Worker thread only.
+// Writes the buffer 100 ms after its first line, at 64 KiB, and on request. One write(2) per line
+// would slow down a run over small files by a tenth. The age is checked only in calls. Worker
+// thread only.
 class RunLog {
 public:
     using Now = std::chrono::steady_clock::time_point (*)();
     explicit RunLog(std::unique_ptr<LogOutput> output, Now now = CoarseNow);
 
-    // Adds the text and CR LF. False if gathered lines were due and could not be written; they are
-    // lost then, and the log goes on with what follows.
+    // Adds the text and CR LF. Returns false if buffered lines could not be written. Those lines
+    // are lost; later lines are still written.
     [[nodiscard]] bool Add(std::string_view text) { return Add(text, {}); }
-    // The same for a label and a path, which is made printable.
+    // The same for a label and a path. Control characters in the path are escaped.
     [[nodiscard]] bool Add(std::string_view label, std::string_view path);
-    // Writes what is gathered if its 100 ms are over. False as for Add.
+    // Writes the buffer if its first line is 100 ms old. Returns false like Add.
     [[nodiscard]] bool FlushIfDue();
-    // Writes what is gathered. False as for Add.
+    // Writes the buffer. Returns false like Add.
     [[nodiscard]] bool Flush();
-    // Writes what is gathered and closes the file. False if something of the log may be lost.
+    // Writes the buffer and closes the file. Returns false if lines may be lost.
     [[nodiscard]] bool Close();
 
 private:

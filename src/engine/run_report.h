@@ -14,57 +14,59 @@
 
 namespace quorbit {
 
-// --- what is being done
+// --- Actions and files
 
-// Shows what is being done and logs it, after an empty line.
+// Shows an action and logs it after an empty line.
 void ShowAction(CRunContext& ctx, std::string_view text);
+// These log the value if bLog is set, and show it if bShow is set.
 void ShowCurrentFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow);
 void ShowDestFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow);
 void ShowFileSize(CRunContext& ctx, std::uint64_t bytes, bool bLog, bool bShow);
-// "4 KB": from the low 32 bits of the size in bytes.
+// Returns a text such as "4 KB", computed from the low 32 bits of the size. See docs/run-log.md for
+// the rounding.
 [[nodiscard]] std::string FileSizeText(std::uint64_t bytes);
 
-// --- how far it has come
+// --- Progress
 
-// Begins a phase. Closed is the last call for a context.
+// Starts a phase. After Closed the context may no longer exist.
 void EnterPhase(CRunContext& ctx, RunPhase phase);
-// The total: a number, or a word where there is none.
+// Shows the total: a number, or a word if it is unknown.
 void ShowTotal(CRunContext& ctx, std::string_view total);
-// Bytes copied since the last call.
+// Reports the bytes copied since the last call.
 void ShowBytes(CRunContext& ctx, std::uint64_t bytes);
-// Adds one to a counter of the context and shows it.
+// Increments a counter of the context and shows it.
 void Raise(CRunContext& ctx, std::int32_t CRunContext::*counter, RunCounter which);
-// The count pass has found a unit.
+// Adds one unit to the files left. Count pass only.
 void AddUnit(CRunContext& ctx);
-// True if the count was given up: no figure stands then.
+// Returns true if the user gave up counting, and sets the files left to 0.
 [[nodiscard]] bool CountGivenUp(CRunContext& ctx);
-// A unit is done: takes it off the files left, unless the count was given up.
+// Removes a finished unit from the files left, unless the user gave up counting.
 void TakeOffUnit(CRunContext& ctx);
 
-// --- errors and questions
+// --- Errors and questions
 
-// Logs an error, counts it and shows it. The line of the log is brought to the file at once.
-// text ends without a line end, logText as its line is to end before the line end of every line.
+// Logs, counts and shows an error. Writes the log line to the file immediately. `text` has no line
+// end; a line end in logText is logged in addition to that of the line.
 void ReportError(CRunContext& ctx, std::string_view logText, std::string_view text);
-// Asks Yes or No; true for Yes. All lines before it are in the file while it waits.
+// Asks a Yes/No question and returns true for Yes. Flushes the log before it blocks.
 [[nodiscard]] bool Ask(CRunContext& ctx, std::string_view text, std::string_view caption);
-// A box with OK. An empty caption means the application's own.
+// Shows a message box with OK. An empty caption stands for the name of the application.
 void Tell(CRunContext& ctx, std::string_view text, std::string_view caption, PromptIcon icon);
 
-// --- the log
+// --- Log
 
-// One line into the log of the run. A failure is told to the surface; the run goes on.
+// Logs one line. Shows a message if writing fails; the run continues.
 void WriteLogLine(CRunContext& ctx, std::string_view line);
-// The lines at the beginning and at the end of a log.
+// Log the first and the last lines.
 void WriteLogHead(CRunContext& ctx);
 void WriteLogFooter(CRunContext& ctx, std::string_view elapsed, std::string_view total);
-// The line that says why the process pass was cut short.
+// Logs why the process pass was stopped.
 void WriteLogStop(CRunContext& ctx);
-// Brings all lines to the file: before anything that may take long.
+// Writes all lines to the file. Call it before an operation that may take long.
 void FlushLog(CRunContext& ctx);
-// For work that may go on for long without a line.
+// Writes lines that are due. Call it during work that logs nothing for long.
 void FlushLogIfDue(CRunContext& ctx);
-// Closes the log for good.
+// Closes the log. Later lines are discarded.
 void CloseLog(CRunContext& ctx);
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The start of a run, the same for a run in the window and for one without: where its log is, the
-// lock on that log, the reason for a refusal, and the context.
+// Starts a run, in the window or unattended: determines the log path, creates and locks the log,
+// and creates the context, or returns the reason for a refusal.
 
 #pragma once
 
@@ -25,27 +25,28 @@
 
 namespace quorbit {
 
-// What a run needs from the program around it. Nothing is owned; all of it outlives the run, and
-// files and processes belong to the worker while the run is on.
+// Services for a run. Pointers are not owned and must outlive the run. During the run only the
+// worker may use the file system and the process runner.
 struct RunServices {
-    Required<MachineValues*> pMachine;  // the folder of the logs; keeps the path of the last one
+    Required<MachineValues*>
+        pMachine;  // provides the folder of the logs; stores the path of the last log
     Required<FileSystem*> pFiles;
     Required<ProcessRunner*> pProcesses;
     DriveMap drives{};
 
     std::uint32_t nRunMode = 0;  // kRunAndQuit, kRunAndStayOpen, kRunInvisible
-    bool bSyncAtEnd = true;      // wait for the disk before the footer of the log is written
-    // The option bits kOptSuppressErrors and kOptRefreshViews, read at each use.
-    // Called by the worker, and by the user interface when no worker is.
+    bool bSyncAtEnd = true;      // sync the copies before writing the footer of the log
+    // Returns OptFlags (kOptSuppressErrors, kOptRefreshViews); called at each use. Called by the
+    // worker, and by the user interface while no worker runs.
     Required<std::function<std::uint32_t()>> readOptFlags;
-    RunLog::Now now = CoarseNow;  // for the elapsed time and for the lines of the log
+    RunLog::Now now = CoarseNow;  // for the elapsed time and the age of log lines
 };
 
-// Why a run did not start.
+// The reason why a run was not started.
 struct RunRefusal {
-    std::string text;           // empty: the fatal handler of the machine values has told it
-    int exitCode = kExitOk;     // of a process that was started for this run
-    bool bEndsProgram = false;  // even if it was not
+    std::string text;        // empty: already reported by the fatal handler of the machine values
+    int exitCode = kExitOk;  // if the process was started for this run
+    bool bEndsProgram = false;  // end the program even if it was not started for this run
 };
 
 struct RunStart {
@@ -53,14 +54,14 @@ struct RunStart {
     RunRefusal refusal;
 };
 
-// Stores the path of the document's log as the last one, creates the log and locks it, and makes
-// the context of the run. The clock of the run starts. The document and the surface must outlive
-// the run. Called on the thread that the machine values belong to.
+// Stores the path of the log as the last one, creates and locks the log, and creates the context
+// with its clock running. `batch` and `surface` must outlive the run. Call it on the thread that
+// uses the machine values.
 [[nodiscard]] RunStart StartRun(const Batch& batch, RunSurface& surface,
                                 const RunServices& services);
 
-// The path of a document's log: the name of the document with ".log" in the folder of the
-// installation. A document whose name has no dot, or that has no name, has the log ".log".
+// Returns the path of the log of a document: its name, with the extension replaced by ".log",
+// appended to installPath. If the name is empty or has no dot, the log is named ".log".
 [[nodiscard]] std::string MakeLogPath(std::string_view installPath, std::string_view documentPath);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which files a walk takes. Pure functions.
+// Selects files by mask, name and attributes. Pure functions. Any thread.
 
 #pragma once
 
@@ -12,15 +12,15 @@
 
 namespace quorbit {
 
-// Whether the list selects a name. nKind is the effective kind of the entry (DCK_), dwFlags its
-// flag word. A mask is its first character dropped and the rest compared with the end of the name,
-// letters without case; there are no other wildcards. Exactly "*.*" selects everything, also under
-// DCF_EXCLUDE.
+// Returns true if the list selects a name. nKind: DCK_TYPES or DCK_NAMES; dwFlags: the flags of the
+// entry. A mask selects names that end in the mask without its first character and are longer than
+// that; names must match completely. The case of ASCII letters is ignored, and there are no other
+// wildcards. "*.*" selects every file, even with DCF_EXCLUDE.
 [[nodiscard]] bool MatchFileType(const std::vector<std::string>& list, std::string_view fileName,
                                  std::uint32_t nKind, std::uint32_t dwFlags);
 
-// Whether a file's attribute word (kAttribute...) passes the attribute filter of an entry. nMask is
-// the low four bits of its flag word, which stand in another order than the attribute word.
+// Returns true if the attributes of a file (kAttribute... bits) pass the attribute filter of an
+// entry. nMask: the bits DCF_ATTR_MASK of its flags, whose order differs from kAttribute....
 [[nodiscard]] bool MatchAttributes(std::uint32_t attributes, std::uint32_t dwFlags,
                                    std::uint32_t nMask);
 

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The items of one source folder that a walk has to look at, in listing order: its folders, and the
-// files that the entry selects. Files that will surely be copied are handed out open. While the
-// disk turns out to be slower than the memory, names are read ahead from the listing and the files
-// are fetched in the background. The order of the work does not change, and no more than a fixed
-// number of names is held. Worker thread only.
+// Returns the items of one source folder in listing order: folders to enter, and files that the
+// entry selects. A file that will certainly be copied is returned open. If the disk is slow, reads
+// names ahead and prefetches their files in the background. The processing order stays the same,
+// and at most 128 names are buffered. Worker thread only.
 
 #pragma once
 
@@ -22,19 +21,20 @@ namespace quorbit {
 
 struct QueuedItem {
     FindData data;
-    std::unique_ptr<SourceFile> source;  // null if it is to be opened later
-    Status details;                      // whether size and time could be read
+    std::unique_ptr<SourceFile> source;  // null if the file is not open yet
+    Status details;                      // the error if size and time could not be read
 };
 
 class SourceQueue {
 public:
-    // All of them must outlive the queue.
+    // The arguments are not owned and must outlive this object.
     SourceQueue(FileSystem& files, const Folder& folder, FolderItems& listing,
                 const WalkRules& rules, ReadAheadPolicy& policy);
     SourceQueue(const SourceQueue&) = delete;
     SourceQueue& operator=(const SourceQueue&) = delete;
 
-    // The next item; false at the end, and once a stop was asked for. An error is the listing's.
+    // Reads the next item. Returns false at the end and after a stop request, and the error if
+    // listing fails.
     Result<bool> Next(QueuedItem& item);
 
 private:
@@ -48,9 +48,9 @@ private:
     FolderItems& m_listing;
     const WalkRules& m_rules;
     ReadAheadPolicy& m_policy;
-    bool m_bSurelyCopied;  // no later test can turn a file away
+    bool m_bSurelyCopied;  // no later check can exclude a file
     std::deque<FindData> m_items;
-    Result<bool> m_end = true;  // true while the listing goes on, then its end or its error
+    Result<bool> m_end = true;  // true until the listing ends or fails, then that result
 };
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The destination folders of one step of a plan. Worker thread only.
+// The destination folder of one step of a plan. Worker thread only.
 
 #pragma once
 
@@ -15,19 +15,19 @@ namespace quorbit {
 
 class StepTarget {
 public:
-    // dest is the destination of the entry, which its steps share; it must outlive this object.
-    // Opens nothing yet.
+    // dest: the destination of the entry, shared by its steps. Not owned; must outlive this object.
+    // Opens no folder.
     StepTarget(FileSystem& files, TargetFolder& dest, const PlanStep& step);
 
-    // Where the step puts its files.
+    // The folder into which the step copies.
     [[nodiscard]] TargetFolder& Folder() { return m_own ? *m_own : m_dest; }
-    // Whether this is the folder of the step or of its entry: a walk must not go into what it
-    // fills.
+    // Returns true for the destination folder of the step or of its entry. A walk must not enter
+    // them, because it would copy its own copies.
     [[nodiscard]] bool IsAt(const FolderIdentity& folder);
 
 private:
     TargetFolder& m_dest;
-    std::optional<TargetFolder> m_own;  // where it is another folder than that of the entry
+    std::optional<TargetFolder> m_own;  // unless it is the folder of the entry
 };
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A folder at the destination: named by text where an entry begins, by its parent and its name
-// below that. It may not exist yet. Worker thread only.
+// A destination folder, which may not exist yet. The top folder is given by its path, the others by
+// parent and name. Worker thread only.
 
 #pragma once
 
@@ -15,30 +15,33 @@ namespace quorbit {
 
 class TargetFolder {
 public:
-    // The destination of an entry. The path need not end in a separator.
+    // The destination of an entry. path may lack the trailing separator. `files` is not owned and
+    // must outlive this object.
     TargetFolder(FileSystem& files, const std::string& path);
-    // A folder inside another one, which must outlive it.
+    // A subfolder. The parent is not owned and must outlive this object.
     TargetFolder(TargetFolder& parent, std::string name);
     TargetFolder(const TargetFolder&) = delete;
     TargetFolder& operator=(const TargetFolder&) = delete;
 
-    // With a closing separator; empty if the entry names no destination.
+    // With a trailing separator; empty if the entry has no destination.
     [[nodiscard]] const std::string& Path() const { return m_strPath; }
-    // A volume, or nothing at all: there is no parent to create it in.
+    // True for the root of a volume and for an empty path: it has no parent in which it could be
+    // created.
     [[nodiscard]] bool IsTop() const;
-    // The folder above, to be created first if it is missing.
+    // The parent folder, which must be created first if it is missing.
     [[nodiscard]] TargetFolder& Parent();
 
-    // Opens the folder if that is possible. False if it does not stand.
+    // Opens the folder unless it is open and still exists. Returns false if it cannot be opened.
     bool Stands();
-    // The open folder; null while it does not stand.
+    // The open folder, or null if it is not open. Owned by this object.
     [[nodiscard]] const Folder* Handle() const { return m_handle.get(); }
-    // Whether it stands and is this very folder.
+    // Returns true if the folder exists and has this identity. Opens it if necessary.
     [[nodiscard]] bool Is(const FolderIdentity& folder);
-    // Whether this object has created the folder, so that it holds nothing but what was put into it
-    // since. Forgotten once it was lost from sight.
+    // True if this object created the folder, which therefore contains only what was put there
+    // since. False again after the folder was reopened because it had been removed.
     [[nodiscard]] bool IsNew() const { return m_bNew; }
-    // Creates the folder in its parent, which must stand. See FileSystem::CreateFolder for `like`.
+    // Creates the folder in its parent. Returns Missing if the parent does not exist. `like`: see
+    // FileSystem::CreateFolder.
     Status Create(const Folder* like);
 
 private:
@@ -47,9 +50,9 @@ private:
     FileSystem* m_pFiles;
     std::string m_strPath;
     std::string m_strName;
-    TargetFolder* m_pParent = nullptr;  // where this one was made from
+    TargetFolder* m_pParent = nullptr;  // not owned; null for the top folder
     std::unique_ptr<TargetFolder>
-        m_parentByPath;  // else the parent by text, made when it is asked for
+        m_parentByPath;  // parent of the top folder; null until it is used
     std::unique_ptr<Folder> m_handle;
     bool m_bSwept = false;
     bool m_bNew = false;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a transfer entry does with one file. Decides only; TransferFile acts on it.
+// Decides what to do with one file of a transfer entry. TransferFile executes the decision. Pure
+// function. Any thread.
 
 #pragma once
 
@@ -14,12 +15,12 @@ enum class TransferAction {
     Copy,         // "Copying File."
     Sync,         // "Sync File."
     LeaveSync,    // "Didn't Sync File."
-    Backup,       // the old file gets a number first, if one is free
+    Backup,       // first keeps the old file as a numbered version, if a number is free
     LeaveBackup,  // "Didn't backup file. No change detected."
 };
 
-// Times are whole seconds; no destination time means that there is no such file. The source is
-// newer only if its time is strictly greater. DCF_INCREMENTAL wins over DCF_SYNC.
+// Modification times in seconds since 1970-01-01 UTC; tDest is nullopt if the destination does not
+// exist. Only a strictly greater tSource is newer. DCF_INCREMENTAL overrides DCF_SYNC.
 [[nodiscard]] TransferAction DecideTransfer(std::uint32_t dwFlags, std::int64_t tSource,
                                             std::optional<std::int64_t> tDest);
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The walks of the two passes over a source folder. They work directly in the listing, in the order
-// in which the file system gives it, and build no list of files: memory grows with the depth of a
-// tree, not with its size. Neither goes into the target of its step. Worker thread only.
+// Walks a source folder in the count pass and in the process pass. Items are processed in listing
+// order and not collected, so memory grows with the depth of a tree, not with its size. Neither
+// walk enters the target of its step. Worker thread only.
 
 #pragma once
 
@@ -16,13 +16,13 @@
 
 namespace quorbit {
 
-// Adds the selected files of a folder to the files left. A folder that cannot be listed counts
-// nothing and is reported by ProcessFolder. False when the count was given up.
+// Adds the selected files of a folder to the files left. Skips a folder that cannot be listed;
+// ProcessFolder reports it. Returns false if the user gave up counting.
 [[nodiscard]] bool CountFolder(CRunContext& ctx, const std::string& folder, StepTarget& target,
                                const WalkRules& rules);
 
-// Transfers the selected files of a folder to the target, or deletes them. False if a stop was
-// asked for before it began.
+// Transfers the selected files of a folder to the target, or deletes them. Errors are reported.
+// Returns false if a stop was requested before it started.
 [[nodiscard]] bool ProcessFolder(CRunContext& ctx, const std::string& source, StepTarget& target,
                                  const WalkRules& rules, ReadAheadPolicy& readAhead);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The selection and traversal rules of one entry, as plain values.
+// The selection and traversal rules of one entry, as plain values. Any thread.
 
 #pragma once
 
@@ -17,15 +17,16 @@ namespace quorbit {
 
 struct WalkRules {
     std::vector<std::string> list;    // masks or names
-    std::uint32_t dwFlags = 0;        // the entry's flag word
-    std::uint32_t nMask = 0;          // its attribute mask
-    std::uint32_t nKind = DCK_TYPES;  // what the list holds: DCK_
+    std::uint32_t dwFlags = 0;        // flags of the entry, DCF_... bits
+    std::uint32_t nMask = 0;          // its attribute mask, DCF_ATTR_MASK bits
+    std::uint32_t nKind = DCK_TYPES;  // of the list: DCK_TYPES or DCK_NAMES
 
     [[nodiscard]] bool Has(std::uint32_t flag) const { return (dwFlags & flag) != 0; }
-    // Selected files are deleted; else they are transferred.
+    // True if selected files are deleted, false if they are transferred.
     [[nodiscard]] bool Deletes() const { return Has(DCF_DELETE); }
-    // Whether a walk looks at a listed item: a folder that it goes down into, or a file that the
-    // list selects. What is of no known kind counts as a file, and fails as one.
+    // Returns true if a walk processes an item: a folder to enter, or a file that the list selects.
+    // An item of unknown kind is processed as a file, so that its error is reported. Temporary
+    // files left by a run are skipped.
     [[nodiscard]] bool Takes(const FindData& item) const
     {
         if (item.kind == ItemKind::Folder) {
@@ -34,7 +35,8 @@ struct WalkRules {
         return !item.leftover &&
                (Has(DCF_ALL_TYPES) || MatchFileType(list, item.name, nKind, dwFlags));
     }
-    // Whether the attribute filter lets a file through. It needs no attributes under DCF_NO_ATTRS.
+    // Returns true if the attribute filter accepts a file. With DCF_NO_ATTRS, `attributes` is not
+    // used.
     [[nodiscard]] bool PassesFilter(std::uint32_t attributes) const
     {
         return MatchAttributes(attributes, dwFlags, nMask);
