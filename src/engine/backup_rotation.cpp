@@ -24,19 +24,23 @@ Rotation RotateBackup(FileSystem& files, const Folder& folder, const std::string
     for (int number = 1; number <= kHighestNumber; ++number) {
         const std::string numbered = NumberedName(name, number);
         const auto taken = files.Probe(folder, numbered);
-        // A name that cannot be examined may well be taken.
+        // If the name cannot be checked, assume that it is in use. A name that is too long is not:
+        // link and rename then report the error.
         if (taken || (taken.GetError().Kind() != ErrorKind::Missing &&
                       taken.GetError().Kind() != ErrorKind::NameTooLong)) {
             continue;
         }
-        // By a second name first: there is no moment at which the version has none.
+        // Prefer a link to a rename: the old version keeps its plain name until the copy replaces
+        // it.
         if (files.Link(folder, name, numbered)) {
             return Rotation::Linked;
         }
+        // Some file systems have no hard links.
         const Status renamed = files.Rename(folder, name, numbered);
         if (renamed) {
             return Rotation::Renamed;
         }
+        // AlreadyExists: another process took the number after the probe. Try the next one.
         if (renamed.GetError().Kind() != ErrorKind::AlreadyExists) {
             return Rotation::Failed;
         }

@@ -32,8 +32,9 @@ ConsoleSurface::Streams StandardStreams()
 
 std::string FitColumns(const std::string& text, std::size_t columns)
 {
-    std::vector<std::size_t> starts;  // of the characters
+    std::vector<std::size_t> starts;  // of the code points
     for (std::size_t i = 0; i < text.size(); ++i) {
+        // UTF-8 continuation bytes are 10xxxxxx (RFC 3629, 3).
         if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
             starts.push_back(i);
         }
@@ -121,7 +122,8 @@ void ConsoleSurface::Draw()
     }
     std::string line = m_elapsed() + "  " + std::to_string(m_nFilesLeft);
     line += m_bCounting ? " files found" : " files left  " + Printable(m_currentFile);
-    // Carriage return and "erase to the end of the line", ECMA-48.
+    // Carriage return, then EL to erase the rest of the line (ECMA-48, 8.3.41). The last column
+    // stays empty, because a character there makes some terminals wrap.
     m_streams.out("\r" + FitColumns(line, static_cast<std::size_t>(width) - 1) + "\033[K");
     m_bDrawn = true;
 }

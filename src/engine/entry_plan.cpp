@@ -17,7 +17,7 @@ bool IsFolderList(const CDirCopy& entry)
     return !entry.m_listFolderTypes.empty() || (entry.m_dwFlags & DCF_FOLDER_ITEMS) != 0;
 }
 
-// Folder types are masks, whatever the kind says of the folders themselves.
+// Folder types are always masks; m_nKind describes the folder names.
 WalkRules RulesOf(const CDirCopy& entry)
 {
     return {.list = IsFolderList(entry) ? entry.m_listFolderTypes : entry.m_listItems,
@@ -27,9 +27,9 @@ WalkRules RulesOf(const CDirCopy& entry)
                                                      : static_cast<std::uint32_t>(DCK_TYPES)};
 }
 
-// The folder that an item of a folder list names, and what it is called at the destination.
+// The source folder of an item in a folder list, and its name at the destination.
 struct ListedFolder {
-    std::string source;  // with a closing separator
+    std::string source;  // with a trailing separator; empty if the entry names no folder
     std::string name;
 };
 
@@ -38,16 +38,16 @@ ListedFolder ResolveListItem(const CDirCopy& entry, const std::string& item)
     if (entry.m_strSource == kMyComputer) {
         return {WithSeparator(item), VolumeName(item)};
     }
-    // Without a source the item alone would be a folder of the current one, and without an item the
-    // source itself would go.
+    // Without a source, the item would be relative to the current folder. Without an item, the
+    // source itself would be copied or deleted.
     if (entry.m_strSource.empty() || item.empty()) {
         return {"", item};
     }
     return {WithSeparator(WithSeparator(entry.m_strSource) + item), item};
 }
 
-// Below the destination by its name, unless it is more than a name. Without a destination by its
-// name as well: by its path it would be a folder of the current one.
+// Sets the target by its name in the destination, unless the name contains separators. Without a
+// destination, always sets the name: the path would be relative to the current folder.
 void SetListedTarget(PlanStep& step, const std::string& destination, const std::string& name)
 {
     const char separator = SeparatorOf(destination);
@@ -67,7 +67,8 @@ PlanStep StepOfListItem(const CDirCopy& entry, const EntryPlan& plan, const std:
         step.oneUnit = true;
         return step;
     }
-    // A folder list with a script flag is walked, but its folders are counted as scripts are.
+    // A folder list with a script flag is walked, but each folder counts as one unit, like a
+    // script.
     step.oneUnit = plan.rules.Has(kScript);
     if (!plan.rules.Deletes()) {
         SetListedTarget(step, plan.destination, folder.name);
@@ -104,7 +105,8 @@ EntryPlan PlanOf(const CDirCopy& entry)
     const bool list = IsFolderList(entry);
     EntryPlan plan;
     plan.rules = RulesOf(entry);
-    // The count pass tests for this first: also a folder list, and one without items, is one unit.
+    // This applies before all else in the count pass: even a folder list, or one without items, is
+    // one unit.
     plan.oneUnit = entry.m_nKind == DCK_TYPES && plan.rules.Has(DCF_DELETE_FOLDER);
     if (!plan.rules.Deletes() && (list || !plan.rules.Has(kScript))) {
         plan.destination = WithSeparator(entry.m_strDest);

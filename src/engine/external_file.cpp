@@ -80,8 +80,8 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
     if (ran || ran.GetError().Kind() != ErrorKind::NotAProgram) {
         return ran;
     }
-    // A text file without an interpreter line that has the right to be executed: on a mounted
-    // Windows disk every file has.
+    // NotAProgram: an executable text file without a "#!" line. On a mounted Windows file system,
+    // all files can be executable.
     command = InterpretedCommand(*ctx.m_pProcesses, script, dwFlags);
     return command ? ctx.m_pProcesses->RunAndWait(*command, folder) : command.GetError();
 }
@@ -104,6 +104,7 @@ Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
 void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
     ShowCurrentFile(ctx, path, false, true);
+    // A script may run for long: write the log lines before it starts.
     FlushLog(ctx);
     const Status ran = RunScript(ctx, path, dwFlags);
     if (!ran) {

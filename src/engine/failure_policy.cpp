@@ -10,7 +10,7 @@
 namespace quorbit {
 namespace {
 
-// An unattended run stops when it has met more errors than this.
+// An unattended run stops after more errors than this.
 constexpr std::int32_t kErrorMaximum = 5;
 
 constexpr const char* kInvalidSource = "Source path is invalid. ";
@@ -34,9 +34,10 @@ void AskToStop(CRunContext& ctx, const std::string& message, std::string_view ca
 void ReportFileError(CRunContext& ctx, const Error& error)
 {
     const std::string reason = error.Text();
-    // System texts bring a line end of their own.
+    // The log format ends system messages with a line end of their own (docs/run-log.md).
     const std::string text = reason + "\r\n";
     if (!BoxesSuppressed(ctx)) {
+        // The elapsed time does not include the time that the user takes to answer.
         ctx.m_clock.Pause();
         AskToStop(ctx, text, "Error");
         ctx.m_clock.Resume();
@@ -50,7 +51,7 @@ void ReportFileError(CRunContext& ctx, const Error& error)
 void ReportInvalidSource(CRunContext& ctx, const std::string& folder)
 {
     AskCancelRun(ctx, kInvalidSource + folder);
-    // The log leaves out which folder it was; the surface is told.
+    // The log line has no path, so show it on the surface.
     ShowCurrentFile(ctx, folder, false, true);
     ReportError(ctx, kInvalidSource, kInvalidSource);
 }

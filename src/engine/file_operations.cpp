@@ -17,11 +17,10 @@
 namespace quorbit {
 namespace {
 
-// A copy of this many bytes may take a while: what was logged before it is brought to the file
-// first.
+// From this size, in bytes, a copy may take long: write the log lines before it starts.
 constexpr std::uint64_t kLongCopy = 1024 * 1024;
 
-// Shows how far a copy has come.
+// Shows the progress of a copy.
 class ShownProgress : public CopyProgress {
 public:
     explicit ShownProgress(CRunContext& ctx) : m_ctx(ctx) {}
@@ -31,7 +30,7 @@ private:
     CRunContext& m_ctx;
 };
 
-// What one file's transfer works with.
+// The arguments of the transfer of one file. Nothing is owned; opened may be null.
 struct Transfer {
     CRunContext& ctx;
     const SourceFolder& source;
@@ -41,12 +40,12 @@ struct Transfer {
     CopyOptions options;
 };
 
-// The file at the destination; Missing as a value, any other error as an error.
+// Returns the file at the destination, or nullopt if it is missing. Other failures are errors.
 Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
 {
     const Folder* folder = transfer.dest.Handle();
     if (!folder) {
-        return std::optional<FindData>();  // the copy fails for want of a folder
+        return std::optional<FindData>();  // the copy will fail because there is no folder
     }
     auto found = transfer.ctx.m_pFiles->Probe(*folder, transfer.item.name);
     if (found) {
@@ -58,8 +57,8 @@ Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
     return found.GetError();
 }
 
-// The same, after making sure that the folder stands. What holds the file stands; only a folder
-// that does not hold it is looked after, and looked into again if it is another one then.
+// Probes the destination, and creates its folder if necessary. If the file exists, so does the
+// folder, which saves the check. Otherwise probes again if EnsureFolder opened a different folder.
 Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
 {
     TargetFolder& dest = transfer.dest;
@@ -76,7 +75,7 @@ Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
     return same ? existing : ProbeDestination(transfer);
 }
 
-// The copy itself. A failure is left to be reported.
+// Copies the file and returns the error without reporting it.
 Status TryCopy(const Transfer& transfer)
 {
     CRunContext& ctx = transfer.ctx;
@@ -103,7 +102,7 @@ Status TryCopy(const Transfer& transfer)
     return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
 }
 
-// False if the copy failed; the failure has been reported.
+// Copies the file and reports a failure. Returns true on success.
 bool Copy(const Transfer& transfer)
 {
     const Status copied = TryCopy(transfer);
@@ -122,10 +121,10 @@ void CopyPlainly(Transfer& transfer, bool destinationExists)
     }
 }
 
-// In a folder that the run has made itself nothing has the file's name, unless somebody put it
-// there meanwhile: then the copy finds it. So the folder is not asked before each file. False if
-// the folder has gone, or is not new: then nothing is copied or reported, and the way of all files
-// makes it again.
+// Copies into a folder that this run created, without probing for the file first. The name is free
+// unless another process took it, which CopyFile detects. Returns false, without reporting an
+// error, if the folder is not new, if the source is not open, or if the folder was removed. The
+// caller then takes the regular path, which recreates the folder.
 bool CopyIntoNewFolder(Transfer transfer)
 {
     CRunContext& ctx = transfer.ctx;
@@ -160,21 +159,21 @@ void CopyWithBackup(Transfer& transfer)
     const Rotation rotation = RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), name);
     ShowAction(ctx, rotation == Rotation::NoneFree ? "Didn't backup file. Backup max reached."
                                                    : "Incrementing backup.");
-    // An old file that has its number is safe: its read-only attribute does not guard the plain
-    // name any more.
+    // The old version is safe under its number, so its read-only attribute no longer protects the
+    // plain name.
     if (rotation == Rotation::Linked) {
         transfer.options.replaceReadOnly = true;
     }
     if (Copy(transfer)) {
         Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
     } else if (rotation == Rotation::Linked) {
-        // The older version stands under its number alone, so that the next run copies the file
-        // afresh. Should this fail, the next run merely numbers the same version once more.
+        // Remove the plain name of the old version, so that the next run copies the file. If this
+        // fails, the next run only numbers the same version again.
         (void)ctx.m_pFiles->DeleteFile(*transfer.dest.Handle(), name);
     }
 }
 
-// By what stands at the destination: none if the file is missing there.
+// Acts on the state of the destination; existing: nullopt if the file is missing.
 void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
                     std::uint32_t dwFlags)
 {
@@ -208,8 +207,8 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     if ((dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) == 0 && CopyIntoNewFolder(transfer)) {
         return;
     }
-    // Only an open folder can tell whether the file is there. One that merely could not be opened a
-    // moment ago must not pass for one without the file.
+    // A folder that could not be opened does not prove that the file is missing, so open or create
+    // it first.
     const auto existing = FindDestination(transfer);
     if (g_bStopRun) {
         return;
@@ -241,6 +240,7 @@ void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& des
     }
     Status created = dest.Create(like);
     if (!created) {
+        // Create the parents only after a failure: usually they exist.
         TargetFolder& parent = dest.Parent();
         std::string parentPath = parent.Path();
         if (!parent.IsTop()) {
@@ -248,7 +248,7 @@ void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& des
         }
         EnsureFolder(ctx, source, parent, parentPath, nullptr);
         if (dest.Stands()) {
-            return;  // somebody else made it meanwhile
+            return;  // another process created it in the meantime
         }
         created = dest.Create(like);
         if (!created) {

@@ -33,7 +33,8 @@ void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
     }
 }
 
-// A read-only folder does not let go of what it holds.
+// Items cannot be deleted from a read-only folder. Errors are ignored, because the deletions then
+// fail and are reported.
 void ClearReadOnly(FileSystem& files, const Folder& folder, FindData& item)
 {
     if (files.ReadAttributes(folder, item)) {
@@ -47,14 +48,15 @@ void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::strin
     ClearReadOnly(*ctx.m_pFiles, folder, item);
     const std::string subfolder = SubfolderPath(path, item.name);
     const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);
-    // The home folder may be mounted a second time inside the tree.
+    // The home folder or a folder above it may also be mounted inside the tree. RemoveFolder then
+    // fails and is reported.
     if (opened && !ctx.m_pFiles->IsProtected(**opened)) {
         DeleteFolderTree(ctx, **opened, subfolder, rules);
     }
     RemoveFolder(ctx, folder, item.name, subfolder);
 }
 
-// The folder that holds the one to be deleted, and its name there.
+// The parent of the folder to delete, and the name of the folder in it.
 struct Place {
     std::unique_ptr<Folder> parent;
     std::string name;
@@ -63,7 +65,7 @@ struct Place {
 Result<Place> FindPlace(FileSystem& files, const std::string& path)
 {
     const std::string name = SplitLast(path).second;
-    // What cannot be named in its parent cannot be removed from it.
+    // A folder without a name in its parent cannot be removed from it.
     if (name.empty() || name == "." || name == "..") {
         return Error(ErrorKind::Invalid);
     }
@@ -74,6 +76,7 @@ Result<Place> FindPlace(FileSystem& files, const std::string& path)
     return Place{std::move(*opened), name};
 }
 
+// Counts the folder as one unit, even if parts of it could not be deleted.
 void TallyDeletion(CRunContext& ctx)
 {
     TakeOffUnit(ctx);
@@ -92,7 +95,7 @@ void ShowFolderDeletion(CRunContext& ctx, const std::string& path)
     ShowDestFile(ctx, path, true, true);
 }
 
-// For a folder that does not lie where the path says, or that nothing may delete.
+// Reports a folder that cannot be found or must not be deleted.
 void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& error)
 {
     ShowFolderDeletion(ctx, path);
@@ -100,7 +103,8 @@ void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& erro
     TakeOffUnit(ctx);
 }
 
-// What the volume holds goes; its own root folder cannot.
+// Deletes the content of a volume. Its root folder cannot be removed, so that is always reported
+// (rmdir(2) of a mount point fails with EBUSY).
 void DeleteWholeVolume(CRunContext& ctx, const std::string& path, const WalkRules& rules)
 {
     const auto folder = ctx.m_pFiles->OpenFolder(path);
@@ -123,7 +127,7 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
 {
     auto items = FolderItems::List(*ctx.m_pFiles, folder);
     if (!items) {
-        return;  // its removal fails and is reported
+        return;  // RemoveFolder will fail and be reported
     }
     FindData item;
     for (;;) {

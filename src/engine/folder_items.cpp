@@ -33,11 +33,11 @@ Result<bool> FolderItems::Next(FindData& item)
     if (!more || !*more) {
         return more;
     }
-    if (g_bStopRun) {  // it may have come while the file system was waited for
+    if (g_bStopRun) {  // requested while the file system was slow to answer
         return false;
     }
-    // Where the kind cannot be told it stays open: the item is then taken for a file, and what is
-    // done to it fails and is reported.
+    // On failure the kind stays unknown. The item is then processed as a file, which fails and is
+    // reported.
     if (item.kind == ItemKind::Unknown) {
         (void)m_pFiles->ReadDetails(*m_pFolder, item);
     }

@@ -6,8 +6,8 @@
 namespace quorbit {
 namespace {
 
-constexpr unsigned kSampleEvery = 16;
-constexpr std::size_t kInVainToStop = 128;
+constexpr unsigned kSampleEvery = 16;       // one file in this many is checked
+constexpr std::size_t kInVainToStop = 128;  // cached files in a row
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void ReadAheadPolicy::Learn(bool wasCached, std::size_t inVain)
 void ReadAheadPolicy::LearnFetched(std::size_t inVain)
 {
     if (inVain < m_nInVainBefore) {
-        m_nInVainBefore = 0;  // one was not in memory, which starts the row anew
+        m_nInVainBefore = 0;  // a file was not cached, so the count was reset
     }
     if (inVain - m_nInVainBefore >= kInVainToStop) {
         m_bPays = false;

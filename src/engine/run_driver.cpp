@@ -19,16 +19,17 @@
 namespace quorbit {
 namespace {
 
+// Shown instead of the total if the user gave up counting.
 constexpr const char* kUnknownTotal = "Unknown";
 
-// False when the count was given up.
+// Returns false if the user gave up counting.
 bool CountStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, const PlanStep& step)
 {
     if (!step.oneUnit) {
         StepTarget target(*ctx.m_pFiles, dest, step);
         return CountFolder(ctx, step.source, target, rules);
     }
-    // Folders to be deleted are counted to the end.
+    // Folders to delete are counted even if the user gave up counting.
     if (step.kind != StepKind::DeleteFolder && CountGivenUp(ctx)) {
         return false;
     }
@@ -48,7 +49,7 @@ bool CountEntry(CRunContext& ctx, const CDirCopy& entry)
         plan.steps, [&](const PlanStep& step) { return CountStep(ctx, plan.rules, dest, step); });
 }
 
-// False if a stop was asked for before a walk began.
+// Returns false if a stop was requested before a walk started.
 bool ProcessStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, const PlanStep& step,
                  ReadAheadPolicy& readAhead)
 {
@@ -78,7 +79,7 @@ bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& read
     });
 }
 
-// Both passes. False only if the process pass was cut short.
+// Runs both passes. Returns false only if the process pass was stopped.
 bool RunPasses(CRunContext& ctx, std::string& total)
 {
     if (g_bStopRun) {
@@ -103,7 +104,8 @@ bool RunPasses(CRunContext& ctx, std::string& total)
     return false;
 }
 
-// What the log calls done is on the disk when it says so.
+// Syncs the copies, unless switched off, before the footer reports the totals. Writes the log lines
+// first, because a sync may take long.
 void SyncDestinations(CRunContext& ctx)
 {
     FlushLog(ctx);
@@ -171,6 +173,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
     SyncDestinations(ctx);
     EnterPhase(ctx, RunPhase::Finishing);
     WriteTotals(ctx, total);
+    // From here on, the flag means that the run has ended.
     g_bStopRun = 1;
     EnterPhase(ctx, RunPhase::Ended);
     if (stopped && !ctx.IsUnattended()) {
@@ -183,6 +186,7 @@ unsigned RunThreadProc(CRunContext* pCtx)
         if (ctx.m_nErrorCount > 0) {
             ctx.m_nExitCode = kExitErrors;
         }
+        // Last, because the context may no longer exist afterwards.
         EnterPhase(ctx, RunPhase::Closed);
     }
     return 0;

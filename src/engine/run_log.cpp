@@ -10,7 +10,7 @@
 namespace quorbit {
 namespace {
 
-constexpr std::size_t kFull = 64 * 1024;
+constexpr std::size_t kFull = 64 * 1024;  // bytes
 constexpr auto kOldEnough = std::chrono::milliseconds(100);
 
 }  // namespace
@@ -44,6 +44,8 @@ bool RunLog::Flush()
         return true;
     }
     const Status written = m_output->Write(m_gathered);
+    // Discard the lines even after an error. Otherwise a full disk would make the buffer grow, and
+    // repeat lines that were partly written.
     m_gathered.clear();
     return written.Ok();
 }

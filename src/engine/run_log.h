@@ -15,7 +15,7 @@
 
 namespace quorbit {
 
-// Writes the buffer 100 ms after its first line, at 64 KiB, and on request. One write(2) per line
+// Writes the buffer 100 ms after its first line, at 64 KiB, and on request. One write per line
 // would slow down a run over small files by a tenth. The age is checked only in calls. Worker
 // thread only.
 class RunLog {
@@ -26,7 +26,7 @@ public:
     // Adds the text and CR LF. Returns false if buffered lines could not be written. Those lines
     // are lost; later lines are still written.
     [[nodiscard]] bool Add(std::string_view text) { return Add(text, {}); }
-    // The same for a label and a path. Control characters in the path are escaped.
+    // The same for a label and a path. The path is made printable (platform/path_text.h).
     [[nodiscard]] bool Add(std::string_view label, std::string_view path);
     // Writes the buffer if its first line is 100 ms old. Returns false like Add.
     [[nodiscard]] bool FlushIfDue();

@@ -15,7 +15,7 @@ void TellIfFailed(CRunContext& ctx, bool ok)
     }
 }
 
-// For a label and a path, which is made printable.
+// Logs a label and a path, which is made printable.
 void WriteLogPath(CRunContext& ctx, std::string_view label, std::string_view path)
 {
     if (ctx.m_pLogFile) {
@@ -79,7 +79,8 @@ std::string FileSizeText(std::uint64_t bytes)
     std::int64_t kilobytes = 1;
     if (size >= 1024) {
         kilobytes = size / 1024;
-        // Hundreds of bytes against tenths of the kilobytes: rounds up from about 21 KB on.
+        // The log format compares hundreds of bytes with tenths of a kilobyte of 1,000 bytes,
+        // although a kilobyte is 1,024. From about 21 KB, it therefore always rounds up.
         const std::int64_t distance = size / 100 - 10 * kilobytes;
         if (distance >= 5 || distance <= -5) {
             ++kilobytes;
@@ -181,7 +182,7 @@ void WriteLogFooter(CRunContext& ctx, std::string_view elapsed, std::string_view
     WriteLogCount(ctx, "Error Count: ", ctx.m_nErrorCount);
 }
 
-// The mode alone chooses the line, whatever caused the stop: docs/run-log.md.
+// The run mode alone selects the line, whatever caused the stop (docs/run-log.md).
 void WriteLogStop(CRunContext& ctx)
 {
     WriteLogLine(ctx, ctx.IsUnattended() ? "***** Error maximum was reached *****"

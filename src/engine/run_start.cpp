@@ -9,7 +9,8 @@
 namespace quorbit {
 namespace {
 
-// The path of the log, stored as the last one; nothing if the settings failed.
+// Determines the path of the log and stores it as the last one. Returns nullopt if the settings
+// failed, which the fatal handler has reported.
 std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& documentPath)
 {
     const auto folder = machine.GetRegValue(MachineValue::InstallPath);
@@ -26,6 +27,7 @@ std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& d
 RunRefusal RefuseWithoutLog(const std::string& path, const Error& error)
 {
     const std::string where = Printable(path);
+    // The lock on the log prevents two simultaneous runs of a document.
     if (error.Kind() == ErrorKind::Busy) {
         return {
             "This batch file is being run already. Its log file is in use by that run: " + where,
@@ -74,7 +76,7 @@ std::string MakeLogPath(std::string_view installPath, std::string_view documentP
     std::string name(nameAt == std::string_view::npos ? documentPath : documentPath.substr(nameAt));
     const std::size_t dot = name.rfind('.');
     name.resize(dot == std::string::npos ? 0 : dot);
-    // The name comes with its separator; the folder usually ends in one already.
+    // `name` starts with the separator, and the folder usually ends in one.
     if (!name.empty() && name.front() == separator && EndsInSeparator(installPath)) {
         name.erase(0, 1);
     }

@@ -11,7 +11,7 @@
 namespace quorbit {
 namespace {
 
-// Letters of ASCII only: names are bytes in an encoding that the file system does not tell.
+// ASCII letters only, because the encoding of file names is unknown.
 char Lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -26,6 +26,7 @@ bool EqualNoCase(std::string_view a, std::string_view b)
 bool EndsWithSuffixOf(std::string_view mask, std::string_view fileName)
 {
     const std::string_view suffix = mask.empty() ? mask : mask.substr(1);
+    // Strictly longer: "*.txt" does not select a file named ".txt".
     return fileName.size() > suffix.size() &&
            EqualNoCase(fileName.substr(fileName.size() - suffix.size()), suffix);
 }

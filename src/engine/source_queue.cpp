@@ -8,7 +8,7 @@
 namespace quorbit {
 namespace {
 
-constexpr std::size_t kWindow = 128;  // names held while files are fetched
+constexpr std::size_t kWindow = 128;  // names buffered while prefetching
 
 }  // namespace
 
@@ -62,7 +62,7 @@ void SourceQueue::Fill(std::size_t window)
     }
 }
 
-// The next wanted item of the listing; false at its end, which m_end tells of.
+// Reads the next selected item. Returns false at the end or on an error, which m_end then contains.
 bool SourceQueue::ReadOne(FindData& data)
 {
     while (m_end && *m_end) {
@@ -74,7 +74,8 @@ bool SourceQueue::ReadOne(FindData& data)
     return false;
 }
 
-// A file that will surely be copied is opened at once: that reads its details as well.
+// Completes the details of a file. Opens it if it will certainly be copied, which also reads the
+// details.
 void SourceQueue::Prepare(QueuedItem& item)
 {
     if (!m_bSurelyCopied || item.data.kind == ItemKind::Unknown) {

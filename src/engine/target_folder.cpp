@@ -86,7 +86,7 @@ Status TargetFolder::Create(const Folder* like)
     }
     const Status created = m_pFiles->CreateFolder(*parent.m_handle, m_strName, like);
     if (created) {
-        m_bSwept = true;  // nothing can have been left in a new folder
+        m_bSwept = true;  // a new folder contains no leftovers
         Open();
         m_bNew = m_handle != nullptr;
     }

@@ -29,7 +29,7 @@ bool CountSubfolder(CRunContext& ctx, const Folder& folder, const std::string& n
     return CountListing(ctx, **subfolder, rules, target);
 }
 
-// A folder that cannot be listed, or not to its end, is reported by the process pass.
+// Returns false if the user gave up counting. Listing errors are reported by the process pass.
 bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules,
                   StepTarget& target)
 {
@@ -57,7 +57,7 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
     }
 }
 
-// The pass over one source folder and what lies below it.
+// Processes one source folder and its subfolders.
 class ProcessWalk {
 public:
     ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target,
@@ -66,7 +66,8 @@ public:
     {
     }
 
-    // opened: the folder, or the reason why it is not.
+    // opened: the folder, or the error if it could not be opened. Returns false if a stop was
+    // requested before it started.
     bool Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
                  TargetFolder& dest);
 
@@ -80,8 +81,8 @@ private:
     const WalkRules& m_rules;
     StepTarget& m_target;
     ReadAheadPolicy& m_readAhead;
-    std::string m_path;      // of the file that is worked on
-    std::string m_destPath;  // where it goes
+    std::string m_path;      // of the current file; a member to reuse its memory
+    std::string m_destPath;  // its destination
 };
 
 bool ProcessWalk::Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
@@ -106,7 +107,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
     for (;;) {
         const auto more = queue.Next(item);
         if (!more) {
-            // A listing that breaks off must not pass for a folder that ends there.
+            // Report it: an incomplete listing must not look like the end of the folder.
             ReportFileError(m_ctx, more.GetError());
             return true;
         }
@@ -116,7 +117,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
     }
 }
 
-// False to leave the listing.
+// Returns false to end the listing.
 bool ProcessWalk::ProcessItem(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
 {
     if (item.data.kind == ItemKind::Folder) {
@@ -163,7 +164,7 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
     return true;
 }
 
-// False if a stop was found before anything was done.
+// Returns false if a stop was requested before the file was processed.
 bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
 {
     Status known = item.details;
@@ -171,7 +172,7 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
         known = m_ctx.m_pFiles->ReadAttributes(source.handle, item.data);
     }
     if (!known) {
-        // It vanished after it was listed, or it cannot be examined.
+        // The file was removed after it was listed, or its details cannot be read.
         ShowAction(m_ctx, m_rules.Deletes() ? "Delete File." : "Copying File.");
         ReportFileError(m_ctx, known.GetError());
         return true;
@@ -188,6 +189,7 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
     } else {
         TransferFile(m_ctx, source, dest, item.data, item.source.get(), m_rules.dwFlags);
     }
+    // Close the file now; the item is reused only for the next one.
     item.source.reset();
     return true;
 }

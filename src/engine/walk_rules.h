@@ -25,8 +25,8 @@ struct WalkRules {
     // True if selected files are deleted, false if they are transferred.
     [[nodiscard]] bool Deletes() const { return Has(DCF_DELETE); }
     // Returns true if a walk processes an item: a folder to enter, or a file that the list selects.
-    // An item of unknown kind is processed as a file, so that its error is reported. Temporary
-    // files left by a run are skipped.
+    // An item of unknown kind is processed as a file, so that its error is reported. Unfinished
+    // copies of earlier runs are skipped.
     [[nodiscard]] bool Takes(const FindData& item) const
     {
         if (item.kind == ItemKind::Folder) {
