@@ -12,7 +12,8 @@ namespace {
 constexpr double kLeastContrast = 3;
 constexpr double kGoodContrast = 4.5;
 
-// Relative luminance, 0 to 1.
+// Returns the relative luminance (WCAG 2.1), 0 to 1. The threshold is that of sRGB (IEC 61966-2-1);
+// the 0.03928 of WCAG gives the same result for colours of 8 bits per channel.
 double Luminance(const QColor& colour)
 {
     const auto linear = [](double part) {
@@ -35,7 +36,7 @@ QColor ReadableOn(const QColor& colour, const QColor& background)
     if (Contrast(colour, background) >= kLeastContrast) {
         return colour;
     }
-    // Where black and white stand out equally well.
+    // Black and white have about the same contrast to a background of this luminance.
     constexpr double kMiddle = 0.18;
     constexpr int kSteps = 50;
     const double aim = Luminance(background) < kMiddle ? 1 : 0;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Text that can be read on its background.
+// Adjusts text colours so that they are readable on their background. Pure function. Any thread.
 
 #pragma once
 
@@ -9,9 +9,9 @@
 
 namespace quorbit {
 
-// The colour itself if it stands out from the background by a contrast of 3 to 1, else its next
-// lighter or darker shade, away from the background, that reaches 4.5 to 1. Contrast as in the Web
-// Content Accessibility Guidelines 2.1.
+// Returns `colour` if its contrast to the background is at least 3 to 1. Otherwise returns the
+// nearest shade, lighter on a dark background and darker on a light one, that reaches 4.5 to 1.
+// The contrast ratio is defined in the Web Content Accessibility Guidelines (WCAG) 2.1.
 [[nodiscard]] QColor ReadableOn(const QColor& colour, const QColor& background);
 
 }  // namespace quorbit

@@ -25,6 +25,7 @@ int OpenWithDesktop(const QString& target)
 
 int Start(const QStringList& words)
 {
+    // startDetached gives no reason for a failure, so check first that the program exists.
     const QString program = QStandardPaths::findExecutable(words.constFirst());
     if (program.isEmpty()) {
         return kLinkFileNotFound;

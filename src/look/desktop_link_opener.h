@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Opens links by way of the desktop and, where that does not know how, with the program for web
-// pages.
+// Opens links through the desktop or, if that fails, with the program that is registered for web
+// pages. User interface thread only.
 
 #pragma once
 
@@ -12,8 +12,8 @@ namespace quorbit {
 
 class DesktopLinkOpener : public LinkOpener {
 public:
-    // If the desktop refuses and there is a program for web pages, the result is that of starting
-    // it, else that of the desktop.
+    // Returns the result of the fallback program if the desktop fails and there is such a program,
+    // otherwise the result of the desktop.
     int OpenTarget(const QString& target) override;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Edges one device-independent pixel wide, which make a rectangle stand out or lie deep.
+// Draws raised and sunken edges, one device-independent pixel wide. User interface thread only.
 
 #pragma once
 
@@ -19,7 +19,7 @@ struct EdgeColors {
     [[nodiscard]] static EdgeColors From(const QPalette& palette);
 };
 
-// Inside of the rectangle; an empty one draws nothing.
+// Draw inside the rectangle; do nothing if it is empty.
 void DrawRaisedEdge(QPainter& painter, const QRect& rect, const EdgeColors& colors);
 void DrawSunkenEdge(QPainter& painter, const QRect& rect, const EdgeColors& colors);
 

@@ -14,8 +14,8 @@
 namespace quorbit {
 namespace {
 
-// 54 by 40 pixels around a picture of 16 by 15, in a font with a line of 13 and characters of 8 on
-// average.
+// The smallest button, in units of the font so that it scales. Derived from 54 by 40 pixels with a
+// picture of 16 by 15, a line height of 13 and an average character width of 8.
 constexpr int kButtonCharacters = 7;
 constexpr int kAroundLabel = 12;
 
@@ -90,7 +90,7 @@ void CFlatToolBar::actionEvent(QActionEvent* event)
 
 // --- the menu of a button -----------------------------------------------------------------------
 
-// Qt places it beside the button of a vertical bar.
+// Qt opens the menu beside the button if the bar is vertical, so move it after it is shown.
 bool CFlatToolBar::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show) {
@@ -104,7 +104,7 @@ bool CFlatToolBar::eventFilter(QObject* watched, QEvent* event)
 void CFlatToolBar::PlaceMenu(QMenu& menu) const
 {
     const auto* button = qobject_cast<const QToolButton*>(widgetForAction(menu.menuAction()));
-    // The menu of a button that does not fit into the window opens from another menu.
+    // If the button does not fit into the window, its menu opens from the extension menu.
     if (button == nullptr || !button->isVisible()) {
         return;
     }
@@ -124,10 +124,10 @@ bool CFlatToolBar::event(QEvent* event)
         case QEvent::FontChange:
         case QEvent::ApplicationFontChange:
         case QEvent::StyleChange:
-        case QEvent::LayoutRequest:  // a button wants another size
+        case QEvent::LayoutRequest:  // the size hint of a button changed
             PutSizes();
             break;
-        case QEvent::Show:  // also when it begins or ends to float
+        case QEvent::Show:  // also sent when the bar starts or stops floating
             PutMargins();
             DropStaleLight();
             break;
@@ -141,7 +141,7 @@ bool CFlatToolBar::event(QEvent* event)
     return handled;
 }
 
-// A button that the bar took away from under the mouse is not told so, and would stay lit.
+// A button that moves away from under the mouse gets no leave event and would stay highlighted.
 void CFlatToolBar::DropStaleLight()
 {
     for (QAction* action : actions()) {
@@ -160,7 +160,7 @@ QSize CFlatToolBar::LeastSize() const
             iconSize().height() + fontMetrics().height() + kAroundLabel};
 }
 
-// The room for the gripper is read anew with them.
+// Invalidates the layout so that it also re-reads the extent of the gripper.
 void CFlatToolBar::PutMargins()
 {
     const int margin = style()->pixelMetric(QStyle::PM_ToolBarFrameWidth, nullptr, this) +
@@ -169,7 +169,8 @@ void CFlatToolBar::PutMargins()
     layout()->invalidate();
 }
 
-// A label that needs more gets it, and so does an arrow: the least size never cuts anything.
+// Buttons are at least LeastSize, plus the arrow if there is one, and never smaller than their size
+// hint, so that no label is cut off.
 void CFlatToolBar::PutSizes()
 {
     const QSize least = LeastSize();

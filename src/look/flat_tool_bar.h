@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A toolbar in the flat look, whose buttons are roomy and never cut a label. It docks on all four
-// sides and floats. User interface thread only.
+// A toolbar with flat buttons that are large enough for their labels. It can dock on all four sides
+// and float. User interface thread only.
 
 #pragma once
 
@@ -20,15 +20,15 @@ public:
     explicit CFlatToolBar(const QString& title, QWidget* parent = nullptr);
     ~CFlatToolBar() override;
 
-    // Gripper and separators as the class says, flat buttons with the text below the picture.
+    // Applies FlatToolBarStyle and shows the text of the buttons below the picture.
     void SetFlatLook();
 
-    // Gives the button of a command an arrow that opens the menu of its action, at the bottom left
-    // corner of the button. The number of a button's command is the data of its action. False if
-    // there is no such button or no such menu.
+    // Adds a drop-down arrow to the button of command nId. The arrow opens the menu of the button's
+    // action, below the button if there is room on the screen. The data of an action is its command
+    // number. Returns false if there is no such button or its action has no menu.
     bool SetButtonDropDown(int nId);
 
-    // Null if there is no such button.
+    // Returns the button of command nId, or null if there is none.
     [[nodiscard]] QToolButton* Button(int nId) const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -16,9 +16,9 @@ namespace {
 constexpr int kRidge = 3;
 constexpr int kRidgeStep = 4;
 constexpr int kGripperRoom = 10;   // two ridges, one pixel around them and one behind
-constexpr int kSeparatorRoom = 8;  // a wider separator is a gap and has no groove
+constexpr int kSeparatorRoom = 8;  // a wider separator is a gap without groove
 constexpr int kGroove = 2;
-constexpr int kFloatingFrame = 6;  // where a floating bar is taken hold of
+constexpr int kFloatingFrame = 6;  // margin to drag a floating bar by
 
 bool IsFloating(const QWidget* widget)
 {
@@ -98,7 +98,7 @@ int FlatToolBarStyle::pixelMetric(PixelMetric metric, const QStyleOption* option
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-// Without a gripper, a floating bar is moved by every place that is free of buttons.
+// A floating bar has no gripper; it can be dragged by any area without buttons.
 QRect FlatToolBarStyle::subElementRect(SubElement element, const QStyleOption* option,
                                        const QWidget* widget) const
 {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The flat look of a toolbar: a gripper of two ridges and separators that are thin grooves. Buttons
-// and ground stay as in the user's own style. User interface thread only.
+// Draws toolbars with a gripper of two ridges and separators as thin grooves. Buttons and
+// background follow the application's style. User interface thread only.
 
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace quorbit {
 
-// To be set on a QToolBar and on its separators. No widget may keep it when it goes: see
-// ReleaseStyle.
+// Set it on a QToolBar and on its separators. No widget may use the style after it is destroyed:
+// see ReleaseStyle.
 class FlatToolBarStyle : public QProxyStyle {
 public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -92,7 +92,7 @@ void CHyperLink::SetFitText(bool bFitText)
 
 void CHyperLink::SetUnderline(bool bUnderline)
 {
-    QFont line;  // sets nothing but the line
+    QFont line;  // only the underline is set; the rest is inherited
     line.setUnderline(bUnderline);
     setFont(line);
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A line of text that opens a web address: by a click, or by Enter or Space while it has the focus.
+// A hyperlink control. It opens its target on a click, or on Enter or Space if it has the focus.
 // User interface thread only.
 
 #pragma once
@@ -16,21 +16,22 @@
 
 namespace quorbit {
 
-// What a link works with. Nothing is owned, and both must outlive the link.
+// Services used by a link. Not owned; must outlive the link.
 struct LinkServices {
     Required<LinkOpener*> pOpener;
     Required<Prompts*> pPrompts;
 };
 
-// Where a control of that place and alignment lies once it is cut to its text.
+// Returns a rectangle of the size of `text`, aligned within `place`; left and top by default.
 [[nodiscard]] QRect CutToText(const QRect& place, const QSize& text, Qt::Alignment alignment);
 
-// Not QAbstractButton::text(): an address may hold "&", which is no mark of a key here.
+// Uses its own Text() instead of QAbstractButton::text(), which would take an "&" in an address as
+// a mnemonic.
 class CHyperLink : public QAbstractButton {
 public:
     explicit CHyperLink(LinkServices services, QWidget* parent = nullptr);
 
-    // Either stands for the other as long as that is empty.
+    // If one of the two is empty, the other is used for both.
     void SetText(const QString& text);
     void SetTarget(const QString& target);
     [[nodiscard]] const QString& Text() const;
@@ -39,11 +40,12 @@ public:
     void SetAlignment(Qt::Alignment alignment);
     void SetVisited(bool bVisited);
     [[nodiscard]] bool IsVisited() const { return m_bVisited; }
-    // Without it the whole control is the link, not its text alone.
+    // If false, the whole control is the link, not only its text. The default is true.
     void SetFitText(bool bFitText);
     void SetUnderline(bool bUnderline);
 
-    // Of the text as things stand.
+    // Returns the colour of the text in its current state (hovered, visited or normal), adjusted to
+    // be readable on the background.
     [[nodiscard]] QColor TextColour() const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -58,9 +60,9 @@ protected:
 
 private:
     void OnTextChanged();
-    // Cuts a control that no layout holds to its text.
+    // Shrinks the control to its text, unless its parent has a layout.
     void FitToText();
-    // The part of the control that is the link.
+    // Returns the clickable part of the control.
     [[nodiscard]] QRect LinkRect() const;
     void SetHover(bool bHover);
     void OnClicked();

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Opens what a link points to. Behind an interface so that links can be tested without a browser.
+// Interface to open the target of a link, so that links can be tested without a browser. User
+// interface thread only.
 
 #pragma once
 
@@ -9,8 +10,8 @@
 
 namespace quorbit {
 
-// Results of OpenTarget: a value above kLinkFailed is success, one up to it a reason that
-// LinkErrorText knows.
+// Results of OpenTarget. Values above kLinkFailed mean success; values up to it are error codes,
+// see LinkErrorText.
 inline constexpr int kLinkFileNotFound = 2;
 inline constexpr int kLinkAccessDenied = 5;
 inline constexpr int kLinkNoApplication = 31;
@@ -20,12 +21,13 @@ inline constexpr int kLinkOpened = 33;
 class LinkOpener {
 public:
     virtual ~LinkOpener() = default;
-    // target: a web address or the path of a file. Returns once the program that shows it is asked
-    // to.
+    // Opens a web address or a file path and does not wait for the program that shows it. Returns
+    // one of the results above.
     virtual int OpenTarget(const QString& target) = 0;
 };
 
-// What a person is told of a failure. Several lines.
+// Returns the message for an error code of OpenTarget, several lines long. An unknown code is shown
+// as a number.
 [[nodiscard]] QString LinkErrorText(int code);
 
 }  // namespace quorbit

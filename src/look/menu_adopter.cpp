@@ -23,7 +23,7 @@ MenuAdopter::~MenuAdopter()
 
 void MenuAdopter::Adopt(QMenuBar& bar)
 {
-    // A bar outside of the window is drawn by others.
+    // The desktop, not Qt, draws a native menu bar.
     bar.setNativeMenuBar(false);
     bar.setStyle(&m_style);
     bar.installEventFilter(this);
@@ -39,7 +39,7 @@ void MenuAdopter::Adopt(QMenu& menu)
 
 // --- events -------------------------------------------------------------------------------------
 
-// A menu is polished once, before it is measured for the first time.
+// Qt sends Polish once, before a menu is first measured, so adopt it then.
 bool MenuAdopter::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Polish) {
@@ -112,7 +112,8 @@ void MenuAdopter::LeaveMenuLoop()
     }
 }
 
-// The menu's own search takes the first entry of several with the same letter, ours the last.
+// If several entries have the same mnemonic, QMenu would take the first one; these menus take the
+// last.
 bool MenuAdopter::OnKey(QMenu& menu, const QKeyEvent& event)
 {
     const bool plain = (event.modifiers() & ~(Qt::AltModifier | Qt::ShiftModifier)) == 0;

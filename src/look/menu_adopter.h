@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Gives every menu of the program the owner-drawn look, also those that open by themselves such as
-// a pane's, and feeds CMenuSpawn with what they report. User interface thread only.
+// Applies the owner-drawn look to all menus of the program, including the context menus of the
+// panes, and keeps CMenuSpawn up to date when their actions change. User interface thread only.
 
 #pragma once
 
@@ -19,12 +19,12 @@ namespace quorbit {
 
 class MenuAdopter : public QObject {
 public:
-    // spawn must outlive this object. onMenuLoop is told when the first menu opens (true) and when
-    // the last one is gone (false), and the same for a bar that is used by keys.
+    // spawn must outlive this object. Calls onMenuLoop(true) when a menu opens or an adopted bar
+    // gets the focus, and onMenuLoop(false) once no menu is open and no menu bar has the focus.
     MenuAdopter(CMenuSpawn& spawn, std::function<void(bool)> onMenuLoop);
     ~MenuAdopter() override;
 
-    // Menus come by themselves; a bar is brought.
+    // Menus are adopted automatically; a menu bar has to be passed here. Not owned.
     void Adopt(QMenuBar& bar);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The colours of owner-drawn menus, each from a role of a palette.
+// The colours of owner-drawn menus, taken from the roles of a palette.
 
 #pragma once
 
@@ -23,9 +23,9 @@ struct MenuColors {
 
     [[nodiscard]] static MenuColors From(const QPalette& palette);
 
-    // Whether a disabled text gets a light shadow below it. It reads as engraved only where the
-    // text is darker than its ground; a shadow below light text on a dark ground would look like a
-    // second, brighter text that does not fit the first.
+    // Returns true if disabled text gets a light shadow, which makes it look engraved. This works
+    // only if the text is darker than the background; the shadow of light text on a dark background
+    // would look like a second, brighter text.
     [[nodiscard]] bool Engraves() const;
 };
 

@@ -11,7 +11,7 @@ namespace {
 constexpr int kTextInset = 2;
 constexpr int kRoomForArrow = 15;
 constexpr int kCheckMarkLift = 2;
-constexpr int kCheckMarkExtra = 3;  // the mark is that much larger than a picture
+constexpr int kCheckMarkExtra = 3;  // the check mark is larger than a picture by this
 
 QRect Centred(const QRect& area, int side)
 {
@@ -37,7 +37,7 @@ void MenuItemPainter::DrawBarEntry(const MenuItemState& state, const QString& te
     m_painter.fillRect(state.rect, m_look.colors.background);
     m_painter.setFont(m_look.font);
     m_painter.setPen(state.enabled ? m_look.colors.text : m_look.colors.disabledText);
-    // Moving the left edge by two moves text that is centred by one.
+    // Moving the left edge by two pixels moves centred text by one.
     m_painter.drawText(state.rect.adjusted(sunken ? 2 : 0, sunken ? 1 : 0, 0, 0),
                        Qt::AlignCenter | Qt::TextSingleLine | Qt::TextShowMnemonic, text);
     if (sunken) {
@@ -68,8 +68,8 @@ void MenuItemPainter::DrawEntry(const MenuItemState& state, const QString& text,
     m_painter.restore();
 }
 
-// A lit picture stands on a raised button. Around the others no ground of a button shows, as that
-// has another colour than the menu in some palettes.
+// The picture of a selected entry is drawn on a raised button. The others get no button background,
+// because its colour differs from that of the menu in some palettes.
 void MenuItemPainter::DrawPicture(const MenuItemState& state, const QRect& square,
                                   const QIcon& picture)
 {
@@ -85,7 +85,7 @@ void MenuItemPainter::DrawCheckMark(const QRect& square, const QIcon& checkMark)
 {
     const int side = std::min(m_look.nPicture + kCheckMarkExtra, square.height());
     QRect place = Centred(square, side);
-    // Not out of the entry: what stands above is drawn by itself.
+    // Stay inside the entry: the one above is drawn separately.
     place.moveTop(std::max(place.top() - kCheckMarkLift, square.top()));
     checkMark.paint(&m_painter, place);
 }

@@ -14,7 +14,7 @@
 
 namespace quorbit {
 
-// How an entry stands, and where.
+// The position and the state of an entry.
 struct MenuItemState {
     QRect rect{};  // of the whole entry, device-independent pixels
     bool selected = false;
@@ -24,12 +24,12 @@ struct MenuItemState {
 
 class MenuItemPainter {
 public:
-    // Both must outlive this object. The painter is left as it was found after each call.
+    // Both must outlive this object. Each call leaves the state of the painter unchanged.
     MenuItemPainter(QPainter& painter, const MenuLook& look) : m_painter(painter), m_look(look) {}
 
     void DrawSeparator(const QRect& rect);
     void DrawBarEntry(const MenuItemState& state, const QString& text);
-    // picture may be null; a checked entry without one gets the check mark.
+    // picture may be null; a checked entry without a picture gets the check mark.
     void DrawEntry(const MenuItemState& state, const QString& text, const QIcon& picture,
                    const QIcon& checkMark);
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How owner-drawn menus look at the moment. It is made from the palette, the font and the style of
-// the menu each time, so that a change of any of them shows at once.
+// The current look of owner-drawn menus. It is created from the palette, font and style of the menu
+// each time a menu is measured or drawn, so that changes take effect at once.
 
 #pragma once
 

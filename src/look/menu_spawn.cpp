@@ -22,7 +22,7 @@ int LabelWidth(const QFontMetrics& metrics, const QString& label)
     return metrics.size(Qt::TextSingleLine | Qt::TextShowMnemonic, label).width();
 }
 
-// With the part behind a tab at the next stop.
+// Returns the width of the text with the part after a tab at the next tab stop.
 int TabbedWidth(const QFontMetrics& metrics, const QString& text)
 {
     const qsizetype tab = text.indexOf(QLatin1Char('\t'));
@@ -30,7 +30,7 @@ int TabbedWidth(const QFontMetrics& metrics, const QString& text)
         return LabelWidth(metrics, text);
     }
     const int stop = std::max(kTabStop * metrics.averageCharWidth(), 1);
-    // At least one character, so that label and key never touch.
+    // Leave at least one character, so that the label and the key never touch.
     const int label = LabelWidth(metrics, text.left(tab)) + metrics.averageCharWidth();
     return (label + stop - 1) / stop * stop + metrics.horizontalAdvance(text.mid(tab + 1));
 }

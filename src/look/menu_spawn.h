@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Turns the entries of ordinary menus into entries that the program measures and draws by itself,
-// with the pictures of the toolbar and a check mark of its own. User interface thread only.
+// Measures and draws the entries of the program's menus, with the pictures of the toolbar and its
+// own check mark. User interface thread only.
 
 #pragma once
 
@@ -31,40 +31,41 @@ public:
     CMenuSpawn();
     virtual ~CMenuSpawn() = default;
 
-    // Takes the pictures of a toolbar over: its commands from left to right, 0 for a separator,
-    // which takes no picture index. False if none of the commands has a picture.
+    // Adds the pictures of a toolbar. commands: from left to right, 0 for a separator, which gets
+    // no picture index. Returns false if no command has a picture.
     bool LoadToolBar(std::span<const int> commands, const std::function<QIcon(int)>& pictureOf);
     void AddImageMapEntry(int nImage, int nCommand);
-    // The index of the first pair with this command, else -1.
+    // Returns the picture index of the first pair with this command, or -1.
     [[nodiscard]] int FindImage(int nCommand) const;
 
-    // Gives the entry of an action its item, or brings the one that it has up to date. nCommand may
-    // be a kind.
+    // Creates or updates the item of an action. nCommand is a command number or a kind (SPAWN_...).
+    // The reference is valid until the first RemapMenu after the action is destroyed.
     const SpawnItem& AddSpawnItem(const QAction& action, const QString& text, int nCommand);
 
-    // Gives every entry its item, also in submenus; the number of an entry's command is the data of
-    // its action. An entry that has one keeps it, brought up to date. Items of actions that are
-    // gone are given back.
+    // Creates or updates the items of all entries, including those of submenus. The data of an
+    // action is its command number. Drops the items of destroyed actions.
     void RemapMenu(const QMenuBar& bar);
     void RemapMenu(const QMenu& menu);
 
-    // Null if the action is not an entry that was remapped.
+    // Returns null if the action has no item.
     [[nodiscard]] const SpawnItem* ItemOf(const QAction* action) const;
-    // nItem: a position among all actions, or the number of a command.
+    // Returns true if the entry has an item. nItem: a position among all actions if byPosition,
+    // otherwise a command number.
     [[nodiscard]] bool IsSpawnItem(const QMenu& menu, int nItem, bool byPosition) const;
 
-    // Device-independent pixels. An entry of the bar gets the size of its text and no more.
+    // In device-independent pixels. For an entry of the menu bar, only the size of its text.
     [[nodiscard]] QSize MeasureItem(const SpawnItem& item, const MenuLook& look) const;
-    // own: the picture to show if the command has none of the toolbar's; may be null.
+    // own: the picture to use if the toolbar has none for the command; may be null.
     void DrawItem(QPainter& painter, const MenuLook& look, const SpawnItem& item,
                   const MenuItemState& state, const QIcon& own = {}) const;
 
-    // The position, among all actions, of the last visible entry that is marked with the letter.
+    // Returns the position, among all actions, of the last visible entry with this mnemonic.
+    // Ignores case.
     [[nodiscard]] std::optional<int> FindKeyboardShortcut(QChar letter, const QMenu& menu) const;
 
 private:
     struct Entry {
-        QPointer<const QAction> action;  // another action may get the address of one that is gone
+        QPointer<const QAction> action;  // a new action may reuse the address of an old one
         SpawnItem item;
     };
 

@@ -8,8 +8,8 @@
 
 #include "document/command_table.h"
 
-// A linker leaves the pictures of a static library out unless something names them, and the macro
-// does that outside of any namespace only.
+// The linker drops unreferenced objects of a static library, such as the resources. The macro must
+// be used outside of any namespace.
 static void InitPictures()
 {
     Q_INIT_RESOURCE(pictures);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The program's own pictures, drawn sharp at any scale from the SVG files that are built into it.
-// They need Qt's plugin for SVG. User interface thread only.
+// The built-in pictures of the program: SVG files, sharp at any scale. Requires the SVG plugin of
+// Qt. User interface thread only.
 
 #pragma once
 
@@ -11,12 +11,11 @@
 
 namespace quorbit {
 
-// A picture by the name of its file without the ending, as "quorbit" or "entry-delete". A null icon
-// if there is none of that name.
+// Returns a picture by its file name without extension, such as "quorbit" or "entry-delete", or a
+// null icon if there is no such picture.
 [[nodiscard]] QIcon Picture(std::string_view name);
 
-// The picture that a command shows on the toolbar and in the menus. A null icon for a command that
-// has none.
+// Returns the picture of a command for the toolbar and the menus, or a null icon if it has none.
 [[nodiscard]] QIcon CommandPicture(int nId);
 
 }  // namespace quorbit

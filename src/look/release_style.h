@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// For styles that are set on single widgets. User interface thread only.
+// Detaches a style from its widgets. User interface thread only.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace quorbit {
 
-// Gives every widget that has the style the application's again: a widget does not own its style,
-// and must not look for one that is gone.
+// Resets all widgets that use the style to the application's style. Call it before the style is
+// destroyed: widgets do not own their style and would keep a dangling pointer.
 void ReleaseStyle(const QStyle& style);
 
 }  // namespace quorbit

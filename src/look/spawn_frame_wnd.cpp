@@ -27,7 +27,8 @@ CSpawnFrameWnd::CSpawnFrameWnd(QWidget* parent)
     key->setShortcut(QKeySequence(Qt::Key_F10));
     connect(key, &QAction::triggered, this, [this] { OpenFirstMenu(); });
     addAction(key);
-    // A mouse that leaves the window, or that something comes between, is not always reported.
+    // Qt does not always send an event when the mouse leaves the window or another window covers
+    // the bar, so poll the position as well.
     connect(&m_hotTimer, &QTimer::timeout, this, [this] { HitTest(QCursor::pos()); });
     m_hotTimer.start(kHotInterval);
 }

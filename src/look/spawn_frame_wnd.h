@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A main window with owner-drawn menus: the entry of the menu bar under the mouse lights up.
-// User interface thread only.
+// A main window with owner-drawn menus that highlights the menu bar entry under the mouse. User
+// interface thread only.
 
 #pragma once
 
@@ -22,9 +22,9 @@ public:
     explicit CSpawnFrameWnd(QWidget* parent = nullptr);
 
     [[nodiscard]] CMenuSpawn& MenuSpawn() { return m_menuSpawn; }
-    // Of the entry that is lit, in window coordinates; empty if none is.
+    // Returns the rectangle of the highlighted entry in window coordinates; empty if there is none.
     [[nodiscard]] const QRect& HotRect() const { return m_rcHot; }
-    // While a menu is open or the bar is used by keys.
+    // Returns true while a menu is open or the menu bar has the focus.
     [[nodiscard]] bool InMenuLoop() const { return m_bInMenuLoop; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -9,17 +9,17 @@
 
 namespace quorbit {
 
-// Kinds of entries that are no commands.
+// Kinds of entries that are not commands.
 enum : int {
     SPAWN_SUBMENU = -2,    // opens a submenu
     SPAWN_SEPARATOR = -3,  // its text is "--"
-    SPAWN_BAR = -4,        // stands in the menu bar
+    SPAWN_BAR = -4,        // an entry of the menu bar
 };
 
 struct SpawnItem {
-    int nImage = -1;   // index of the picture, -1 if there is none; a kind stands here, too
-    int nCommand = 0;  // number of the command, or a kind
-    QString szText;    // with its '&' and, if any, a tab and the name of the key
+    int nImage = -1;   // index of the picture, -1 if there is none, or a kind
+    int nCommand = 0;  // command number, or a kind
+    QString szText;    // with its '&' and, if there is a key, a tab and its name
 };
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A menu bar that shows one of its entries lit. User interface thread only.
+// A menu bar that can highlight one of its entries. User interface thread only.
 
 #pragma once
 
@@ -14,7 +14,7 @@ class SpawnMenuBar : public QMenuBar {
 public:
     using QMenuBar::QMenuBar;
 
-    // The rectangle gets a raised edge; an empty one takes the light away.
+    // Draws a raised edge around the rectangle, in coordinates of the bar; an empty one removes it.
     void SetLight(const QRect& rect);
     [[nodiscard]] const QRect& Light() const { return m_light; }
 

@@ -10,9 +10,10 @@ namespace {
 
 constexpr int kArrowRoom = 15;
 constexpr int kArrow = 9;
-constexpr QSize kAroundBarEntry(16, 8);  // what the platform puts around the text of an entry
+constexpr QSize kAroundBarEntry(16, 8);  // what the platform adds to the size of the text
 
-// The dark edge does not stand out from a dark window, but a part of the text's colour always does.
+// The dark edge would not stand out from a dark window; the background mixed with a third of the
+// text colour always does.
 QColor FrameColor(const MenuColors& colors)
 {
     const auto mix = [](int ground, int text) { return (2 * ground + text) / 3; };
@@ -40,7 +41,7 @@ const QStyleOptionMenuItem* OurEntry(const QStyleOption* option)
     return item != nullptr && IsOurs(*item) ? item : nullptr;
 }
 
-// What is measured, and what stands for an entry that was not remapped.
+// Returns the item for measuring an entry, and for drawing one that was not remapped.
 SpawnItem PlainItem(const QStyleOptionMenuItem& option)
 {
     switch (option.menuItemType) {
@@ -64,13 +65,13 @@ MenuLook SpawnMenuStyle::LookOf(const QStyleOption& option, const QFont& font) c
 int SpawnMenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                               QStyleHintReturn* data) const
 {
-    // The keys also reach a disabled entry, so that a person finds it there.
+    // Let the keyboard reach disabled entries, so that users can find them.
     return hint == SH_Menu_AllowActiveAndDisabled
                ? 1
                : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-// Room for the edge of the panel and a little ground inside of it.
+// One pixel for the frame of the panel and one for the background inside it.
 int SpawnMenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                 const QWidget* widget) const
 {
@@ -93,7 +94,7 @@ QSize SpawnMenuStyle::sizeFromContents(ContentsType type, const QStyleOption* op
     return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-// The menu adds the widest text behind a tab to the widest entry, so it is not counted here.
+// QMenu itself adds the width of the widest text after a tab, so leave that text out here.
 QSize SpawnMenuStyle::EntrySize(const QStyleOptionMenuItem& option) const
 {
     const SpawnItem item = PlainItem(option);
@@ -131,7 +132,7 @@ void SpawnMenuStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
         const QColor frame = FrameColor(colors);
         DrawRaisedEdge(*painter, option->rect, {frame, frame});
     } else if (element == PE_FrameMenu) {
-        // Part of the panel.
+        // PE_PanelMenu has drawn the frame.
     } else {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
@@ -175,8 +176,8 @@ void SpawnMenuStyle::DrawArrow(const QStyleOptionMenuItem& option, QPainter& pai
     proxy()->drawPrimitive(PE_IndicatorArrowRight, &arrow, &painter, widget);
 }
 
-// The bar also selects what the mouse is over; only an entry that is open, or that the keys are on,
-// lies deep.
+// QMenuBar also selects the entry under the mouse. Draw only an open entry, or one that is selected
+// with the keyboard, sunken.
 void SpawnMenuStyle::DrawBarEntry(const QStyleOptionMenuItem& option, QPainter& painter,
                                   const QWidget* widget) const
 {

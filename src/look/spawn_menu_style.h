@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Hands the entries of the menus that it is set on, and of their bar, to CMenuSpawn; all the rest
-// looks as in the user's own style. User interface thread only.
+// Measures and draws the entries of menus and menu bars through CMenuSpawn. Everything else follows
+// the application's style. User interface thread only.
 
 #pragma once
 
@@ -15,7 +15,8 @@ namespace quorbit {
 
 class SpawnMenuStyle : public QProxyStyle {
 public:
-    // spawn must outlive the style. No widget may keep the style when it goes: see ReleaseStyle.
+    // spawn must outlive the style. No widget may use the style after it is destroyed: see
+    // ReleaseStyle.
     explicit SpawnMenuStyle(const CMenuSpawn& spawn) : m_spawn(spawn) {}
 
     [[nodiscard]] MenuLook LookOf(const QStyleOption& option, const QFont& font) const;

@@ -15,10 +15,11 @@
 namespace quorbit {
 namespace {
 
-// In lines of text. The ratio is that of the picture.
+// In lines of text, with the aspect ratio of the picture.
 constexpr QSize kLines{36, 21};
 
-// What is drawn before the window is on the screen is lost.
+// Waits until the window is on the screen, since anything painted earlier is lost, then paints it.
+// Gives up waiting after kPatience, so that a slow display does not delay the start.
 void PaintNow(QWidget& window)
 {
     constexpr std::chrono::milliseconds kPatience{300};
@@ -70,7 +71,7 @@ bool CMySplashWnd::eventFilter(QObject*, QEvent* event)
 {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
-            // Taken, so that the press that follows is not a shortcut.
+            // Accept it, so that the key press that follows does not trigger a shortcut.
             event->accept();
             return true;
         case QEvent::KeyPress:

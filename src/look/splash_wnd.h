@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The picture that stands over everything for a moment while the program starts. User interface
-// thread only.
+// The splash window, shown for a moment while the program starts. User interface thread only.
 
 #pragma once
 
@@ -15,13 +14,13 @@ namespace quorbit {
 
 class CMySplashWnd : public QWidget {
 public:
-    // Shows the window in the middle of the screen and paints it at once. It goes away, and deletes
-    // itself, when the time is over, when the program leaves its event loop, or at the first key or
-    // mouse button that is pressed anywhere in the program, which then has no other effect.
-    // picture: 12 to 7. Null if there is no picture.
+    // Shows the window in the middle of the screen and paints it before returning, which may take
+    // up to 300 ms. The window closes and deletes itself after `duration`, when the event loop
+    // ends, or on the first key or mouse press anywhere in the program, which then has no other
+    // effect. picture: aspect ratio 12:7. Returns null if the picture is null.
     static QPointer<CMySplashWnd> Create(const QIcon& picture, std::chrono::milliseconds duration);
 
-    // Takes the window away at once; the object follows once the event loop is free.
+    // Closes the window at once; the event loop deletes the object later.
     void End();
 
 protected:

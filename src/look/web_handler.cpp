@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kWebPage = "text/html";
 
-// The value of a key in a group of a key file; empty if there is none.
+// Returns the value of a key in a group of a key file, or an empty string if there is none.
 QString ReadKey(const QString& path, const char* group, const char* key)
 {
     QFile file(path);
@@ -34,7 +34,8 @@ QString ReadKey(const QString& path, const char* group, const char* key)
     return {};
 }
 
-// A dash in the name of an entry may stand for a folder.
+// Returns the path of a desktop entry by its ID, or an empty string. A dash in an ID may stand for
+// a folder separator; only the first dash is tried.
 QString EntryPath(const QString& id)
 {
     QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, id);
@@ -48,7 +49,7 @@ QString EntryPath(const QString& id)
     return path;
 }
 
-// The command of the first program of a list that is installed.
+// Returns the command of the first installed program of a list, or an empty string.
 QString CommandOfFirst(const QString& list)
 {
     const QStringList ids = list.split(QLatin1Char(';'), Qt::SkipEmptyParts);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which program the desktop has for web pages, by the MIME Applications Associations Specification
-// 1.0 and the Desktop Entry Specification 1.5 of freedesktop.org.
+// Finds the program that the desktop uses for web pages. Sources of the formats: MIME Applications
+// Associations Specification 1.0 and Desktop Entry Specification 1.5 (freedesktop.org).
 
 #pragma once
 
@@ -11,12 +11,13 @@
 
 namespace quorbit {
 
-// The line "Exec" of the desktop entry for text/html; empty if there is none.
+// Returns the value of "Exec" of the desktop entry for text/html, or an empty string if there is
+// none.
 [[nodiscard]] QString WebHandlerCommand();
-// The line up to the place where the address would stand (%u, %U, %f, %F), or the opening quote in
-// front of it; whole if it has no such place. What stands behind the address is lost.
+// Returns the command up to the placeholder of the address (%u, %U, %f, %F) or the quote that opens
+// it, or the whole command if it has no placeholder. Text after the placeholder is dropped.
 [[nodiscard]] QString CutAtPlaceholder(const QString& command);
-// The words of such a line, without its quotes and without its other field codes.
+// Splits a command into its arguments and removes quotes and the remaining field codes.
 [[nodiscard]] QStringList SplitCommand(const QString& command);
 
 }  // namespace quorbit
