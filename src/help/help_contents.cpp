@@ -22,7 +22,8 @@ QUrl WithoutFragment(const QUrl& url)
     return url.adjusted(QUrl::RemoveFragment);
 }
 
-// Hides the sections of a chapter whose titles do not hold the text. True if one of them does.
+// Hides the sections of a chapter whose titles do not contain the text. Returns true if a title
+// contains it.
 bool FilterSections(QTreeWidgetItem& chapter, const QString& text)
 {
     bool found = false;
@@ -81,6 +82,7 @@ void HelpContents::Mark(const QUrl& page)
             best = *at;
         }
     }
+    // The selection follows the page here; the signal would load the page again.
     const QSignalBlocker quiet(this);
     setCurrentItem(best);
     if (best != nullptr) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The contents of the help as a tree: chapters and their sections. User interface thread only.
+// The table of contents of the help: a tree of chapters and sections. User interface thread only.
 
 #pragma once
 
@@ -16,19 +16,22 @@ namespace quorbit {
 
 class HelpContents final : public QTreeWidget {
 public:
-    // Whether a page matches what is searched for.
+    // Returns true if a page matches the search.
     using PageTest = std::function<bool(const QUrl&)>;
 
+    // Reads the entries of `pages` once and keeps no reference to it.
     HelpContents(const HelpPages& pages, QWidget* parent);
 
-    // Calls open with the page of an entry that the user makes the current one. Mark does not.
+    // Calls `open` with the page of an entry when the user selects it, but not from Mark.
     void SetOnEntry(std::function<void(const QUrl&)> open);
-    // Makes the entry of the page the current one, or that of its chapter if the section has none.
+    // Selects the entry of the page, or the first entry of the same file if its section has none.
+    // Clears the selection if the file has no entry.
     void Mark(const QUrl& page);
-    // Shows the chapters that holds or their titles accept, with the sections whose titles hold the
-    // text. An empty text shows everything.
+    // Shows only the sections whose titles contain the text, and the chapters with such a section,
+    // with the text in their title, or for which `holds` returns true. Ignores case. An empty text
+    // shows everything.
     void Filter(const QString& text, const PageTest& holds);
-    // The page of the first chapter that holds accepts.
+    // Returns the page of the first chapter for which `holds` returns true.
     [[nodiscard]] std::optional<QUrl> FirstChapter(const PageTest& holds) const;
 
 private:

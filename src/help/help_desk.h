@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The help as the application sees it: pages, the window that shows them, the keys that ask for
-// them. User interface thread only.
+// The help system: pages, help window and help keys. User interface thread only.
 
 #pragma once
 
@@ -19,16 +18,16 @@ namespace quorbit {
 
 class HelpDesk {
 public:
-    // helpFile: see HelpPages. What services names must outlive this object.
+    // helpFile: see HelpPages. The objects in `services` must outlive this object.
     HelpDesk(const std::string& helpFile, HelpWindowServices services);
 
     void OpenContents();
-    // The chapter that tells of a widget; the contents if it has no topic or is null.
+    // Opens the chapter about a widget, or the contents if the widget is null or has no topic.
     void OpenChapterOf(const QWidget* widget);
-    // The next click shows the topic of what is clicked.
+    // Enters Qt's "What's This?" mode: the next click shows the topic of the clicked control.
     static void AskByClick();
 
-    // Null before it was opened.
+    // Null until the window is first opened. Owned by this object.
     [[nodiscard]] HelpWindow* Window() { return m_window.get(); }
 
 private:

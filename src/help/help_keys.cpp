@@ -90,7 +90,8 @@ bool HelpKeys::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
-// In the main window these keys are commands and do not come this far.
+// In the main window F1 and Shift+F1 are shortcuts of commands, so they do not arrive here as key
+// presses.
 bool HelpKeys::OnKey(QWidget& widget, const QKeyEvent& event)
 {
     if (event.key() != Qt::Key_F1 || IsInHelp(widget)) {
@@ -107,6 +108,7 @@ bool HelpKeys::OnKey(QWidget& widget, const QKeyEvent& event)
     if (ShowTopic(HelpTopicAt(&widget), below, widget)) {
         return true;
     }
+    // Message boxes have no topics; errors are explained in the troubleshooting chapter.
     const bool message = qobject_cast<const QMessageBox*>(widget.window()) != nullptr;
     m_showPage(message ? m_pages.Page(QStringLiteral("troubleshooting.html")) : m_pages.Contents());
     return true;
@@ -125,7 +127,8 @@ bool HelpKeys::OnQuestion(QWidget& widget, QHelpEvent& event)
     return true;
 }
 
-// A menu shows the text that its item carries; most starts of the program never need it.
+// QMenu shows the whatsThis text of its actions. It is set only now, because most runs of the
+// program never need it.
 void HelpKeys::OnEnterQuestions(const QObject& window) const
 {
     for (QAction* action : window.findChildren<QAction*>()) {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Help on what the keyboard or the mouse is on. F1 shows a pop-up with the topic of the control
-// that has the focus; Shift+F1, and the "?" of a dialog's title bar, let the next click show that
-// of what is clicked. Watches the whole application. User interface thread only.
+// Context help. F1 shows a pop-up with the topic of the focused control. After Shift+F1, or a click
+// on the "?" of a dialog's title bar, the next click shows the topic of the clicked control.
+// Watches the events of the whole application. User interface thread only.
 
 #pragma once
 
@@ -19,16 +19,16 @@
 
 namespace quorbit {
 
-// The topic of a widget: its own, that of its command or of what it is the label of, else that of
-// what it lies in, up to its window. 0: none.
+// Returns the topic number of a widget: its own, or that of its command or of its buddy if it is a
+// label, or that of the nearest parent up to its window. 0 if there is none.
 [[nodiscard]] int HelpTopicAt(const QWidget* widget);
 
 class HelpKeys final : public QObject {
 public:
-    // The text of a topic in a pop-up, near that place of the screen or that widget.
+    // Shows the text of a topic (HTML) in a pop-up at a global position, for the given widget.
     using ShowText = std::function<void(const QPoint&, const QString&, QWidget*)>;
 
-    // showPage: the help at a page. pages must outlive this object.
+    // showPage opens the help window at a page. pages must outlive this object.
     HelpKeys(const HelpPages& pages, std::function<void(const QUrl&)> showPage,
              ShowText showText = QWhatsThis::showText);
 
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] bool OnQuestion(QWidget& widget, QHelpEvent& event);
     void OnEnterQuestions(const QObject& window) const;
     [[nodiscard]] bool OnLink(const QString& link);
-    // False if the topic has no page.
+    // Returns false if there is no such topic.
     bool ShowTopic(int topic, const QPoint& global, QWidget& widget);
 
     const HelpPages& m_pages;

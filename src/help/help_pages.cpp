@@ -10,8 +10,8 @@
 #include <QTextDocument>
 #include <QTextList>
 
-// Of a static library the linker takes only what somebody asks for. Outside of every namespace, as
-// the macro wants it.
+// The linker drops unreferenced objects of a static library, such as the resources. The macro must
+// be used outside of any namespace.
 static void TakeBuiltInPages()
 {
     Q_INIT_RESOURCE(help);
@@ -26,17 +26,17 @@ const QUrl& BuiltInContents()
     return contents;
 }
 
-// The name of a page's file, also of a built-in one.
+// Returns the file name of a page. Built-in pages are resources, whose names start with ":".
 QString FileOf(const QUrl& page)
 {
     return page.scheme() == u"qrc" ? QLatin1Char(':') + page.path() : page.toLocalFile();
 }
 
-// The page with all topics: one section each, with the number of the topic as its anchor.
+// The page of the topics: one section per topic, with the topic number as its anchor.
 constexpr const char* kTopicsPage = "controls.html";
 
-// A section of that page, up to the next heading. Its heading becomes bold text, since a pop-up
-// has no room for headings. Empty if there is no such section.
+// Returns the section of a topic, up to the next heading, or an empty string if there is no such
+// section. Its heading becomes bold text, since a pop-up has no room for headings.
 QString TopicText(const QString& html, int number)
 {
     const QRegularExpression section(

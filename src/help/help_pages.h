@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The pages of the help: those beside the index page that the machine's settings name, or, if there
-// is no such file, those that are built into the program. User interface thread only.
+// The pages of the help: those next to the index page named in the machine settings, or the
+// built-in ones if that file does not exist. User interface thread only.
 
 #pragma once
 
@@ -14,40 +14,41 @@
 
 namespace quorbit {
 
-// One line of the contents.
+// An entry of the table of contents.
 struct HelpEntry {
     QString title;
-    QUrl page;  // with a fragment for a section of a page
-    int depth;  // 1 for a chapter, 2 for a section of it
+    QUrl page;  // with a fragment if the entry is a section of a page
+    int depth;  // 1 for a chapter, 2 for a section
 };
 
-// What the help tells of one control.
+// The help on one control.
 struct HelpTopic {
-    QString text;  // HTML, to be drawn in a pop-up
-    QUrl chapter;  // where more of it stands; the contents if the topic names nothing
+    QString text;  // HTML, for a pop-up
+    QUrl chapter;  // the first link of the text; the contents if there is none
 };
 
 class HelpPages {
 public:
-    // helpFile: full path of an index page, in the bytes of the file system; empty or gone means
-    // the built-in pages.
+    // helpFile: full path of an index page, in the encoding of the file system. Uses the built-in
+    // pages if it is empty or does not exist.
     explicit HelpPages(const std::string& helpFile = {});
 
-    // The index page.
+    // Returns the index page.
     [[nodiscard]] const QUrl& Contents() const { return m_contents; }
-    // A page by its name, as "log.html#end".
+    // Returns the URL of a page by its name, such as "log.html#end".
     [[nodiscard]] QUrl Page(const QString& name) const;
-    // The links of the index page, in their order. Empty if it cannot be read.
+    // Returns the list items of the index page that are links, in order; empty if it cannot be
+    // read.
     [[nodiscard]] std::vector<HelpEntry> Entries() const;
-    // A topic that the installed pages lack comes from the built-in ones. Nothing for 0 and for a
-    // number that no page has.
+    // Returns a topic of the installed pages or, if it is missing there, of the built-in ones.
+    // Reads the pages on each call. Nothing for 0 and for unknown numbers.
     [[nodiscard]] std::optional<HelpTopic> Topic(int number) const;
 
-    // The text of a page as HTML; empty if it cannot be read.
+    // Returns the HTML of a page, or an empty string if it cannot be read.
     [[nodiscard]] static QString Read(const QUrl& page);
-    // Without its markup, for searching.
+    // Returns the text of a page without markup, for searching.
     [[nodiscard]] static QString PlainText(const QUrl& page);
-    // A page that this program shows itself, as against an address for a web browser.
+    // Returns true if the help window shows the page itself, false if it is for a web browser.
     [[nodiscard]] static bool IsPage(const QUrl& url);
 
 private:

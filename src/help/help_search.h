@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Finds text in pages of the help, without case. Each page is read once. User interface thread
-// only.
+// Searches the pages of the help, ignoring case. Each page is read once and cached. User interface
+// thread only.
 
 #pragma once
 
@@ -14,11 +14,11 @@ namespace quorbit {
 
 class HelpSearch {
 public:
-    // Whether the file of the page holds the text; its fragment does not matter.
+    // Returns true if the file of the page contains the text. Ignores the fragment of the page.
     [[nodiscard]] bool PageHolds(const QUrl& page, const QString& text);
 
 private:
-    std::map<QUrl, QString> m_texts;  // of pages that were searched
+    std::map<QUrl, QString> m_texts;  // plain text of the pages searched so far
 };
 
 }  // namespace quorbit

@@ -52,7 +52,8 @@ HelpWindow::HelpWindow(const HelpPages& pages, HelpWindowServices services)
     connect(m_find, &QLineEdit::returnPressed, this, &HelpWindow::FindNext);
 }
 
-// The base hides the window too, but does not know of its size.
+// Hide the window here, so that hideEvent saves the size: the destructor of the base class would no
+// longer call it.
 HelpWindow::~HelpWindow()
 {
     hide();
@@ -136,6 +137,7 @@ void HelpWindow::SaveSize() const
 
 void HelpWindow::hideEvent(QHideEvent* event)
 {
+    // A spontaneous event comes from the window system, such as when the window is minimised.
     if (!event->spontaneous()) {
         SaveSize();
     }
@@ -157,7 +159,7 @@ void HelpWindow::ShowPage(const QUrl& page)
     m_browser->setFocus(Qt::OtherFocusReason);
 }
 
-// --- moving about -------------------------------------------------------------------------------
+// --- navigation ---------------------------------------------------------------------------------
 
 void HelpWindow::GoHome()
 {
@@ -200,7 +202,7 @@ void HelpWindow::OnEntry(const QUrl& page)
     }
 }
 
-// --- finding ------------------------------------------------------------------------------------
+// --- search -------------------------------------------------------------------------------------
 
 void HelpWindow::FocusFind()
 {
@@ -228,6 +230,7 @@ void HelpWindow::Find(QTextDocument::FindFlags flags)
     if (!m_search.PageHolds(m_browser->source(), text)) {
         ShowChapterWith(text);
     }
+    // Continue at the other end of the page, or of the chapter that was just opened.
     m_browser->moveCursor(back ? QTextCursor::End : QTextCursor::Start);
     (void)m_browser->find(text, flags);
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The window in which the help is read: contents at the left, a page at the right. It stands beside
-// the program's windows and stays usable while a modal dialog is open. User interface thread only.
+// The help window: the contents on the left, a page on the right. It is a separate top-level window
+// and stays usable while a modal dialog is open. User interface thread only.
 
 #pragma once
 
@@ -24,20 +24,20 @@
 namespace quorbit {
 
 struct HelpWindowServices {
-    Required<const Profile*> pProfile;  // keeps the size
-    std::function<void()> showTip{};    // null: there is no button for it
+    Required<const Profile*> pProfile;  // stores the size
+    std::function<void()> showTip{};    // null: the button is hidden
 };
 
 class HelpWindow final : public QWidget {
 public:
-    // pages and what services names must outlive the window.
+    // `pages` and the objects in `services` must outlive the window.
     HelpWindow(const HelpPages& pages, HelpWindowServices services);
 
     ~HelpWindow() override;
     HelpWindow(const HelpWindow&) = delete;
     HelpWindow& operator=(const HelpWindow&) = delete;
 
-    // Brings the window to the front, with that page.
+    // Shows the page and brings the window to the front.
     void ShowPage(const QUrl& page);
 
 protected:
@@ -59,7 +59,7 @@ private:
     void FindNext();
     void FindPrevious();
     void Find(QTextDocument::FindFlags flags);
-    // The first one of the contents; none leaves the page as it is.
+    // Shows the first chapter that contains the text. Keeps the page if there is none.
     void ShowChapterWith(const QString& text);
     void Filter(const QString& text);
     void OnLink(const QUrl& link);

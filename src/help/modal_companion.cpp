@@ -16,7 +16,7 @@ ModalCompanion::ModalCompanion(QWidget& window) : m_window(window)
 
 void ModalCompanion::BeforeShow()
 {
-    (void)m_window.winId();  // makes the native window
+    (void)m_window.winId();  // creates the native window, which has the transient parent
     if (QWidget* dialog = QApplication::activeModalWidget()) {
         Join(*dialog, true);
     }
@@ -38,7 +38,7 @@ void ModalCompanion::Join(QWidget& dialog, bool opens)
 {
     QWindow* handle = m_window.windowHandle();
     QWindow* other = dialog.windowHandle();
-    // A dialog that opens over the window blocks it rightly, and belongs to it already.
+    // A dialog of the window itself may block it, and is already its child.
     if (handle == nullptr || other == nullptr ||
         handle->isAncestorOf(other, QWindow::IncludeTransients)) {
         return;
@@ -46,6 +46,7 @@ void ModalCompanion::Join(QWidget& dialog, bool opens)
     if (opens) {
         handle->setTransientParent(other);
     } else if (handle->transientParent() == other) {
+        // A nested dialog has closed: return to the dialog below it, if there is one.
         handle->setTransientParent(other->transientParent());
     }
 }

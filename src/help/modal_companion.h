@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Keeps a window usable while a modal dialog is open. A modal dialog blocks every window that does
-// not belong to it; the companion makes the window belong to the dialog from before that is shown
-// until it is gone. User interface thread only.
+// Keeps a window usable while a modal dialog is open. A modal dialog blocks all windows except its
+// children, so this class makes the dialog the transient parent of the window while the dialog is
+// shown. User interface thread only.
 
 #pragma once
 
@@ -17,7 +17,7 @@ public:
     // Watches the whole application. window is a top-level window and must outlive this object.
     explicit ModalCompanion(QWidget& window);
 
-    // Call it before the window is shown: a dialog may be open already.
+    // Call it before the window is shown, in case a dialog is already open.
     void BeforeShow();
 
 protected:

@@ -23,7 +23,7 @@ constexpr const char* kNoFile = "Tips file does not exist in the prescribed dire
 constexpr const char* kTrouble = "Trouble reading the tips file";
 constexpr const char* kNoTips = "The tips file holds no tip.";
 
-// A position that the profile cannot hold counts as the head of the file.
+// The profile stores 32 bits; larger positions restart at the beginning of the file.
 std::int32_t StoredPosition(long position)
 {
     return position > std::numeric_limits<std::int32_t>::max()
@@ -60,6 +60,7 @@ void CTipDlg::OpenTips()
     }
     const Profile& profile = *m_services.pProfile;
     std::int32_t position = profile.GetProfileInt(Setting::TipFilePos);
+    // A changed file makes the stored position meaningless, so start at the beginning.
     if (profile.GetProfileString(Setting::TipTimeStamp) != m_tipFile->TimeStamp()) {
         profile.WriteProfileString(Setting::TipTimeStamp, m_tipFile->TimeStamp());
         position = 0;
@@ -90,7 +91,7 @@ void CTipDlg::TellTrouble()
     (void)m_services.pPrompts->Ask(kTrouble, {}, PromptIcon::Exclamation, PromptButtons::Ok);
 }
 
-// What a page of paper is to the desktop's colours: those of a text field.
+// The panel that looks like a sheet of paper, in the colours of a text field.
 QWidget* CTipDlg::MakePaper()
 {
     auto* paper = new QFrame(this);
@@ -173,6 +174,7 @@ void CTipDlg::OnNextTip()
 void CTipDlg::OnOK()
 {
     accept();
+    // The setting is inverted: 0, the default, shows tips at the start.
     m_services.pProfile->WriteProfileInt(Setting::TipStartUp, m_chkStartup->isChecked() ? 0 : 1);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// "Tip of the Day": shows one tip at a time and remembers in the profile which one comes next. User
-// interface thread only.
+// The "Tip of the Day" dialog: shows one tip at a time and stores the position of the next one in
+// the profile. User interface thread only.
 
 #pragma once
 
@@ -20,26 +20,27 @@
 
 namespace quorbit {
 
-// Neither object is owned, and both must outlive the dialog.
+// Services used by the dialog. Not owned; must outlive the dialog.
 struct TipServices {
     Required<const Profile*> pProfile;
     Required<Prompts*> pPrompts;
-    std::string path;  // of the tips; empty: there are none
+    std::string path;  // path of the tips file; empty if there is none
 };
 
 class CTipDlg : public QDialog {
 public:
     CTipDlg(TipServices services, QWidget* parent);
-    // Remembers where the next tip starts, however the dialog was closed.
+    // Stores the position of the next tip, no matter how the dialog was closed.
     ~CTipDlg() override;
     CTipDlg(const CTipDlg&) = delete;
     CTipDlg& operator=(const CTipDlg&) = delete;
 
-    // Reads the next tip. Without a change of the text if the file cannot be read, which is told.
+    // Reads the next tip, or a message if the file contains none. If the file cannot be read, shows
+    // an error and leaves strTip unchanged; without a file, does nothing.
     void GetNextTip(std::string& strTip);
 
-    bool m_bStartup;       // the check box, as it was opened
-    std::string m_strTip;  // on display, or a message
+    bool m_bStartup;       // initial state of the check box
+    std::string m_strTip;  // the displayed tip, or a message
 
 private:
     void OpenTips();
@@ -52,7 +53,7 @@ private:
 
     TipServices m_services;
     std::optional<TipFile> m_tipFile;
-    bool m_bNoTips = false;  // the whole file was read and holds none
+    bool m_bNoTips = false;  // the file was read completely and contains no tip
     QPlainTextEdit* m_editTip = nullptr;
     QCheckBox* m_chkStartup = nullptr;
     QPushButton* m_butNextTip = nullptr;

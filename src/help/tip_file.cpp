@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kFileName = "tips.txt";
 constexpr std::size_t kMostCharacters = 999;
-constexpr std::size_t kMostBytes = 4 * kMostCharacters;
+constexpr std::size_t kMostBytes = 4 * kMostCharacters;  // also limits invalid UTF-8
 
 bool IsTip(const std::string& line)
 {
@@ -26,13 +26,13 @@ bool IsTip(const std::string& line)
     return !line.empty() && kNoTip.find(line.front()) == std::string_view::npos;
 }
 
-// A byte that goes on with a character of UTF-8.
+// Returns true for a continuation byte of UTF-8.
 bool IsContinuation(int byte)
 {
     return (byte & 0xC0) == 0x80;
 }
 
-// "Thu Nov  5 09:07:00 2026", the form of asctime(3).
+// Formats a time as asctime(3) does: "Thu Nov  5 09:07:00 2026".
 std::string TimeText(const QDateTime& time)
 {
     const QLocale c = QLocale::c();
@@ -73,7 +73,7 @@ TipFile::TipFile(std::unique_ptr<QFile> file, std::string timeStamp)
 std::optional<TipFile> TipFile::Open(const std::string& path)
 {
     auto file = std::make_unique<QFile>(QFile::decodeName(path.c_str()));
-    // A FIFO would wait for a writer.
+    // Check the type first: opening a FIFO would block until it has a writer.
     if (!IsFile(path) || !file->open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
@@ -116,7 +116,7 @@ std::string TipFile::ReadLine()
 
 bool TipFile::Next(std::optional<std::string>& tip)
 {
-    // The rest of the file, then the whole of it once.
+    // Read the rest of the file, then the whole file once.
     bool wentRound = false;
     while (true) {
         std::string line = ReadLine();

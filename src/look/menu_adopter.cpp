@@ -112,8 +112,8 @@ void MenuAdopter::LeaveMenuLoop()
     }
 }
 
-// If several entries have the same mnemonic, QMenu would take the first one; these menus take the
-// last.
+// If several entries have the same mnemonic, QMenu only moves between them; these menus trigger the
+// last one.
 bool MenuAdopter::OnKey(QMenu& menu, const QKeyEvent& event)
 {
     const bool plain = (event.modifiers() & ~(Qt::AltModifier | Qt::ShiftModifier)) == 0;
