@@ -19,7 +19,7 @@ std::string UpperCase(std::string text)
     return text;
 }
 
-// The bits of the switches in a word, each found as a plain substring.
+// Returns the run mode bits of the switches in an argument. Each is searched as a plain substring.
 std::uint32_t SwitchesIn(const std::string& word)
 {
     const std::string upper = UpperCase(word);

@@ -9,8 +9,8 @@
 namespace quorbit {
 namespace {
 
-// Whether a list in the form of QT_QPA_PLATFORM ("wayland;xcb:option") names a platform that needs
-// no display server.
+// Returns true if a list in the format of QT_QPA_PLATFORM ("wayland;xcb:option") names a platform
+// that needs no display server, such as "offscreen".
 bool NamesServerlessPlatform(std::string_view list)
 {
     while (!list.empty()) {

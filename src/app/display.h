@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whether this process can show a window.
+// Detects whether the process can show a window. Any thread.
 
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace quorbit {
 
-// environment gives the value of a variable, empty if it is not set. Looks only at what is set; a
-// display that is named may still refuse.
+// environment returns the value of a variable, or an empty string if it is not set. Checks only the
+// variables and connects to nothing: a display that is named may still be unreachable.
 [[nodiscard]] bool HasDisplay(const std::function<std::string(const char*)>& environment);
-// By the environment of this process.
+// Uses the environment of this process.
 [[nodiscard]] bool HasDisplay();
 
 }  // namespace quorbit

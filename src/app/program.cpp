@@ -56,7 +56,7 @@ int SetUp()
     return done ? kExitOk : kExitNoRun;
 }
 
-// Before the first start is over, switches do not count.
+// Returns true if the first start is not complete. Until then, switches are ignored.
 bool IsFirstRunAhead(const SettingsStore& machine)
 {
     const auto folder = machine.FirstSection();
@@ -68,7 +68,7 @@ int StartUnattended(const CommandLine& line)
 {
     const SettingsStores stores = OpenSettingsStores();
     FatalOnConsole fatal;
-    // Reading the store reports it if it could not be created.
+    // Ignore an error here: reading the store below reports it.
     (void)EnsureMachineStore(stores.machine);
     MachineValues machine(stores.machine, fatal);
     if (!machine.GetRegValue(MachineValue::Run1)) {

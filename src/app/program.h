@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The process from its arguments to its exit code. It decides what the command line asks for before
-// anything needs a display, so that /I and the printing options never see a window.
+// Runs the process from its arguments to its exit code. It evaluates the command line before
+// anything needs a display, so that unattended runs and the options that only print work without
+// one.
 
 #pragma once
 
@@ -14,11 +15,12 @@
 
 namespace quorbit {
 
-// Runs the program with its window and returns its exit code. Needs a display.
+// Runs the program in its window and returns the exit code. Requires a display.
 using WindowStart = std::function<int(const CommandLine&)>;
 
-// arguments come without the name of the program. runInWindow is called at most once, and only
-// where HasDisplay() says that there is a display.
+// arguments: without the program name. Returns the exit code; errors go to standard error. Calls
+// runInWindow at most once, and only if HasDisplay() returns true. With /I it is called only before
+// the first start is complete, to show that switches are ignored. Main thread only.
 [[nodiscard]] int RunProgram(const std::vector<std::string>& arguments,
                              const WindowStart& runInWindow);
 

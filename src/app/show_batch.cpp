@@ -55,7 +55,7 @@ std::string KindName(std::uint32_t kind)
     return kind == DCK_NAMES ? "DCK_NAMES" : "unknown (" + std::to_string(kind) + ")";
 }
 
-// A label and its value, in columns.
+// Returns a line with a label and its value in columns.
 std::string Field(std::string_view label, std::string_view value)
 {
     std::string line = "  " + std::string(label) + ":";

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The entries of a batch file as text for a person.
+// Formats the entries of a batch file as text for --show. Pure functions. Any thread.
 
 #pragma once
 
@@ -13,8 +13,10 @@
 
 namespace quorbit {
 
+// Returns all fields of the entries, with control characters made printable.
 [[nodiscard]] std::string ShowEntries(const std::vector<CDirCopy>& entries);
-// The bits of a flag word by name, bits without a name as a number.
+// Returns the names of the bits of an entry's flags (DCF_...); unknown bits as one hexadecimal
+// number.
 [[nodiscard]] std::string FlagNames(std::uint32_t dwFlags);
 
 }  // namespace quorbit

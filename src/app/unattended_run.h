@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A batch file run from the command line without a window.
+// Runs a batch file from the command line without a window.
 
 #pragma once
 
@@ -13,9 +13,9 @@
 
 namespace quorbit {
 
-// Runs the file that the command line names, or an empty document if it names none, and gives the
-// exit code of the process. Says on standard error what went wrong. SIGINT, SIGTERM and SIGHUP stop
-// the run as its Cancel button would.
+// Runs the batch file of the command line, or an empty batch if there is none, and returns the exit
+// code of the process. Prints errors to standard error. SIGINT, SIGTERM and SIGHUP stop the run
+// like the Cancel button. Blocks until the run, on a worker thread, has ended. Main thread only.
 [[nodiscard]] int RunUnattended(const CommandLine& line, MachineValues& machine,
                                 const Profile& profile);
 

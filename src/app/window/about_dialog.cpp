@@ -38,7 +38,7 @@ QLabel* ProductName(QWidget* parent)
     return label;
 }
 
-// The mark of the program beside its name, version and address.
+// The program icon next to the name, version and web address.
 QLayout* Head(LinkServices services, QWidget* parent)
 {
     auto* link = new CHyperLink(services, parent);

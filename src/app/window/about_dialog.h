@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// "About QRB": name, version, a link, and what the machine has.
+// The "About QRB" dialog: name, version, link, memory and free disk space. User interface thread
+// only.
 
 #pragma once
 
@@ -15,11 +16,12 @@
 namespace quorbit {
 
 struct AboutFacts {
-    std::uint64_t memoryKb = 0;
-    std::optional<std::uint64_t> freeKb;  // of the current volume
+    std::uint64_t memoryKb = 0;           // physical memory, KiB
+    std::optional<std::uint64_t> freeKb;  // of the current volume, KiB; nothing if unknown
     std::string volume;                   // its name
 };
-// Those of this machine, by the current folder.
+// Reads the facts of this machine, for the volume of the current folder. Waits at most 500 ms for a
+// volume that does not answer.
 [[nodiscard]] AboutFacts ReadAboutFacts();
 
 class CAboutDlg : public QDialog {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the application is given by the process that it runs in.
+// Services that the process provides to the application.
 
 #pragma once
 
@@ -25,8 +25,8 @@ struct AppServices {
     Required<TextEditor*> pTextEditor;
     Required<LinkOpener*> pLinkOpener;
     Required<std::function<void(int)>> endLoop;  // leaves the event loop with an exit code
-    std::uint64_t nOpenFileLimit = 0;            // for scripts; see MakeProcessRunner
-    std::optional<Registration> registration{};  // nothing: the program does not register itself
+    std::uint64_t nOpenFileLimit = 0;            // restored for scripts, see MakeProcessRunner
+    std::optional<Registration> registration{};  // nothing: do not register the file type
     std::function<void()> showSplash{};          // null: there is none
     std::function<void()> showTips{};            // null: there are none
 };

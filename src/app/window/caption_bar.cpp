@@ -15,9 +15,10 @@ namespace quorbit {
 namespace {
 
 constexpr int kButtonInset = 2;
-constexpr int kSignInset = 3;  // in the button
+constexpr int kSignInset = 3;  // margin of the symbol inside the button
 
-// The style's sign in the colour of the text on a button; the style draws it for a light palette.
+// Returns the symbol of the style in the text colour of a button. The style draws the symbols for a
+// light palette only.
 QIcon ButtonIcon(const QWidget& button, QStyle::StandardPixmap sign)
 {
     const QIcon icon = button.style()->standardIcon(sign, nullptr, &button);
@@ -74,7 +75,7 @@ void CaptionBar::MakeMenu()
     connect(close, &QAction::triggered, this, [this] { window()->close(); });
 }
 
-// --- what it shows ------------------------------------------------------------------------------
+// --- contents -----------------------------------------------------------------------------------
 
 void CaptionBar::SetTitle(const QString& program, const QString& document)
 {
@@ -128,7 +129,7 @@ void CaptionBar::resizeEvent(QResizeEvent*)
     const int sign = std::max(side - 2 * kSignInset, 0);
     int right = width();
     for (QToolButton* button : {&m_close, &m_maximise, &m_minimise}) {
-        // The two that change the size stand together, apart from the one that closes.
+        // Minimise and maximise are adjacent, with a gap before close.
         right -= button == &m_minimise ? side : side + kButtonInset;
         button->setGeometry(right, kButtonInset, side, side);
         button->setIconSize({sign, sign});
@@ -181,8 +182,8 @@ void CaptionBar::mousePressEvent(QMouseEvent* event)
     }
 }
 
-// Not before the mouse has moved: the window manager takes the mouse over, and a double click would
-// never arrive.
+// Start the move only after the mouse has moved: startSystemMove hands the mouse over to the window
+// manager, and a double click would never arrive.
 void CaptionBar::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_pressedAt || !event->buttons().testFlag(Qt::LeftButton)) {

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A title bar that a window paints itself: icon, program name, document and the window's buttons on
-// a fading background. It moves, sizes and closes the window that it is part of. User interface
-// thread only.
+// A custom title bar: icon, program name, document and window buttons on a gradient. It moves,
+// minimises, maximises and closes the window that contains it. User interface thread only.
 
 #pragma once
 
@@ -20,7 +19,7 @@ class CaptionBar : public QWidget {
 public:
     explicit CaptionBar(QWidget* parent = nullptr);
 
-    // document in the words for the screen.
+    // document: printable text, see Printable.
     void SetTitle(const QString& program, const QString& document);
     [[nodiscard]] const QString& Program() const { return m_picture.Program(); }
     [[nodiscard]] const QString& Document() const { return m_picture.Document(); }
@@ -28,7 +27,7 @@ public:
     void SetActive(bool active);
     [[nodiscard]] bool IsActive() const { return m_bActive; }
 
-    // Reads icon and state of the window anew: for whoever sees them change.
+    // Re-reads the icon and the state of the window. Call it when either changes.
     void Refresh();
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -58,7 +57,7 @@ private:
     QMenu m_menu{this};
     QAction* m_menuRestore = nullptr;
     QAction* m_menuMaximise = nullptr;
-    std::optional<QPoint> m_pressedAt;  // where a drag would begin
+    std::optional<QPoint> m_pressedAt;  // where a drag started, in coordinates of the bar
 };
 
 }  // namespace quorbit

@@ -12,9 +12,9 @@ namespace quorbit {
 namespace {
 
 constexpr int kStripsInFade = 64;
-// Lightness; text below it gives way to white.
+// Text with a lower Lightness is replaced with white.
 constexpr int kDarkText = 90;
-// On the scale of QColor, 0 to 255: white stands out from it by about 5 to 1.
+// In the scale of QColor, 0 to 255. White text has a contrast of about 5 to 1 on it.
 constexpr int kLightestFill = 112;
 
 QRgb Faded(QRgb colour, std::int64_t distance, std::int64_t fade)
@@ -33,7 +33,7 @@ QRgb InactiveFill(QColor mid)
     return mid.rgb();
 }
 
-// Which of two stands out more from the fill.
+// Returns the colour whose lightness differs more from the fill.
 QRgb MoreDistinct(QRgb fill, QRgb one, QRgb other)
 {
     const auto distance = [fill](QRgb colour) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How the title bar is coloured. Rules only: no window is touched.
+// Computes the colours of the title bar. Pure functions. Any thread.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quorbit {
 
-// Pixels from the bar's left end.
+// A vertical strip of the bar. In pixels from its left end.
 struct CaptionStrip {
     int left = 0;
     int width = 0;
@@ -19,24 +19,24 @@ struct CaptionStrip {
     bool operator==(const CaptionStrip&) const = default;
 };
 
-// The background of an active title bar that is width pixels wide: black at the left, the caption
-// colour at the right, a quadratic curve between them. The strips go from right to left and cover
-// the bar without a gap; none if width is not above 0.
+// Returns the background of an active title bar of `width` pixels: a quadratic gradient from black
+// on the left to the caption colour on the right. The strips are in order from right to left and
+// cover the bar without gaps. Returns no strips if width is 0 or less.
 [[nodiscard]] std::vector<CaptionStrip> CaptionGradient(int width, QRgb caption);
 
-// 0 (black) to 240 (white).
+// Returns the HSL lightness, 0 (black) to 240 (white).
 [[nodiscard]] int Lightness(QRgb colour);
 
-// The colour of text on an active title bar: captionText, or white if that is too dark for the
-// bar's black end.
+// Returns the text colour of an active title bar: captionText, or white if captionText is too dark
+// for the black end of the bar.
 [[nodiscard]] QRgb ActiveTextColour(QRgb captionText);
 
 struct CaptionColours {
     QRgb fill = 0;
-    QRgb text = 0;  // of the document; the program's name is white
+    QRgb text = 0;  // of the document; the program name is white
 };
 
-// An inactive bar is never lighter than white text on it allows.
+// Returns the colours of the bar. An inactive bar is dark enough for white text.
 [[nodiscard]] CaptionColours ColoursOf(const QPalette& palette, bool active);
 
 }  // namespace quorbit

@@ -17,7 +17,7 @@ constexpr int kIconInset = 1;
 constexpr int kTextGap = 2;
 constexpr int kTitlePoints = 12;
 
-// For a paint device that counts in pixels of the screen.
+// The coordinates of the painter are physical pixels.
 void FillBackground(QPainter& painter, QSize pixels, bool active, QRgb fill)
 {
     if (!active) {
@@ -29,7 +29,7 @@ void FillBackground(QPainter& painter, QSize pixels, bool active, QRgb fill)
     }
 }
 
-// Returns where the icon ends.
+// Returns the x coordinate at which the icon ends.
 int DrawIcon(QPainter& painter, const QWidget& bar)
 {
     const QIcon icon = bar.window()->windowIcon();
@@ -41,7 +41,7 @@ int DrawIcon(QPainter& painter, const QWidget& bar)
     return kIconInset + side;
 }
 
-// Returns the width that the text took.
+// Returns the width of the text.
 int DrawLine(QPainter& painter, const QRect& room, const QString& text, QRgb colour)
 {
     const QFontMetrics metrics = painter.fontMetrics();
@@ -73,7 +73,7 @@ void CaptionPicture::ReadFonts()
     m_fontTitle.setStyleHint(QFont::Serif);
     m_fontTitle.setWeight(QFont::Bold);
     m_fontTitle.setPointSize(kTitlePoints);
-    // As high as the other font, whatever the two call a point.
+    // Match the height of the caption font; fonts of equal point size may differ in height.
     const qreal ratio = QFontMetricsF(m_fontCaption).height() / QFontMetricsF(m_fontTitle).height();
     m_fontTitle.setPointSizeF(kTitlePoints * ratio);
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The picture of a title bar: the window's icon, the program's name and the document on a fading
-// background. User interface thread only.
+// Draws the contents of a title bar: window icon, program name and document on a gradient. User
+// interface thread only.
 
 #pragma once
 
@@ -19,19 +19,19 @@ class CaptionPicture {
 public:
     CaptionPicture();
 
-    // document in the words for the screen.
+    // document: printable text, see Printable.
     void SetTitle(const QString& program, const QString& document);
     [[nodiscard]] const QString& Program() const { return m_program; }
     [[nodiscard]] const QString& Document() const { return m_document; }
 
-    // Reads the fonts of the desktop again.
+    // Re-reads the fonts of the desktop.
     void ReadFonts();
-    // The height that the text needs, in pixels.
+    // Returns the height of the text in pixels.
     [[nodiscard]] int TextHeight() const;
 
-    // Fills bar, in its colours and with the icon of its window. The text ends before right, in
-    // pixels of the bar. What was drawn is kept until the size of the bar changes or Discard is
-    // called.
+    // Paints the bar, with the palette of the bar and the icon of its window. The text ends before
+    // `right`, in pixels of the bar. The result is cached until the size of the bar changes or
+    // Discard is called.
     void Paint(QWidget& bar, bool active, int right);
     void Discard();
 
@@ -43,7 +43,7 @@ private:
     QString m_document;
     QFont m_fontCaption;
     QFont m_fontTitle;
-    std::array<QPixmap, 2> m_bmCaption;  // inactive, active; null: to be made
+    std::array<QPixmap, 2> m_bmCaption;  // inactive, active; null: not drawn yet
 };
 
 }  // namespace quorbit

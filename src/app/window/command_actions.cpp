@@ -37,8 +37,8 @@ CommandActions::CommandActions(QWidget& owner, std::function<CommandState(int)> 
     }
 }
 
-// The key is no shortcut of the menu's action: that would be dead for as long as the action shows a
-// state of earlier, and its name in the menu is not always that of the key.
+// The key is not set as the shortcut of the menu action: it would be ignored while that action is
+// still disabled from an earlier state, and the key name in the menu is not always the real key.
 void CommandActions::AddKey(int nId, const QString& key)
 {
     auto* action = new QAction(&m_owner);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Commands as actions: one for the menus and one for the key, both made from the command table.
-// User interface thread only.
+// Creates the QActions of the commands from the command table: one for menus and toolbar, and one
+// for the key. User interface thread only.
 
 #pragma once
 
@@ -15,20 +15,20 @@
 
 namespace quorbit {
 
-// Text with its mnemonic mark for the screen: a name in it must not bring marks of its own.
+// Escapes every '&' as "&&", so that a name in a menu text creates no mnemonic.
 [[nodiscard]] QString WithoutMarks(QString text);
 
 class CommandActions {
 public:
-    // The keys work in owner, which must outlive this object and owns the actions. Both functions
-    // must be there: how a command stands, and what carries it out.
+    // The keys work in the window of `owner`, which owns the actions and must outlive this object.
+    // stateOf returns the state of a command, run executes it; neither may be null.
     CommandActions(QWidget& owner, std::function<CommandState(int)> stateOf,
                    std::function<void(int)> run);
 
-    // The action of a command for a menu or bar, one a command; its data is the number. A number
-    // that is not in the table gets an action without text.
+    // Returns the action of a command for menus and toolbars, always the same one. Its data is the
+    // command number. A number that is not in the table gets an action without text.
     [[nodiscard]] QAction* Get(int nId);
-    // Brings all of them up to date. A key asks by itself when it is pressed.
+    // Updates the state of all menu actions. Keys query the state when they are pressed.
     void UpdateStates();
 
 private:

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The way of a command: the active view, the document, the frame, the application, and then the
-// other views, so that a pane's commands work while another pane has the focus. User interface
-// thread only.
+// Routes commands to their targets: the active view, the document, its file, the frame, the
+// application, and then the other views, so that the commands of a pane work while another pane has
+// the focus. User interface thread only.
 
 #pragma once
 
@@ -17,20 +17,20 @@ namespace quorbit {
 
 class CommandRoute {
 public:
-    // targets: what is asked between the active view and the other views, in this order. Nothing is
-    // owned, all of it outlives the route.
+    // targets: tried in this order, after the active view and before the other views. Not owned;
+    // doc and targets must outlive this object.
     CommandRoute(CQRBDoc& doc, std::vector<CommandTarget*> targets)
         : m_doc(doc), m_targets(std::move(targets))
     {
     }
 
-    // The view that had the focus last; null for none. It must not stay here when it goes.
+    // Sets the view that had the focus last, or null. Not owned; reset it before it is destroyed.
     void SetActiveView(CView* view) { m_pActiveView = view; }
     [[nodiscard]] CView* ActiveView() const { return m_pActiveView; }
 
-    // False if nobody takes the command.
+    // Executes a command. Returns false if no target handles it.
     bool OnCmdMsg(int nId);
-    // How the command stands. One that nobody takes is disabled.
+    // Returns the state of a command. A command without a target is disabled.
     [[nodiscard]] CommandState StateOf(int nId);
 
 private:

@@ -73,7 +73,7 @@ bool StartsProgram(const std::string& entry, const std::string& program)
     return entry.find("\nExec=" + ExecArgument(program) + " ") != std::string::npos;
 }
 
-// Whether an entry is what this program writes for some path of its own, to the letter.
+// Returns true if an entry is exactly what this program writes, for any program path.
 bool IsOwnEntry(const std::string& entry)
 {
     const std::string pattern = EntryText({});
@@ -85,8 +85,8 @@ bool IsOwnEntry(const std::string& entry)
            entry.substr(0, entry.size() - after.size()).find('\n', start) == std::string::npos;
 }
 
-// What a start laid down before the program was installed for all users would go on hiding the
-// entry of the installed one. What a user changed stays.
+// Removes files that were written before the program was installed for all users: the user's
+// desktop entry would still hide the installed one. Files changed by the user are kept.
 void WithdrawFromDesktop(const Registration& registration)
 {
     const std::string& data = registration.dataFolder;
@@ -108,8 +108,8 @@ bool WriteNew(const std::string& path, const std::string& content)
 
 }  // namespace
 
-// Two layers of escapes lie over each other: those of the quoted argument, and those of any text in
-// a desktop entry.
+// Applies two levels of escaping: that of quoted arguments, and that of all strings in a desktop
+// entry. A backslash therefore becomes four.
 std::string ExecArgument(const std::string& path)
 {
     std::string argument = "\"";

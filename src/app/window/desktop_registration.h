@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes ".qrb" open with this program on a user's desktop: a desktop entry and a MIME type. Nothing
-// is reported: a program that cannot register itself still works.
+// Registers this program for ".qrb" files on the user's desktop, with a desktop entry and a MIME
+// type (Desktop Entry Specification 1.5, Shared MIME-info Database; freedesktop.org). Errors are
+// ignored, because the program works without the registration.
 
 #pragma once
 
@@ -18,18 +19,19 @@ struct Registration {
     using StartProgram = std::function<void(const std::string&, const std::vector<std::string>&)>;
 
     std::string program;                     // full path
-    std::string dataFolder;                  // the user's shared data; empty: no desktop
-    std::vector<std::string> systemFolders;  // the system's shared data
-    // Starts a program of the search path with arguments and does not wait for it.
+    std::string dataFolder;                  // user's shared data; empty: do not register
+    std::vector<std::string> systemFolders;  // shared data of the system
+    // Starts a program from the search path with arguments and does not wait for it.
     Required<StartProgram> startProgram;
 };
 
-// Writes desktop entry and MIME type if they are missing or start another program, and has the
-// desktop's caches brought up to date. Where the program is installed for all users it only takes
-// back what it wrote, and nobody changed, since that would hide the installed entry.
+// Writes the desktop entry if it is missing or starts another program, and the MIME type if it is
+// missing, and then updates the desktop's caches. If the program is installed for all users,
+// instead removes the files that it has written, unless they were changed, because they would hide
+// the installed ones.
 void RegisterWithDesktop(const Registration& registration);
 
-// A path as the value of "Exec" takes it, by the Desktop Entry Specification 1.5.
+// Quotes a path for the value of "Exec" (Desktop Entry Specification 1.5, "The Exec key").
 [[nodiscard]] std::string ExecArgument(const std::string& path);
 
 }  // namespace quorbit

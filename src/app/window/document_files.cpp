@@ -110,7 +110,7 @@ bool DocumentFiles::SaveModified()
 void DocumentFiles::SaveOrGiveUp()
 {
     while (m_doc.IsModified() && AskToSave(PromptButtons::YesNo) == PromptAnswer::Yes) {
-        // The place may be what fails; then another one is asked for.
+        // Saving may fail because of the folder, so offer another one.
         if (DoSave() || (!m_strPathName.empty() && DoSaveAs())) {
             return;
         }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The document and its file: New, Open, Save, Save As, and the question before changes are lost.
-// User interface thread only.
+// Connects the document with its file: New, Open, Save, Save As, and the question whether to save
+// changes. User interface thread only.
 
 #pragma once
 
@@ -17,9 +17,9 @@
 namespace quorbit {
 
 struct DocumentFilesServices {
-    // A path that was opened or saved.
+    // Called with each path that was opened or saved.
     Required<std::function<void(const std::string&)>> addRecent;
-    // The folder in which a new document is saved.
+    // Returns the default folder for saving a new document.
     Required<std::function<std::string()>> standardFolder;
 };
 
@@ -28,27 +28,29 @@ public:
     // doc and prompts must outlive this object.
     DocumentFiles(CQRBDoc& doc, Prompts& prompts, DocumentFilesServices services);
 
-    // Called after the document has become another one or has another name.
+    // Sets the function to call after another document was opened or the path has changed.
     void SetOnRenamed(std::function<void()> onRenamed) { m_onRenamed = std::move(onRenamed); }
 
-    // Absolute path of the file that was last opened or saved; empty for a new document. Other than
-    // the document's m_strFilePath it does not follow a save that failed.
+    // Returns the absolute path of the file that was last opened or saved; empty for a new
+    // document. Unlike m_strFilePath of the document, it does not change if saving fails.
     [[nodiscard]] const std::string& PathName() const { return m_strPathName; }
-    // For a person: the path, or "Untitled".
+    // Returns the printable path, or "Untitled".
     [[nodiscard]] std::string DisplayName() const;
 
-    // Each asks to save first. False if it came to nothing: a person cancelled, or was told why.
+    // Both ask to save changes first. They return false if the user cancels, or after showing an
+    // error.
     bool NewDocument();
     bool OpenDocumentFile(const std::string& path);
 
-    // False if the document is not saved.
+    // Return false if the document was not saved: the user cancelled or an error was shown.
     bool DoSave();
     bool DoSaveAs();
-    // Asks what is to become of changes, if there are any. False: go on working with them.
+    // Asks whether to save changes, if there are any. Returns false if the document must stay open:
+    // the user cancelled, or saving failed.
     bool SaveModified();
-    // The same where there is no way back: asks until the changes are saved or given up.
+    // The same without Cancel: asks until the changes are saved or discarded.
     void SaveOrGiveUp();
-    // A person is being asked just now whether to save.
+    // Returns true while the question whether to save is open.
     [[nodiscard]] bool IsAsking() const { return m_bAsking; }
 
     // CMD_FILE_SAVE, CMD_FILE_SAVE_AS.

@@ -11,7 +11,7 @@ namespace {
 
 struct RegText {
     std::string key;
-    std::string value;  // the key's own
+    std::string value;  // the default value of the key
 };
 
 }  // namespace

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes ".qrb" open with this program in the association store. Nothing is reported: a program that
-// cannot register itself still works.
+// Registers this program for ".qrb" files in the association store. Errors are ignored, because the
+// program works without the registration.
 
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace quorbit {
 
-// Stores what ".qrb" is and how it is opened, as far as that differs from what is stored. program:
-// full path.
+// Stores the type of ".qrb" and its open command. Writes only values that differ from the stored
+// ones. program: full path.
 void RegisterShellFileTypes(const SettingsStores& stores, const std::string& program);
 
 }  // namespace quorbit

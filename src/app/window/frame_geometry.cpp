@@ -11,7 +11,7 @@ namespace quorbit {
 namespace {
 
 constexpr int kLeastInSight = 20;
-constexpr std::int64_t kLargest = 1 << 20;  // larger than any screen, small enough to reckon with
+constexpr std::int64_t kLargest = 1 << 20;  // larger than any screen; sums fit into an int
 
 struct Span {
     int start;

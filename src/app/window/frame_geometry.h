@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where the main window stands on the screen, and what of that is remembered. Rules only: no window
-// is touched.
+// Computes the position of the main window and stores it in the profile. Uses no window.
 
 #pragma once
 
@@ -26,12 +25,14 @@ struct FramePlace {
     bool maximised = false;
 };
 
-// Where a new window goes, by the profile. A corner that lies beyond the screen, or less than 20
-// pixels before its end, comes to the screen's edge; the far edges stay.
+// Returns the position of a new window from the profile. If its left (top) edge is beyond the right
+// (bottom) edge of the screen, or less than 20 pixels before it, it is moved to 0; the opposite
+// edge stays where it is.
 [[nodiscard]] FramePlace PlaceFrame(const Profile& profile, int screenWidth, int screenHeight);
 
 enum class FrameShow { Normal, Minimised, Maximised };
-// Remembers a window that closes. rect counts only if it is normal.
+// Stores the position and state of a window that is closing. rect is used only for Normal. A window
+// that was minimised by a run that quits at its end stores nothing.
 void StoreFrame(const Profile& profile, FrameShow show, const FrameRect& rect,
                 std::uint32_t nRunMode);
 

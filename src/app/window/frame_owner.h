@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The application as its main window sees it. User interface thread only.
+// Interface of the application for its main window. User interface thread only.
 
 #pragma once
 
@@ -17,11 +17,13 @@ public:
     virtual void ShowOptions() = 0;
     // Shows the contents of the help.
     virtual void OpenHelp() = 0;
-    // Shows the chapter on what has the focus; the contents if there is none.
+    // Shows the chapter on the focused control, or the contents if there is none.
     virtual void OpenHelpOnFocus() = 0;
 
-    // Asks to save; false: the window stays, or a run is on.
+    // Asks whether to save changes. Returns false if the window must stay open: the user cancelled,
+    // saving failed, or a run is in progress.
     [[nodiscard]] virtual bool CanCloseFrame() = 0;
+    // Called after the window has closed.
     virtual void OnFrameClosed() = 0;
 };
 

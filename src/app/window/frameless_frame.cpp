@@ -18,7 +18,7 @@ namespace {
 constexpr int kLeastBorder = 4;
 constexpr int kCornerInBorders = 4;
 
-// Qt takes this out of a window title as the place of its mark for changes; doubled, it is text.
+// Qt replaces this in a window title with its modification mark; doubled, it is plain text.
 const QString& ChangeMark()
 {
     static const QString mark = QStringLiteral("[*]");
@@ -47,7 +47,7 @@ FramelessFrame::FramelessFrame(QMainWindow& frame, bool frameless)
     if (!frameless) {
         return;
     }
-    // The hints for the buttons tell the window manager what may be done with the window.
+    // The button hints tell the window manager which operations the window supports.
     frame.setWindowFlags(frame.windowFlags() | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     m_border =
@@ -100,7 +100,7 @@ bool FramelessFrame::eventFilter(QObject* watched, QEvent* event)
     }
     switch (event->type()) {
         case QEvent::Resize:
-        case QEvent::LayoutRequest:  // the bar may have another height
+        case QEvent::LayoutRequest:  // the height of the bar may have changed
             Place();
             break;
         case QEvent::WindowStateChange:
@@ -119,7 +119,7 @@ bool FramelessFrame::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-// --- places -------------------------------------------------------------------------------------
+// --- layout -------------------------------------------------------------------------------------
 
 void FramelessFrame::Place()
 {
@@ -154,7 +154,7 @@ void FramelessFrame::PlaceGrips(int border)
     }
 }
 
-// --- sizing -------------------------------------------------------------------------------------
+// --- resizing -----------------------------------------------------------------------------------
 
 Qt::Edges FramelessFrame::EdgesAt(QPoint place, QSize window, int border)
 {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Gives a main window the title bar that it paints itself, and edges to size it by. Where the
-// platform cannot move and size a window on a program's request, the platform's own title bar
-// stays. User interface thread only.
+// Adds a custom title bar and edges for resizing to a main window. Keeps the native title bar if
+// the platform cannot move and resize a window at the request of the program. User interface thread
+// only.
 
 #pragma once
 
@@ -22,23 +22,23 @@ class CaptionBar;
 
 class FramelessFrame : public QObject {
 public:
-    // Before the window is shown for the first time. frame must outlive this object, and its
-    // contents margins are taken: the title bar and the edges lie in them, so menu bar and tool
-    // bars are the window's own as ever.
+    // Construct it before the window is first shown. frame must outlive this object. The title bar
+    // and the edges occupy the contents margins of the window, so menu bar and toolbars are those
+    // of QMainWindow; nothing else may set the margins.
     explicit FramelessFrame(QMainWindow& frame, bool frameless = OffersSystemMove());
 
-    // Whether the platform that runs moves and sizes a window on request.
+    // Returns true if the current platform can move and resize a window on request.
     [[nodiscard]] static bool OffersSystemMove();
 
-    // Also the title of the window: program, a blank, document. A title that is set in the window
-    // later is split in the same way if it begins with the same program.
+    // Also sets the window title: program, a space, document. A window title that is set later is
+    // split in the same way if it begins with the same program name.
     void SetTitle(const QString& program, const QString& document);
 
-    // Hidden where the platform's own title bar stays. Belongs to the window.
+    // Hidden if the native title bar is kept. Owned by the window.
     [[nodiscard]] CaptionBar& Bar() { return *m_bar; }
 
-    // By which edges a mouse at a place of a window sizes it; none further inside than border.
-    // A corner reaches further along the edges than the border is wide.
+    // Returns the edges that a mouse at `place` resizes; none further inside than `border` pixels.
+    // Corners extend further along the edges than the border is wide.
     [[nodiscard]] static Qt::Edges EdgesAt(QPoint place, QSize window, int border);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

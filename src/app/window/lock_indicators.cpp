@@ -31,7 +31,8 @@ LockIndicators::LockIndicators(QStatusBar& bar) : QObject(&bar)
     Update();
 }
 
-// A key that is pressed, or a window that comes back, after others may have had the keyboard.
+// Update on key events, and on activation because the keys may have changed while another program
+// had the keyboard.
 bool LockIndicators::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The indicators "CAP", "NUM" and "SCRL" at the right end of a status bar. User interface thread
-// only.
+// Shows "CAP", "NUM" and "SCRL" at the right end of a status bar. User interface thread only.
 
 #pragma once
 
@@ -13,7 +12,7 @@
 
 namespace quorbit {
 
-// Belongs to the bar. Not there where the display does not tell.
+// Owned by the bar. The indicators are hidden if the display does not report the state of the keys.
 class LockIndicators : public QObject {
 public:
     explicit LockIndicators(QStatusBar& bar);

@@ -9,14 +9,14 @@
 namespace quorbit {
 namespace {
 
-// XkbGetIndicatorState(3), and the indicators that every X server has at these places.
+// XkbGetIndicatorState(3). The bits are the indicator numbers that X servers use for these keys.
 using GetIndicatorState = int (*)(void* display, unsigned int device, unsigned int* state);
 constexpr unsigned int kCoreKeyboard = 0x0100;
 constexpr unsigned int kCaps = 1U << 0U;
 constexpr unsigned int kNum = 1U << 1U;
 constexpr unsigned int kScroll = 1U << 2U;
 
-// The library is there wherever Qt itself works with X, so it is not linked.
+// Resolved at run time instead of linked: Qt has loaded the library wherever it runs on X.
 GetIndicatorState FindGetIndicatorState()
 {
     static const auto function = reinterpret_cast<GetIndicatorState>(

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which of the keys that lock are locked. User interface thread only.
+// Reads the state of the lock keys. User interface thread only.
 
 #pragma once
 
@@ -15,7 +15,7 @@ struct LockKeys {
     bool scroll = false;
 };
 
-// Nothing where the display does not tell, as on Wayland.
+// Returns nothing if the display does not report the state, as on Wayland.
 [[nodiscard]] std::optional<LockKeys> ReadLockKeys();
 
 }  // namespace quorbit

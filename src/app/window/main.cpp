@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where the process begins. The only file that sees both the part of the program without windows
-// and the part with them.
+// Entry point of the program. The only file that uses both the headless part and the windows.
 
 #include <string>
 #include <vector>
