@@ -41,7 +41,7 @@ int DrawIcon(QPainter& painter, const QWidget& bar)
     return kIconInset + side;
 }
 
-// Returns the width of the text.
+// Returns the width of the whole text, even if it was elided.
 int DrawLine(QPainter& painter, const QRect& room, const QString& text, QRgb colour)
 {
     const QFontMetrics metrics = painter.fontMetrics();

@@ -28,7 +28,7 @@ public:
     // doc and prompts must outlive this object.
     DocumentFiles(CQRBDoc& doc, Prompts& prompts, DocumentFilesServices services);
 
-    // Sets the function to call after another document was opened or the path has changed.
+    // Sets the function to call after New, Open or a successful save.
     void SetOnRenamed(std::function<void()> onRenamed) { m_onRenamed = std::move(onRenamed); }
 
     // Returns the absolute path of the file that was last opened or saved; empty for a new

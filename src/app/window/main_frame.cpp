@@ -32,7 +32,7 @@ QString OnScreen(const std::string& text)
     return QString::fromStdString(Printable(text));
 }
 
-// The batch file that a drag brings; empty if it is not exactly one.
+// Returns the path of a dragged batch file, or an empty string unless it is exactly one local file.
 QString DraggedFile(const QMimeData& data)
 {
     const QList<QUrl> urls = data.urls();
@@ -61,7 +61,7 @@ CMainFrame::CMainFrame(const FrameServices& services)
     m_wndToolBar = MakeMainToolBar(this, m_actions);
     addToolBar(m_wndToolBar);
     new LockIndicators(*statusBar());
-    // What is on the toolbar follows the selection and the focus.
+    // The state of the toolbar depends on the selection and the focus, so update it regularly.
     connect(&m_idle, &QTimer::timeout, this, [this] { m_actions.UpdateStates(); });
     m_idle.start(kBetweenUpdates);
     OnUpdateFrameTitle();
@@ -194,7 +194,8 @@ void CMainFrame::dragEnterEvent(QDragEnterEvent* event)
     }
 }
 
-// Later: whoever drags waits for the drop to end, and opening may ask a question.
+// Queue the opening: it may ask a question, and the source of the drag is blocked until the drop
+// returns.
 void CMainFrame::dropEvent(QDropEvent* event)
 {
     const std::string path = QFile::encodeName(DraggedFile(*event->mimeData())).toStdString();

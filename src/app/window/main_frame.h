@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The one top-level window: the menu, the status bar, the way of commands, and where it stands on
-// the screen. User interface thread only.
+// The main window: menu bar, toolbar, status bar, panes, command routing, and its position on the
+// screen. User interface thread only.
 
 #pragma once
 
@@ -37,32 +37,34 @@ struct FrameServices {
     Required<DocumentFiles*> pFiles;
     Required<const Profile*> pProfile;
     Required<const RecentFiles*> pRecent;
-    std::uint32_t nRunMode = 0;  // of the application; 0 in an interactive start
-    bool bFirstRun = false;      // the first start after set-up
+    std::uint32_t nRunMode = 0;  // of the application; 0 if interactive
+    bool bFirstRun = false;      // first start after the setup
     QSize screen{};              // the work area of all screens, pixels
 };
 
 class CMainFrame : public CSpawnFrameWnd, public CommandTarget {
 public:
-    // Stays hidden.
+    // Creates the window hidden, see ShowFrame.
     explicit CMainFrame(const FrameServices& services);
 
-    // Shows the window as the profile tells; minimised and not activated in a run mode.
+    // Shows the window at the position stored in the profile; on the first start in the middle of
+    // the screen. In a run mode, shows it minimised and does not activate it.
     void ShowFrame();
 
-    // The way of every command, from menu, key and code alike. False if nobody takes it.
+    // Routes a command to its target. All commands, from menus, keys and code, come through here.
+    // Returns false if no target handles it.
     bool OnCmdMsg(int nId);
-    // Sends a command once the event loop is free.
+    // Queues a command for the event loop.
     void PostCommand(int nId);
     [[nodiscard]] CommandRoute& Route() { return m_route; }
 
-    // Fills the window: toolbar, panes. Without panes it is an empty window with a menu.
+    // Creates the panes. Until then the window is empty except for its bars.
     void MakePanes(const PaneServices& services);
 
-    // "QRB", a blank, the document's path or "Untitled".
+    // Sets the title: "QRB", a space, and the path of the document or "Untitled".
     void OnUpdateFrameTitle();
 
-    // What the frame does itself: the log viewer, help, the status bar, Exit.
+    // The commands of the frame itself: Exit, log file, options, help, pane focus, and bars.
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
@@ -83,7 +85,7 @@ private:
     CommandActions m_actions;
     std::optional<MainMenu> m_menu;
     FramelessFrame m_caption;
-    CFlatToolBar* m_wndToolBar;  // owned by the window, as the panes
+    CFlatToolBar* m_wndToolBar;  // owned by the window, like the panes
     PaneArea* m_pPanes = nullptr;
     QTimer m_idle;
 };

@@ -16,7 +16,7 @@ constexpr int kGap = 0;
 
 struct Menu {
     const char* title;
-    std::vector<int> items;  // command numbers and gaps
+    std::vector<int> items;  // command numbers and kGap
 };
 
 const std::vector<Menu>& Menus()

@@ -17,7 +17,8 @@ namespace quorbit {
 
 class MainMenu {
 public:
-    // Fills the menu bar of frame, which owns the menus. actions and recent must outlive the menus.
+    // Fills the menu bar of frame, which owns the menus. This object, actions and recent must
+    // outlive the menus.
     MainMenu(QMainWindow& frame, CommandActions& actions, const RecentFiles& recent);
 
 private:

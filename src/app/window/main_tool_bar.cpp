@@ -34,7 +34,8 @@ void AddButton(CFlatToolBar& bar, CommandActions& actions, const Command& comman
     bar.widgetForAction(action)->setAccessibleName(ToText(command.label));
 }
 
-// The menu is the action's, so it is also there when the window is too narrow for the button.
+// The menu belongs to the action, so it is available even if the window is too narrow for the
+// button.
 void AddViewsMenu(CFlatToolBar& bar, CommandActions& actions)
 {
     auto* menu = new QMenu(&bar);

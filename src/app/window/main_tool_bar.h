@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The toolbar of the main window: nine labelled buttons. User interface thread only.
+// Creates the toolbar of the main window, with nine labelled buttons. User interface thread only.
 
 #pragma once
 
@@ -12,10 +12,10 @@
 
 namespace quorbit {
 
-// Its commands from left to right, 0 for a separator.
+// Returns its commands from left to right, 0 for a separator.
 [[nodiscard]] std::span<const int> ToolBarCommands();
 
-// The bar, which belongs to the parent, as the actions do to their owner.
+// Creates the toolbar, owned by the parent. `actions` keeps its actions and must outlive the bar.
 [[nodiscard]] CFlatToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions);
 
 }  // namespace quorbit

@@ -13,7 +13,7 @@
 namespace quorbit {
 namespace {
 
-constexpr int kLeastStoredHeight = 50;  // of the tree; less is not what anybody wants back
+constexpr int kLeastStoredHeight = 50;  // of the tree; a smaller one is replaced
 constexpr int kHeightInstead = 200;
 constexpr int kLeastHeight = 100;
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The inside of the main window: tree and list of files beside each other, the entries below, with
+// The contents of the main window: drive tree and file list side by side above the entry list, with
 // splitters between them. User interface thread only.
 
 #pragma once
@@ -17,21 +17,23 @@ namespace quorbit {
 
 class PaneArea : public QSplitter {
 public:
-    // Makes the panes with the sizes of the profile and adds them to the document as its views.
+    // Creates the panes with the sizes stored in the profile and adds them to the document as
+    // views.
     explicit PaneArea(const PaneServices& services, QWidget* parent = nullptr);
-    // Takes them off the document.
+    // Removes the views from the document.
     ~PaneArea() override;
 
-    // Writes what the panes remember to the profile.
+    // Stores the layout of the panes in the profile.
     void SaveLayout() const;
-    // Moves the focus to the pane behind or before the one that has it.
+    // Moves the focus to the next or previous pane, cyclically; to the first one if no pane has the
+    // focus.
     void MoveFocus(bool forward);
 
 private:
     void SetSizes(const Profile& profile);
 
     CQRBDoc& m_doc;
-    QSplitter* m_pTopSplitter;  // owned by this widget, as the next ones
+    QSplitter* m_pTopSplitter;  // owned by this widget, like the panes
     CFileView* m_pFileView;
     CDriveView* m_pDriveView;
     CQRBEditView* m_pEditView;

@@ -27,7 +27,7 @@
 namespace quorbit {
 namespace {
 
-// /I opens no window.
+// The run modes with a window; /I has none.
 constexpr std::uint32_t kWindowModes = kRunAndQuit | kRunAndStayOpen;
 
 bool IsMissing(const std::string& path)
@@ -49,7 +49,7 @@ CQRBApp::CQRBApp(CommandLine line, AppServices services)
                 [this]() -> QWidget* { return m_pMainWnd.get(); }),
       m_run(
           *m_services.pPrompts, [this] { return RunServices(); },
-          // A minimised window would take the dialog along.
+          // In a run mode the window is minimised and would hide its dialogs.
           [this]() -> QWidget* { return m_nRunMode == 0 ? m_pMainWnd.get() : nullptr; }),
       m_doc(m_factory.ForDocument(m_run)),
       m_files(m_doc, *m_services.pPrompts, m_factory.ForFiles([this] { return m_nRunMode == 0; }))
@@ -88,11 +88,11 @@ bool CQRBApp::InitInstance()
     return !m_endCode;
 }
 
-// The first thing that touches the settings. Switches do not count on the first start, the only one
-// on which /I comes this far.
+// The first access to the settings. The first start ignores switches; /I comes this far only then,
+// so it implies the first start.
 bool CQRBApp::ReadFirstRun()
 {
-    // A store that could not be laid down is told by the reading of it.
+    // Ignore an error here: reading the store below reports it.
     (void)EnsureMachineStore(m_services.stores.machine);
     if (!m_machine.GetRegValue(MachineValue::Run1)) {
         return false;
@@ -180,7 +180,7 @@ void CQRBApp::FatalMessage(const std::string& text)
     }
 }
 
-// Changes to the document are not lost with it.
+// Asks to save changes before it leaves the event loop. The first call wins.
 void CQRBApp::EndProgram(int code)
 {
     if (m_endCode) {
@@ -210,7 +210,8 @@ void CQRBApp::OnStopSignal()
     }
 }
 
-// Boxes and dialogs go first, one at a time: each has to come back to whoever opened it.
+// Closes open boxes and dialogs first, one per turn of the event loop, because each must return to
+// its caller before the next one is closed.
 void CQRBApp::CloseAsExit()
 {
     if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
@@ -275,7 +276,7 @@ void CQRBApp::OnOpenRecent(int nId)
 {
     const std::vector<std::string> paths = m_recent.List();
     const auto index = static_cast<std::size_t>(nId - CMD_RECENT_FILE_FIRST);
-    if (index >= paths.size()) {  // another window of the program shortened the list
+    if (index >= paths.size()) {  // another process has shortened the list
         return;
     }
     const std::string& path = paths[index];

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The application: brings the process up, holds document and main window, and gives the process its
-// exit code. One a process, passed to whoever needs it. User interface thread only, but for
-// FatalMessage.
+// The application: starts up, owns the document and the main window, and determines the exit code.
+// One per process. User interface thread only, except FatalMessage.
 
 #pragma once
 
@@ -35,23 +34,24 @@ public:
     CQRBApp(const CQRBApp&) = delete;
     CQRBApp& operator=(const CQRBApp&) = delete;
 
-    std::uint32_t m_nRunMode;  // 0 in an interactive start; fixed once InitInstance has begun
-    bool m_bFirstRun = false;  // the first start after set-up
-    int m_nScreenCX = 0;       // of the work area, pixels
-    int m_nScreenCY = 0;       //
-    int m_nExitCode = 0;       // asked for by a run
+    std::uint32_t m_nRunMode;  // 0 if interactive; constant after InitInstance
+    bool m_bFirstRun = false;  // first start after the setup
+    int m_nScreenCX = 0;       // width of the work area, pixels
+    int m_nScreenCY = 0;       // height of the work area, pixels
+    int m_nExitCode = 0;       // highest exit code of the runs so far
 
-    // Brings the program up. False: the process is to end, with ExitInstance.
+    // Starts the program and shows the window. If it returns false, the process must end with the
+    // code of ExitInstance, without running the event loop.
     [[nodiscard]] bool InitInstance();
-    // The exit code of the process. result: that of the event loop.
+    // Returns the exit code of the process. result: the exit code of the event loop.
     [[nodiscard]] int ExitInstance(int result) const;
 
     [[nodiscard]] CQRBDoc& Document() { return m_doc; }
     [[nodiscard]] DocumentFiles& Files() { return m_files; }
-    // Null before it was made.
+    // Null until InitInstance has created it. Owned by this object.
     [[nodiscard]] CMainFrame* MainFrame() { return m_pMainWnd.get(); }
 
-    // New, Open, recent files, About, help, tips.
+    // The commands New, Open, recent files, About, help and tips.
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
@@ -62,12 +62,14 @@ public:
     [[nodiscard]] bool CanCloseFrame() override;
     void OnFrameClosed() override;
 
-    // Null before InitInstance.
+    // Null until InitInstance has created it. Owned by this object.
     [[nodiscard]] HelpDesk* Help() { return m_help.get(); }
-    // A signal asks the process to end: a run as Cancel would, else the window as Exit would.
+    // Handles a signal that asks the process to end: stops an open run like Cancel, otherwise
+    // closes the window like Exit. Ignored while the question whether to save is open.
     void OnStopSignal();
 
-    // Shows the text and leaves the event loop. The exit code is 0 then.
+    // Shows the text, asks to save changes, and leaves the event loop with exit code 0. Any thread;
+    // from other threads it returns before the text is shown.
     void FatalMessage(const std::string& text) override;
 
 private:
@@ -83,7 +85,7 @@ private:
     [[nodiscard]] std::optional<CommandState> RecentState(int nId) const;
     void OnAbout();
     void OnTips();
-    // Not a command of this target if there are no tips.
+    // Returns nothing if there are no tips, so that this target does not handle the command.
     [[nodiscard]] std::optional<CommandState> TipsState() const;
     [[nodiscard]] ProgressServices RunServices();
     [[nodiscard]] FrameServices MainFrameServices();
@@ -95,7 +97,7 @@ private:
     MachineValues m_machine;
     Profile m_profile;
     RecentFiles m_recent;
-    std::optional<int> m_endCode;  // the process ends whatever else happens
+    std::optional<int> m_endCode;  // set: the process ends with this code
 
     ServiceFactory m_factory;
     WindowRun m_run;

@@ -31,7 +31,7 @@ std::string FromPath(const QString& path)
     return QFile::encodeName(path).toStdString();
 }
 
-// A window that is minimised or not there yet would hide its boxes.
+// Returns null instead of a minimised or hidden window, which would hide the message box.
 QWidget* Parent()
 {
     QWidget* active = QApplication::activeModalWidget();
@@ -151,7 +151,7 @@ std::optional<std::string> QtPrompts::AskSaveFile(const FileQuestion& question)
         const bool bare = QFileInfo(typed).suffix().isEmpty() && !question.defaultSuffix.empty();
         const QString path =
             bare ? typed + QLatin1Char('.') + ToText(question.defaultSuffix) : typed;
-        // The dialog has asked about the name that was typed, not about what it became.
+        // The dialog has asked about the name as typed, without the suffix added here.
         const bool ask = bare && QFileInfo::exists(path);
         if (!ask || Ask(Printable(FromPath(path)) + " already exists.\nDo you want to replace it?",
                         question.caption, PromptIcon::Exclamation,

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Message boxes and file dialogs on the screen, over the window that is active.
+// Shows message boxes and file dialogs over the active window. User interface thread only.
 
 #pragma once
 
@@ -14,7 +14,7 @@ public:
     PromptAnswer Ask(const std::string& text, const std::string& caption, PromptIcon icon,
                      PromptButtons buttons) override;
     std::optional<std::string> AskOpenFile(const FileQuestion& question) override;
-    // Asks before a file that is there is chosen.
+    // Asks for confirmation if the file exists.
     std::optional<std::string> AskSaveFile(const FileQuestion& question) override;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The batch files that were opened or saved last. The list lies in the user's profile and is read
-// anew at each use, so that two windows of the program see each other's files.
+// The list of recently opened or saved batch files. It is stored in the profile and read on each
+// use, so that several processes share it. One thread at a time.
 
 #pragma once
 
@@ -16,12 +16,12 @@ namespace quorbit {
 
 class RecentFiles {
 public:
-    // The profile must outlive the list.
+    // The profile must outlive this object.
     explicit RecentFiles(const Profile& profile) : m_profile(profile) {}
 
-    // Absolute paths, the most recent first, at most kRecentFiles.
+    // Returns absolute paths, the most recent one first; at most kRecentFiles.
     [[nodiscard]] std::vector<std::string> List() const { return m_profile.RecentFiles(); }
-    // Puts a path in front; the oldest one falls out.
+    // Adds or moves a path to the front and drops the oldest one if the list is full.
     void Add(const std::string& path) const;
     void Remove(const std::string& path) const;
 

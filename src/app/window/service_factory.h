@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes the service structs of document, panes, dialogs, help and runs from what the application
-// has, and owns what only they use. User interface thread only.
+// Creates the service structs of the document, panes, dialogs, help and runs from the services of
+// the application, and owns the objects that only they use. User interface thread only.
 
 #pragma once
 
@@ -32,14 +32,13 @@ namespace quorbit {
 
 class ServiceFactory {
 public:
-    // What is given must outlive this object. parent gives the window that dialogs open over, or
-    // null for none.
+    // All arguments must outlive this object. parent returns the parent window of dialogs, or null.
     ServiceFactory(const AppServices& services, MachineValues& machine, const Profile& profile,
                    const RecentFiles& recent, std::function<QWidget*()> parent);
 
-    // The dialogs of the entries are one set for the life of this object.
+    // The entry dialogs are owned by this object and shared by all calls.
     [[nodiscard]] DocumentServices ForDocument(RunDialog& run);
-    // isInteractive is asked at each use: only what a user opens is a recent file.
+    // isInteractive is called on each use: only files opened interactively become recent files.
     [[nodiscard]] DocumentFilesServices ForFiles(std::function<bool()> isInteractive) const;
     [[nodiscard]] DialogServices ForDialogs() const;
     [[nodiscard]] OptionSources ForOptions() const;
@@ -47,19 +46,19 @@ public:
                                         std::uint32_t nRunMode) const;
     [[nodiscard]] HelpWindowServices ForHelp(std::function<void(int)> postCommand) const;
 
-    // How a run reaches the process.
+    // Callbacks with which a run affects the process.
     struct RunEnd {
-        std::function<void(int)> setExitCode;  // of the process, should it end
-        std::function<void(int)> endProgram;   // ends the program now, with this exit code
+        std::function<void(int)> setExitCode;  // for the end of the process
+        std::function<void(int)> endProgram;   // ends the program now with this code
     };
-    // For one run; the services of the run before become invalid.
+    // Returns the services for one run. Invalidates those of the previous run.
     [[nodiscard]] ProgressServices ForRun(CMainFrame& frame, std::uint32_t nRunMode, RunEnd end);
 
-    // The folder in which File Open starts and a new document is saved.
+    // Returns the initial folder of File Open and of saving a new document.
     [[nodiscard]] std::string QrbFilePath() const;
 
 private:
-    // Nothing if it cannot be read.
+    // Returns nothing if the path cannot be read.
     [[nodiscard]] std::optional<std::string> InstallPath() const;
 
     const AppServices& m_services;
@@ -68,7 +67,7 @@ private:
     const RecentFiles& m_recent;
     std::function<QWidget*()> m_parent;
 
-    ShellFolderPtr m_desktop;  // the root of what panes and dialogs show
+    ShellFolderPtr m_desktop;  // the root folder of panes and dialogs
     ItemIcons m_icons;
     CFileTypeDlg m_dlgFileType;
     CFileDlg m_dlgFile;

@@ -33,8 +33,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kSplashTime{2500};
 
-// Qt ends the process by abort(3) where no window can be made; there is a word and an exit code for
-// that instead. Of what else Qt says at the start, only the state of the display concerns anybody.
+// Qt calls abort(3) after a fatal message if it cannot connect to the display. Print an error and
+// exit with a code instead. Of its other messages, show only those about the display (category
+// qt.qpa).
 void OnMessageOfStart(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (type == QtFatalMsg) {
@@ -70,7 +71,7 @@ void ShowTips(const SettingsStore& store, Prompts& prompts)
         .exec();
 }
 
-// What the services are made of.
+// The objects behind the services.
 struct Tools {
     QtPrompts prompts;
     DesktopTextEditor editor;
@@ -78,7 +79,8 @@ struct Tools {
     QPointer<CMySplashWnd> splash;
 };
 
-// For a program that ends without an event loop, in which the window would delete itself.
+// Deletes the splash window if the program ends without an event loop, which would otherwise delete
+// it.
 void EndSplash(const QPointer<CMySplashWnd>& splash)
 {
     if (splash) {
@@ -107,7 +109,7 @@ AppServices MakeServices(Tools& tools)
     };
 }
 
-// The session ends: nothing may be lost, and a run is not cut off.
+// Asks to save changes when the desktop session ends, and cancels the logout during a run.
 void OnSessionEnd(CQRBApp& app, QSessionManager& session)
 {
     session.setRestartHint(QSessionManager::RestartNever);
@@ -128,6 +130,7 @@ int RunInWindow(const CommandLine& line, const char* programName)
     int count = 1;
 
     const QtMessageHandler usual = qInstallMessageHandler(OnMessageOfStart);
+    // Only the program name is passed: Qt must not interpret the arguments of the program.
     QApplication application(count, arguments);
     qInstallMessageHandler(usual);
     QApplication::setDesktopFileName(QLatin1String(kDesktopId));

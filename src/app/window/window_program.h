@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The program with its window, from the first window to the exit code.
+// Runs the program with its window. Main thread only.
 
 #pragma once
 
@@ -9,8 +9,9 @@
 
 namespace quorbit {
 
-// Makes the one QApplication of the process, for which there must be a display, and returns when
-// the program is over, with its exit code. A display that refuses is told on standard error.
+// Creates the QApplication, which requires a display, runs the event loop and returns the exit
+// code. If the display refuses the connection, prints an error to standard error and exits with
+// kExitNoRun.
 [[nodiscard]] int RunInWindow(const CommandLine& line, const char* programName);
 
 }  // namespace quorbit

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A run in the dialog "Process Files", and what a stop signal does to it. User interface thread
-// only.
+// Runs a batch in the dialog "Process Files" and handles stop signals. User interface thread only.
 
 #pragma once
 
@@ -19,22 +18,22 @@ namespace quorbit {
 
 class WindowRun : public RunDialog {
 public:
-    // services is asked anew for each run and leaves the prompts out; parent gives the window that
-    // the dialog stands over, or null for none. prompts must outlive this object.
+    // services is called for each run; its pPrompts is replaced. parent returns the parent window
+    // of the dialog, or null. prompts must outlive this object.
     WindowRun(Prompts& prompts, std::function<ProgressServices()> services,
               std::function<QWidget*()> parent);
 
-    // Does nothing if a run is open.
+    // Runs the batch and returns when the dialog is closed. Does nothing if a run is open.
     void DoModal(const Batch& batch) override;
 
-    // The dialog is on the screen.
+    // Returns true while the dialog is visible.
     [[nodiscard]] bool IsOpen() const { return m_pDialog != nullptr && m_pDialog->isVisible(); }
-    // Asks an open run to stop as its Cancel button does. Boxes of this run that are open or come
-    // later answer themselves, as if they were closed: whoever sends a signal sees none.
+    // Stops an open run like its Cancel button. Message boxes of this run that are open, or would
+    // open later, are answered as if they were closed, because nobody may be there to answer them.
     void Stop();
 
 private:
-    // Passes questions on until a signal has come.
+    // Forwards questions until a stop signal arrives, then answers them itself.
     class RunPrompts : public Prompts {
     public:
         explicit RunPrompts(Prompts& prompts) : m_prompts(prompts) {}
