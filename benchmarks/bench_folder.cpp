@@ -38,7 +38,8 @@ BenchFolder::BenchFolder(const Options& options) : m_options(options)
         GiveUp("cannot write " + profile.string());
 }
 
-// Trees are deleted here: a folder of somebody's own must not be taken for ours.
+// The benchmarks delete trees, so never use a folder with files of the user. A marker file
+// identifies the folders created here.
 void BenchFolder::ClaimFolder() const
 {
     const fs::path mark = fs::path(m_options.folder) / ".quorbit-bench";

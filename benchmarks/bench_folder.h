@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The folder that the measurements work in: trees, copies, batch files, and settings of Quorbit
-// that are not the user's own.
+// The working folder of the benchmarks: trees, copies, batch files, and settings separate from
+// those of the user. Errors end the process, see GiveUp. One thread at a time.
 
 #pragma once
 
@@ -14,30 +14,34 @@
 
 namespace quorbit::bench {
 
-// When a run of Quorbit is over.
+// The end of a run of Quorbit.
 enum class Ending {
-    OnDisk,        // as it ships: once what was copied is on the disk
-    LeftToSystem,  // as cp and rsync: the system writes it when it likes
+    OnDisk,        // the default: after the copies are on the disk
+    LeftToSystem,  // like cp and rsync: without waiting for the disk
 };
 
 class BenchFolder {
 public:
-    // Makes the folder, unless it is there from an earlier call, and goes through Quorbit's first
-    // start for both endings.
+    // Creates the folder unless it exists from an earlier call, and runs Quorbit's setup for both
+    // endings. Gives up if the folder contains other files. options must outlive this object.
     explicit BenchFolder(const Options& options);
 
     [[nodiscard]] const Options& GetOptions() const { return m_options; }
     [[nodiscard]] std::string TreePath(const std::string& name) const;
-    // Where a copy goes. Names are free again after ClearCopies.
+    // Returns the path for a copy. Names can be reused after ClearCopies.
     [[nodiscard]] std::string CopyPath(const std::string& name) const;
-    // Deletes all copies and drops the system's caches if that is allowed.
+    // Deletes all copies, then drops the caches of the system if there were any copies and the
+    // process may do so.
     void ClearCopies() const;
-    // The command that runs a batch of this entry.
+    // Writes a batch file with the entry and returns the command that runs it. mode: "/I", "/VS".
+    // The next call with the same ending replaces the file.
     [[nodiscard]] Command QuorbitCommand(const CDirCopy& entry, Ending ending,
                                          const std::string& mode = "/I") const;
 
-    // Until nothing is left to be written, so that no run pays for the one before.
+    // Waits until all data is on the disk, so that a run is not slowed by the writes of an earlier
+    // one.
     void Settle() const;
+    // Dropping the caches requires root, see /proc/sys/vm/drop_caches in proc(5).
     [[nodiscard]] bool CanDropCaches() const;
     void DropCaches() const;
 

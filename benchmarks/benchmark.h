@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What is measured, as data.
+// The list of the benchmarks.
 
 #pragma once
 
@@ -13,17 +13,16 @@
 namespace quorbit::bench {
 
 enum class Work {
-    FreshCopy,      // the tree into a folder that is not there yet
-    UnchangedSync,  // a sync that finds nothing to do
-    Count,          // the count pass alone
-    DeleteFiles,    // an entry that deletes every file
-    DeleteFolder,   // an entry that deletes the folder as a whole
-    Window,         // a fresh copy in the dialog, against the same without a window
-    Memory,         // how much a fresh copy holds in memory
+    FreshCopy,      // copy the tree into a new folder
+    UnchangedSync,  // sync without changes
+    Count,          // the count pass only
+    DeleteFiles,    // an entry that deletes all files
+    DeleteFolder,   // an entry that deletes the whole folder
+    Window,         // a fresh copy in the dialog, compared with an unattended one
+    Memory,         // the peak memory of a fresh copy
 };
 
-// The program to be measured against, and the ratio of Quorbit's figure to its figure that is
-// wanted at most.
+// The program to compare with, and the largest acceptable ratio of Quorbit's figure to its figure.
 struct Bar {
     std::string peer;
     double ratio = 0;
@@ -33,11 +32,11 @@ struct Benchmark {
     std::string name;
     std::string what;
     Work work = Work::FreshCopy;
-    std::string tree;  // benchmarks with the same one share it
+    std::string tree;  // name; benchmarks with the same name share the tree
     TreeShape shape;
     TreeShape quickShape;
-    bool cold = false;  // the system's caches are dropped before each run
-    bool slow = false;  // only with --all
+    bool cold = false;  // drop the system's caches before each run
+    bool slow = false;  // run only with --all or by name
     std::vector<Bar> bars;
 };
 

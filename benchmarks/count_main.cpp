@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The count pass over one folder and nothing else: bench_count FOLDER EXPECTED. Exit code 1 if it
-// counts another number of files.
+// Runs the count pass over a folder and nothing else: bench_count FOLDER EXPECTED. The exit code is
+// 1 if the number of files is not EXPECTED.
 
 #include <iostream>
 #include <string>
@@ -29,7 +29,7 @@ int main(int argc, char** argv)
     ctx.m_pFiles = files.get();
     ctx.m_pDlg = &surface;
 
-    // A mask, so that each name is looked at as in a batch that selects.
+    // Use a mask, so that each name is matched as in a batch that selects files.
     CDirCopy entry(argv[1], "", DCF_NO_ATTRS | DCF_SUBFOLDERS, DCK_TYPES, 0);
     entry.m_listItems = {"*.dat"};
     Batch batch;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Measures Quorbit against cp, rsync, find and rm on trees that it makes.
+// Compares Quorbit with cp, rsync, find and rm on generated trees. Started by ./bench.
 
 #include <algorithm>
 

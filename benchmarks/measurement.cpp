@@ -15,12 +15,12 @@ namespace {
 constexpr std::uint32_t kWholeTree =
     DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES;
 
-// From this number of files on, the copies stay until the benchmark is over. ext4 does not reuse
-// the inode of a deleted file for a minute or more: creating many files where many were just
-// deleted costs a search that takes longer than the copy.
+// Benchmarks with at least this number of files keep all copies until they are complete. ext4 does
+// not reuse the inode of a deleted file for a minute or more, so creating many files after deleting
+// many causes a search that takes longer than the copy.
 constexpr std::uint64_t kManyFiles = 1000;
 
-// A program under measurement: the commands that it runs, given the path of the copy of this run.
+// A program to measure: returns its commands for the path of the copy of a run.
 using Candidate = std::function<std::vector<Command>(const std::string& copy)>;
 
 // Two candidates whose times are compared.
@@ -108,7 +108,7 @@ private:
         return m_candidates.size() - 1;
     }
 
-    // Twice: the work alone, and the work until it is on the disk.
+    // Measures twice: the work only, and the work until the data is on the disk.
     void AddFreshCopy()
     {
         for (const bool onDisk : {false, true}) {
@@ -142,7 +142,7 @@ private:
         }
     }
 
-    // In a window that is drawn, but on no screen.
+    // The window is drawn, but off screen.
     void AddWindow()
     {
         const std::size_t ours = Add([this](const std::string& copy) {
@@ -154,7 +154,7 @@ private:
             return std::vector{Quorbit(m_tree, copy, kWholeTree, Ending::LeftToSystem)};
         });
     }
-    // The longest time that an event of the window waits while the tree is copied.
+    // Measures the longest time that an event of the user interface waits during a copy.
     [[nodiscard]] Figure MeasureWait() const
     {
         const std::string program =
@@ -202,7 +202,7 @@ private:
         m_comparisons.push_back({ours, Add(std::move(candidate)), bar.peer, bar.ratio});
     }
 
-    // A fresh copy of the whole tree and of one with a tenth of its folders.
+    // Copies the tree and one with a tenth of its folders: memory must not grow with the tree.
     [[nodiscard]] std::vector<Figure> MeasureMemory() const
     {
         TreeShape tenth = m_shape;
@@ -222,13 +222,13 @@ private:
         return RunTimed({Quorbit(tree, copy, kWholeTree)}).peakMiB;
     }
 
-    // Few files, so that their copies may be deleted between the runs.
+    // Returns true if copies can be deleted between the runs, see kManyFiles.
     [[nodiscard]] bool HasFewFiles() const { return m_shape.Files() < kManyFiles; }
     [[nodiscard]] bool Deletes() const
     {
         return m_benchmark.work == Work::DeleteFiles || m_benchmark.work == Work::DeleteFolder;
     }
-    // Every run that makes or deletes a copy has one of its own.
+    // Each run that creates or deletes a copy has its own; all runs of a sync share one.
     [[nodiscard]] std::string CopyPath(std::size_t who, unsigned round) const
     {
         return m_folder.CopyPath(m_benchmark.work == Work::UnchangedSync
@@ -251,8 +251,9 @@ private:
         }
     }
 
-    // A virtual machine that has given free memory back to its host waits for every page of it that
-    // is used again. A large copy that nobody measures brings it back, else the first one pays.
+    // A virtual machine that has returned free memory to its host waits for each page when it uses
+    // the memory again. An unmeasured copy reclaims it, so that the first measured one is not
+    // slower.
     void TouchMemory() const
     {
         if (m_benchmark.work == Work::FreshCopy && HasFewFiles()) {
@@ -262,7 +263,7 @@ private:
         }
     }
 
-    // Every round turns the order round, so that nobody always comes first.
+    // Reverses the order in every other round, so that no candidate is always first.
     void RunRounds()
     {
         MakeCopies();

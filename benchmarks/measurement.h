@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Measures one benchmark: Quorbit and its peers in turn, round after round.
+// Measures one benchmark: runs Quorbit and its peers in turn, in several rounds.
 
 #pragma once
 
@@ -13,22 +13,23 @@
 
 namespace quorbit::bench {
 
-// One line of the table.
+// A row of the table.
 struct Figure {
-    std::string against;
-    double ours = 0;    // seconds or MiB
-    double theirs = 0;  // the same unit
-    double ratio = 0;   // median of the ratios of each round
-    double bar = 0;
+    std::string against;  // the peer
+    double ours = 0;      // median, seconds or MiB
+    double theirs = 0;    // the same unit
+    double ratio = 0;     // median of the ratios of the rounds
+    double bar = 0;       // largest acceptable ratio
     [[nodiscard]] bool Met() const { return ratio <= bar; }
 };
 
-// The figures of one benchmark; why there are none, if the benchmark cannot be measured here.
+// The figures of one benchmark, or the reason if it cannot be measured on this machine.
 struct BenchmarkResult {
     std::vector<Figure> figures;
     std::string skipped;
 };
 
+// Ends the process if a program fails or gives a wrong result, see GiveUp.
 [[nodiscard]] BenchmarkResult Measure(const Benchmark& benchmark, const BenchFolder& folder);
 
 }  // namespace quorbit::bench

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The command line of the measurements.
+// Parses the command line of the benchmarks.
 
 #pragma once
 
@@ -11,16 +11,16 @@
 namespace quorbit::bench {
 
 struct Options {
-    bool quick = false;                   // a tenth of each tree
-    bool all = false;                     // those that take long, too
-    std::vector<std::string> benchmarks;  // names; empty for all that do not take long
-    std::string folder;                   // where trees and copies lie
-    std::string program;                  // the program under measurement
-    std::string counter;                  // the count pass alone
-    unsigned rounds = 5;
+    bool quick = false;                   // smaller trees
+    bool all = false;                     // include the slow benchmarks
+    std::vector<std::string> benchmarks;  // names; empty for the default set
+    std::string folder;                   // absolute path of the working folder
+    std::string program;                  // path of Quorbit
+    std::string counter;                  // path of bench_count
+    unsigned rounds = 5;                  // 3 with --quick unless given
 };
 
-// Prints how it is called and ends the program if the arguments cannot be understood.
+// Prints the usage and exits with code 2 if the arguments are invalid.
 [[nodiscard]] Options ParseOptions(int argc, char** argv);
 
 }  // namespace quorbit::bench

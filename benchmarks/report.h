@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Prints the table on standard output, line by line as the rows come in.
+// Prints the table of results to standard output, row by row. One thread at a time.
 
 #pragma once
 
@@ -13,7 +13,7 @@ class Report {
 public:
     void PrintHead(const Options& options) const;
     void PrintRow(const Benchmark& benchmark, bool quick, const BenchmarkResult& result);
-    // What the columns mean, and how many bars were met.
+    // Explains the columns and prints how many bars were met.
     void PrintFoot() const;
 
 private:

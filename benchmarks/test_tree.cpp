@@ -75,7 +75,7 @@ std::string TreeShape::Text() const
 
 void EnsureTree(const std::string& path, const TreeShape& shape)
 {
-    // The mark is written last: a tree without it was not finished.
+    // The marker is written last, so a tree without one is incomplete and created again.
     const std::string mark = path + ".made";
     const std::string text = std::to_string(shape.folders) + " folders, " + shape.Text();
     std::string made;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The trees that are copied, counted and deleted.
+// Creates, checks and deletes the trees of the benchmarks.
 
 #pragma once
 
@@ -10,25 +10,27 @@
 
 namespace quorbit::bench {
 
-// Folders of files of one size, side by side below the top of the tree.
+// The shape of a tree: folders directly below its top, with files of equal size.
 struct TreeShape {
     std::uint64_t folders = 0;
     std::uint64_t filesPerFolder = 0;
     std::uint64_t fileSize = 0;  // bytes
 
     [[nodiscard]] std::uint64_t Files() const { return folders * filesPerFolder; }
-    // "50,000 files of 4 KB"
+    // Returns a text such as "50,000 files of 4 KB".
     [[nodiscard]] std::string Text() const;
 };
 
-// Makes the tree, unless an earlier call has made the same one there. The content does not compress
-// and has no holes.
+// Creates the tree unless an earlier call has created the same one there. The contents are random,
+// so they are neither compressible nor sparse, and the same on every run. Gives up on a write
+// error.
 void EnsureTree(const std::string& path, const TreeShape& shape);
-// Reads every file, so that the system holds it in memory.
+// Reads all files, so that they are in the page cache.
 void WarmUp(const std::string& path);
-// Empty if the tree holds as many files and bytes as the shape says, else what is wrong.
+// Returns an empty string if the tree has the number of files and bytes of the shape, otherwise a
+// message. Does not compare the contents. A tree that does not exist counts as empty.
 [[nodiscard]] std::string CompareTree(const std::string& path, const TreeShape& shape);
-// Deletes a tree; one that is not there is fine.
+// Deletes a tree. Does nothing if it does not exist.
 void RemoveTree(const std::string& path);
 
 }  // namespace quorbit::bench

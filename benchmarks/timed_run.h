@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Runs programs and measures them as the system accounts for them (wait4(2)).
+// Runs programs and measures their time and memory (wait4(2)).
 
 #pragma once
 
@@ -12,20 +12,21 @@
 namespace quorbit::bench {
 
 struct Command {
-    std::vector<std::string> arguments;              // arguments[0] is looked up on the search path
-    std::map<std::string, std::string> environment;  // on top of ours
+    std::vector<std::string> arguments;              // arguments[0] is searched in PATH
+    std::map<std::string, std::string> environment;  // added to that of this process
 };
 
 struct Timing {
-    double seconds = 0;     // on the wall clock, from the first start to the last end
-    double cpuSeconds = 0;  // user and system, of all of them
-    double peakMiB = 0;     // largest resident set of any of them
+    double seconds = 0;     // elapsed time from the first start to the last end
+    double cpuSeconds = 0;  // user and system time of all commands
+    double peakMiB = 0;     // largest resident set of any command
 };
 
-// Runs the commands one after the other. Ends the measurement with a message if one of them fails.
+// Runs the commands one after the other, without input and output. Gives up if one of them fails.
+// Sets their environment variables in this process, which keeps them: one thread at a time.
 [[nodiscard]] Timing RunTimed(const std::vector<Command>& commands);
 
-// Ends the measurement: what cannot be trusted is not printed.
+// Prints the reason to standard error and exits, because later results would be unreliable.
 [[noreturn]] void GiveUp(const std::string& why);
 
 }  // namespace quorbit::bench

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How long a window waits while a run is on in it: bench_window SOURCE DESTINATION RESULT copies a
-// tree in the dialog, posts an event to the user interface every two milliseconds meanwhile, and
-// writes the longest time that one waited, in milliseconds, to the file RESULT.
+// Measures the latency of the user interface during a run: bench_window SOURCE DESTINATION RESULT.
+// Copies a tree in the dialog, posts an event to the user interface every 2 ms, and writes the
+// longest time that an event waited, in milliseconds, to the file RESULT.
 
 #include <QApplication>
 #include <QEvent>
@@ -39,7 +39,7 @@ public:
 
 class WaitMeter : public QObject {
 public:
-    double worst = 0;  // milliseconds
+    double worst = 0;  // longest wait, milliseconds
 
     bool event(QEvent* event) override
     {

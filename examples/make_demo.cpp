@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// make_demo FILE   writes the demo batch to FILE. README.md explains its entries.
+// Writes the demo batch to a file: make_demo FILE. README.md explains its entries.
 
 #include <cstdint>
 #include <iostream>

@@ -109,7 +109,8 @@ AppServices MakeServices(Tools& tools)
     };
 }
 
-// Asks to save changes when the desktop session ends, and cancels the logout during a run.
+// Asks to save changes when the desktop session ends. Cancels the logout during a run, or if the
+// user cancels.
 void OnSessionEnd(CQRBApp& app, QSessionManager& session)
 {
     session.setRestartHint(QSessionManager::RestartNever);

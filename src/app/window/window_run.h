@@ -29,7 +29,7 @@ public:
     // Returns true while the dialog is visible.
     [[nodiscard]] bool IsOpen() const { return m_pDialog != nullptr && m_pDialog->isVisible(); }
     // Stops an open run like its Cancel button. Message boxes of this run that are open, or would
-    // open later, are answered as if they were closed, because nobody may be there to answer them.
+    // open later, are answered as if they were closed, because the process may be unattended.
     void Stop();
 
 private:
