@@ -22,8 +22,9 @@ struct Timing {
     double peakMiB = 0;     // largest resident set of any command
 };
 
-// Runs the commands one after the other, without input and output. Gives up if one of them fails.
-// Sets their environment variables in this process, which keeps them: one thread at a time.
+// Runs the commands one after the other, with standard input and output on /dev/null. Gives up if
+// one of them fails. Sets their environment variables in this process, which keeps them: one thread
+// at a time.
 [[nodiscard]] Timing RunTimed(const std::vector<Command>& commands);
 
 // Prints the reason to standard error and exits, because later results would be unreliable.

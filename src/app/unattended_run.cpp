@@ -87,6 +87,7 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
         return Refuse(start.refusal);
     }
 
+    // Before the worker thread starts, so that no signal ends the process in the middle of a file.
     const StopSignals stopSignals([] { g_bStopRun = 1; });
     IgnoreWriteSignals();
     g_bRunStarted = 1;

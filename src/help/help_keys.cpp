@@ -61,6 +61,7 @@ HelpKeys::HelpKeys(const HelpPages& pages, std::function<void(const QUrl&)> show
     qApp->installEventFilter(this);
 }
 
+// Called for every event of the application, so reject the other types first.
 bool HelpKeys::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Finds the program that the desktop uses for web pages. Sources of the formats: MIME Applications
-// Associations Specification 1.0 and Desktop Entry Specification 1.5 (freedesktop.org).
+// Associations Specification 1.0 and Desktop Entry Specification 1.5 (freedesktop.org). One thread
+// at a time.
 
 #pragma once
 

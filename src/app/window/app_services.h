@@ -25,7 +25,7 @@ struct AppServices {
     Required<TextEditor*> pTextEditor;
     Required<LinkOpener*> pLinkOpener;
     Required<std::function<void(int)>> endLoop;  // leaves the event loop with an exit code
-    std::uint64_t nOpenFileLimit = 0;            // restored for scripts, see MakeProcessRunner
+    std::uint64_t nOpenFileLimit = 0;            // for scripts, 0: unchanged; see MakeProcessRunner
     std::optional<Registration> registration{};  // nothing: do not register the file type
     std::function<void()> showSplash{};          // null: there is none
     std::function<void()> showTips{};            // null: there are none

@@ -3,7 +3,7 @@
 
 // Registers this program for ".qrb" files on the user's desktop, with a desktop entry and a MIME
 // type (Desktop Entry Specification 1.5, Shared MIME-info Database; freedesktop.org). Errors are
-// ignored, because the program works without the registration.
+// ignored, because the program works without the registration. One thread at a time.
 
 #pragma once
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Registers this program for ".qrb" files in the association store. Errors are ignored, because the
-// program works without the registration.
+// program works without the registration. One thread at a time.
 
 #pragma once
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Computes the position of the main window and stores it in the profile. Uses no window.
+// Computes the position of the main window and stores it in the profile. Uses no window. One
+// thread at a time.
 
 #pragma once
 
@@ -11,7 +12,7 @@
 
 namespace quorbit {
 
-// Pixels.
+// In pixels.
 struct FrameRect {
     int left = 0;
     int top = 0;

@@ -23,7 +23,7 @@ public:
     // Asks whether to save changes. Returns false if the window must stay open: the user cancelled,
     // saving failed, or a run is in progress.
     [[nodiscard]] virtual bool CanCloseFrame() = 0;
-    // Called after the window has closed.
+    // Called when the window closes, after it has stored its layout.
     virtual void OnFrameClosed() = 0;
 };
 

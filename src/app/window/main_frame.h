@@ -38,7 +38,7 @@ struct FrameServices {
     Required<const Profile*> pProfile;
     Required<const RecentFiles*> pRecent;
     std::uint32_t nRunMode = 0;  // of the application; 0 if interactive
-    bool bFirstRun = false;      // first start after the setup
+    bool bFirstRun = false;      // first start of the program
     QSize screen{};              // the work area of all screens, pixels
 };
 

@@ -35,7 +35,7 @@ public:
     CQRBApp& operator=(const CQRBApp&) = delete;
 
     std::uint32_t m_nRunMode;  // 0 if interactive; constant after InitInstance
-    bool m_bFirstRun = false;  // first start after the setup
+    bool m_bFirstRun = false;  // first start of the program
     int m_nScreenCX = 0;       // width of the work area, pixels
     int m_nScreenCY = 0;       // height of the work area, pixels
     int m_nExitCode = 0;       // highest exit code of the runs so far

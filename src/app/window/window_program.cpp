@@ -141,6 +141,7 @@ int RunInWindow(const CommandLine& line, const char* programName)
 
     Tools tools;
     CQRBApp app(line, MakeServices(tools));
+    // StopSignals calls this in its own thread, so queue it for the user interface thread.
     const StopSignals stopSignals([&] {
         QMetaObject::invokeMethod(
             &application, [&app] { app.OnStopSignal(); }, Qt::QueuedConnection);
