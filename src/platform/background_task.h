@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Work in a thread of its own that its owner can abandon at any time. A thread that hangs in a
-// system call (a server that does not answer) cannot be stopped; it is left behind with what it
-// holds and ends when the call returns.
+// Runs work in a background thread that its owner can abandon at any time. A thread that hangs in a
+// system call, for example on a server that does not respond, cannot be stopped. It keeps what it
+// captured and ends when the call returns.
 
 #pragma once
 
@@ -13,16 +13,16 @@
 
 namespace quorbit {
 
-// The functions are for the owner's thread. One task at a time.
+// Owner's thread only. Runs one task at a time.
 class BackgroundTask {
 public:
     // The work's connection to its owner. Background thread only.
     class Link {
     public:
-        // Set once the task is abandoned.
+        // A stop is requested when the task is abandoned.
         [[nodiscard]] virtual std::stop_token Stop() const = 0;
-        // Calls the function unless the task was abandoned. Abandon() waits for a call in progress,
-        // so `call` may use the owner but must return soon.
+        // Calls `call` unless the task was abandoned. Abandon() waits for a call in progress, so
+        // `call` may use the owner but must return soon.
         virtual void IfWanted(const std::function<void()>& call) = 0;
 
     protected:
@@ -35,10 +35,12 @@ public:
     BackgroundTask(const BackgroundTask&) = delete;
     BackgroundTask& operator=(const BackgroundTask&) = delete;
 
-    // Abandons the previous task and starts `work`. Everything that `work` captures must stay valid
-    // after this object is gone. Returns false if the system cannot create a thread.
+    // Abandons the previous task and starts `work` in a detached thread. Everything that `work`
+    // captures must stay valid after this object is destroyed. Returns false if the system cannot
+    // create a thread.
     [[nodiscard]] bool Start(Work work);
-    // Never waits for the work itself.
+    // Requests a stop. Waits at most for a call of Link::IfWanted in progress, never for the work
+    // itself.
     void Abandon();
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The time for what is asked at every file and need not be exact.
+// A cheap clock for frequent checks that need no precision.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace quorbit {
 
-// Now on the steady clock, as of the last tick of the system: up to about 10 ms old. Costs a
-// fraction of an exact reading; CLOCK_MONOTONIC_COARSE, clock_gettime(2). Any thread.
+// Returns the steady clock's time as of the last kernel tick, so it is up to about 10 ms old. Much
+// cheaper than an exact reading: CLOCK_MONOTONIC_COARSE, clock_gettime(2). Any thread.
 [[nodiscard]] std::chrono::steady_clock::time_point CoarseNow();
 
 }  // namespace quorbit

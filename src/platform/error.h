@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Errors as values. An Error is small and trivially copyable: making one for a file that is
-// merely missing costs nothing, its text is only built when somebody wants to read it.
+// Errors as values. An Error is small and trivially copyable, so reporting a missing file costs
+// nothing; its text is only built on request.
 
 #pragma once
 
@@ -12,52 +12,52 @@
 
 namespace quorbit {
 
-// What code can react to. Everything else is Other; the text tells the rest.
+// The errors that callers distinguish. Any other error is Other; only its text describes it.
 enum class ErrorKind {
-    Missing,        // there is no such item; the only kind that means "not there"
-    AccessDenied,   // permission, or a read-only item that was to be replaced
-    AlreadyExists,  //
-    NotAFolder,     //
-    IsAFolder,      //
-    NotEmpty,       // a folder that was to be removed holds something
-    DiskFull,       // no space, no quota, file too large
-    SameFile,       // source and destination are one file
-    NotSupported,   // this file system cannot do that
-    NameTooLong,    //
-    TooManyOpen,    // out of descriptors
-    Protected,      // the root folder, the home folder or one above it
-    Busy,           // in use; held by another run
-    Invalid,        // an argument that no system would take, e.g. a name with a separator in it
-    NotAProgram,    // a file that may be executed and that the system cannot run
+    Missing,       // no such item; the only kind that means "does not exist"
+    AccessDenied,  // no permission, or replacing a read-only item
+    AlreadyExists,
+    NotAFolder,
+    IsAFolder,
+    NotEmpty,      // removing a folder that is not empty
+    DiskFull,      // no space, quota exceeded, or file too large
+    SameFile,      // source and destination are the same file
+    NotSupported,  // not supported by this file system
+    NameTooLong,
+    TooManyOpen,  // no free file descriptors
+    Protected,    // the root folder, the home folder or a parent of it
+    Busy,         // in use, e.g. locked by another run
+    Invalid,      // an invalid argument, e.g. a name that contains a separator
+    NotAProgram,  // an executable file that the system cannot run
     Other,
 };
 
-// Why an operation failed: a kind, and the system's own text or, where the refusal is ours, our
-// own.
+// Why an operation failed: a kind and a text. The text is the system's, or Quorbit's if Quorbit
+// itself refused the operation.
 class Error {
 public:
-    // With the usual text of the kind, e.g. "No such file or directory" for Missing.
+    // Uses the default text of the kind, e.g. "No such file or directory" for Missing.
     explicit Error(ErrorKind kind);
-    // text must have static storage duration. code: see Code().
+    // text: static storage duration. code: see Code().
     Error(ErrorKind kind, const char* text, int code = 0)
         : m_kind(kind), m_nCode(code), m_pszText(text)
     {
     }
 
     [[nodiscard]] ErrorKind Kind() const { return m_kind; }
-    // The number by which the system knows the error (an errno value on POSIX systems), 0 if the
-    // refusal is ours. Only code for that one system can make sense of it.
+    // The system's error number (an errno value on POSIX systems), or 0 if Quorbit itself refused
+    // the operation. Only code written for that system may interpret it.
     [[nodiscard]] int Code() const { return m_nCode; }
-    // One line without a line end, e.g. "Permission denied".
+    // Returns one line without a line end, e.g. "Permission denied".
     [[nodiscard]] std::string Text() const;
 
 private:
     ErrorKind m_kind;
     int m_nCode;
-    const char* m_pszText;  // null for a code that the system has no text for
+    const char* m_pszText;  // null if the system has no text for the code
 };
 
-// A value or the reason why there is none.
+// A value, or the error that prevented it.
 template <class T>
 class [[nodiscard]] Result {
 public:
@@ -85,7 +85,7 @@ private:
     std::variant<T, Error> m_state;
 };
 
-// Done, or the reason why not.
+// Success, or the error that prevented it.
 class [[nodiscard]] Status {
 public:
     Status() = default;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a listing or a probe tells of one item.
+// The properties of one item, as returned by a listing or a probe.
 
 #pragma once
 
@@ -16,13 +16,13 @@ inline constexpr std::uint32_t kAttributeHidden = 0x02;
 inline constexpr std::uint32_t kAttributeSystem = 0x04;
 inline constexpr std::uint32_t kAttributeFolder = 0x10;
 inline constexpr std::uint32_t kAttributeArchive = 0x20;
-inline constexpr std::uint32_t kAttributeNormal = 0x80;  // stands alone: none of the others
+inline constexpr std::uint32_t kAttributeNormal = 0x80;  // only alone: no other attribute is set
 
 enum class ItemKind : std::uint8_t {
-    Unknown,  // the listing did not say: ReadDetails tells
+    Unknown,  // not reported by the listing; see ReadDetails
     File,
     Folder,
-    Link,     // a symbolic link: an item of its own, whatever it points to
+    Link,     // a symbolic link itself, never its target
     Special,  // FIFO, socket, device
 };
 
@@ -30,10 +30,10 @@ struct FindData {
     std::string name;  // bytes, never "." or ".."
     ItemKind kind = ItemKind::Unknown;
     bool leftover = false;   // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
-    std::uint64_t size = 0;  // bytes; after ReadDetails, Probe or OpenSource
-    std::int64_t modified = 0;       // last-write time, whole seconds since 1970 UTC; as size
-    std::uint32_t modifiedNsec = 0;  // the rest of it in nanoseconds
-    std::uint32_t attributes = 0;    // the attribute word; after ReadAttributes only
+    std::uint64_t size = 0;  // bytes; set by ReadDetails, Probe and OpenSource
+    std::int64_t modified = 0;       // last-write time, seconds since 1970-01-01 UTC; set as size
+    std::uint32_t modifiedNsec = 0;  // fraction of that second, in nanoseconds
+    std::uint32_t attributes = 0;    // the attribute word; set by ReadAttributes only
 };
 
 }  // namespace quorbit

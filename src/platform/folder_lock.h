@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A lock by which writers of the files of one folder take turns, in this process and in others.
+// A lock that serialises writers of the files of one folder, within and across processes.
 
 #pragma once
 
@@ -12,14 +12,14 @@
 
 namespace quorbit {
 
-// Held until it is destroyed, or until the process ends, however it ends.
+// Holds the lock until it is destroyed or the process ends, even by a kill.
 class FolderLock {
 public:
     virtual ~FolderLock() = default;
 };
 
-// Waits for as long as somebody else holds the lock of the folder. Where the file system has no
-// locks, every caller holds one.
+// Waits until the lock of the folder is free. On file systems without locks, returns at once
+// without locking. Fails if the folder cannot be opened. Any thread.
 Result<std::unique_ptr<FolderLock>> LockFolder(const std::string& path);
 
 }  // namespace quorbit

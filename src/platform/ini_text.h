@@ -1,21 +1,20 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The text of a settings file: sections of named values, one a line, for people as much as for the
-// program. Whatever else stands in the file (comments, blank lines, a line that says nothing) stays
-// where it is when values change.
+// Parses and edits the text of a settings file: sections of named values, one per line. Comments,
+// blank lines and lines that are not understood are kept when values change.
 //
 //     [Options]
 //     Qrb File Path=/home/me/batches/
 //
-// Names and values are bytes. A byte that would not survive on a line of UTF-8 text is written as
-// \x and two hexadecimal digits: control characters, bytes that are not UTF-8, a blank at an end of
-// the text, the backslash of a \x41 that is meant as it stands, and in names what would make the
-// line read differently. Every other backslash is a backslash. A value without a name is called
-// "@".
+// Names and values are bytes. Bytes that would not survive on a line of UTF-8 text are written as
+// \x and two hexadecimal digits: control characters, bytes that are not UTF-8, a leading or
+// trailing space, the backslash of a literal \x41, and in value names an equals sign and a leading
+// bracket or comment character. Any other backslash is literal. A value without a name is written
+// as "@".
 //
-// Names of sections and values are compared without regard to the case of ASCII letters. If a name
-// occurs twice, the first counts. Nothing here takes a NUL byte.
+// Names of sections and values are compared ignoring the case of ASCII letters. The first of
+// duplicate names counts. NUL bytes are not supported. One thread at a time.
 
 #pragma once
 
@@ -35,17 +34,17 @@ public:
     [[nodiscard]] std::optional<std::string> FirstSection() const;
     [[nodiscard]] std::optional<std::string> Find(std::string_view section,
                                                   std::string_view name) const;
-    // Names and values of a section in their order.
+    // Returns the names and values of a section in file order.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> Values(
         std::string_view section) const;
-    // Replaces the value or adds it at the end of its section.
+    // Replaces the value, or adds it at the end of its section. Adds the section if it is missing.
     void Set(std::string_view section, std::string_view name, std::string_view value);
 
 private:
     struct Line {
         enum Kind { Section, Value, Other };
         Kind kind = Other;
-        std::string text;   // as it stands in the file, without the line feed
+        std::string text;   // the original line, without the line feed
         std::string name;   // of the section or value, decoded
         std::string value;  // decoded
     };

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How an unfinished copy is called while it has a name of its own: ".quorbit-", 16 lower-case
-// hexadecimal digits, ".tmp". The length is fixed, so that there is room for it beside a file whose
-// own name is as long as a name may be.
+// Names of staged files that cannot be anonymous: ".quorbit-", 16 lower-case hexadecimal digits,
+// ".tmp". The length is fixed, so that such a name also fits if the name of the file itself has the
+// maximum length.
 
 #pragma once
 
@@ -12,7 +12,8 @@
 
 namespace quorbit {
 
-// A new name, random enough to be free.
+// Returns a new name with 64 random bits. The caller still has to create it exclusively. Any
+// thread.
 [[nodiscard]] std::string MakeLeftoverName();
 [[nodiscard]] bool IsLeftoverName(std::string_view name);
 

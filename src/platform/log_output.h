@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A file that one process writes and locks. Behind an interface so that a failing log can be
-// tested.
+// A file that one process writes and locks. An interface, so that tests can simulate a failing log.
+// One thread at a time.
 
 #pragma once
 
@@ -16,16 +16,16 @@ namespace quorbit {
 
 class LogOutput {
 public:
-    virtual ~LogOutput() = default;  // closes the file and gives up the lock
-    // Appends all of the bytes.
+    virtual ~LogOutput() = default;  // closes the file and releases the lock
+    // Appends all bytes, unbuffered.
     virtual Status Write(std::string_view bytes) = 0;
-    // Closes the file and gives up the lock: on some file systems the last write error comes here.
-    // Nothing may be written after that.
+    // Closes the file and releases the lock. Some file systems report the last write error only
+    // here. Do not write after that.
     virtual Status Close() = 0;
 };
 
-// Creates the file, or empties the one that is there. Fails with Busy, and leaves the file as it
-// is, while another process (or another LogOutput) has it open.
+// Creates the file, or empties an existing one. Fails with Busy, and leaves the file unchanged, if
+// another process or LogOutput has it open.
 Result<std::unique_ptr<LogOutput>> CreateLogOutput(const std::string& path);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes the implementations of this system, so that no code above platform names one of them.
+// Creates the implementations for this system, so that the layers above name none of them.
 
 #pragma once
 
@@ -14,11 +14,11 @@
 
 namespace quorbit {
 
-// drives: where the drives of drive paths are.
+// drives: maps the letters of drive paths to native folders.
 [[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem(DriveMap drives = {});
 
-// openFileLimit: how many files a started program may have open, since programs that are not made
-// for it do not expect the high limit of this process; see RaiseOpenFileLimit. 0 leaves it alone.
+// openFileLimit: limit of open files for started programs, since programs that use select(2) do not
+// expect the high limit of this process; see RaiseOpenFileLimit. 0 keeps the current limit.
 [[nodiscard]] std::unique_ptr<ProcessRunner> MakeProcessRunner(std::uint64_t openFileLimit = 0);
 
 }  // namespace quorbit

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Paths as text: the one place that knows separators, roots, last components and drives.
+// Handles paths as text: separators, roots, last components and drives. Pure functions except
+// MakeAbsolute. Any thread.
 //
 // A path that starts with a letter and a colon is a drive path on every platform; its separator is
-// the backslash. Every other path is native ("/home/me/Data/") and its separator is '/'. A name is
-// never split on a character that is legal in it on its platform, so the backslash is an ordinary
-// character of a native path.
+// the backslash, and a slash is accepted too. Every other path is native ("/home/me/Data/") and its
+// separator is '/'. A backslash is an ordinary character of a native path.
 
 #pragma once
 
@@ -17,37 +17,37 @@
 
 namespace quorbit {
 
-// Drive letter (upper case) to the native folder that it stands for, e.g. 'C' to "/mnt/c".
+// Maps a drive letter (upper case) to its native folder, e.g. 'C' to "/mnt/c".
 using DriveMap = std::map<char, std::string>;
 
 [[nodiscard]] bool IsDrivePath(std::string_view path);
 [[nodiscard]] char SeparatorOf(std::string_view path);
 [[nodiscard]] bool EndsInSeparator(std::string_view path);
-// The path with a closing separator of its own kind. An empty path stays empty: it names nothing,
-// and must not turn into the root folder.
+// Adds a trailing separator if there is none. An empty path stays empty, since it must not turn
+// into the root folder.
 [[nodiscard]] std::string WithSeparator(std::string path);
-// "/", or a drive with or without its separator ("C:", "C:\").
+// Returns true for "/" and for a drive with or without separator ("C:", "C:\").
 [[nodiscard]] bool IsRoot(std::string_view path);
-// The parent without closing separator, and the last component; closing separators of the path do
-// not count.
-// "/a/b/" gives {"/a", "b"}, "/a" gives {"", "a"}, "C:\x\" gives {"C:", "x"}, "a" gives {"", "a"}.
+// Returns the parent without trailing separator, and the last component. Trailing separators of the
+// path are ignored: "/a/b/" gives {"/a", "b"}, "/a" gives {"", "a"}, "C:\x\" gives {"C:", "x"}, "a"
+// gives {"", "a"}.
 [[nodiscard]] std::pair<std::string, std::string> SplitLast(std::string_view path);
-// The parent as a path that can be opened: where SplitLast gives none, the root folder or, for a
-// relative path, the current one.
+// Returns the parent as a path that can be opened: like SplitLast, but the root folder or, for a
+// relative path, the current folder (".") instead of an empty parent.
 [[nodiscard]] std::string ParentFolder(std::string_view path);
-// What the folder of a whole volume is called below a destination: the letter of a drive path; for
-// a mount path its components joined by '-', and "root" for "/".
+// Returns the name of the destination folder for a whole volume: the letter of a drive path;
+// otherwise the components of the mount path joined with '-', or "root" for "/".
 [[nodiscard]] std::string VolumeName(std::string_view path);
-// The path as the system takes it. A drive path needs its letter in the map, else the result is
-// empty.
+// Returns the native path. Empty if the letter of a drive path is not in the map or not mapped to
+// an absolute path.
 [[nodiscard]] std::string ToNative(std::string_view path, const DriveMap& drives);
-// Absolute form of a path given on the command line; "." and ".." are resolved as text, links are
-// not.
+// Makes a path from the command line absolute. Resolves "." and ".." in the text, without following
+// links. Drive paths and the empty path are returned unchanged.
 [[nodiscard]] std::string MakeAbsolute(std::string_view path);
-// Text for the log and the screen: control characters and bytes that are not UTF-8 as \x0A,
-// everything else as it is.
+// Returns text for the log and the screen: escapes control characters and bytes that are not UTF-8
+// as \x0A.
 [[nodiscard]] std::string Printable(std::string_view text);
-// The same, behind what out holds.
+// The same, appended to `out`.
 void AppendPrintable(std::string& out, std::string_view text);
 
 }  // namespace quorbit

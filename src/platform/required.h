@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A pointer or function that its owner cannot do without.
+// A pointer or function that must not be null.
 //
 //   struct Services {
 //       Required<Prompts*> pPrompts;
@@ -9,8 +9,8 @@
 //   };
 //   Services services{.pPrompts = &prompts, .postCommand = [](int) {}};
 //
-// There is no default: an initializer that leaves the member out does not compile. A null pointer
-// or an empty function is a fault of the caller, and asserted.
+// There is no default: an initializer that omits the member does not compile. A null pointer or
+// empty function is a programming error and caught by an assertion.
 
 #pragma once
 
@@ -22,7 +22,7 @@
 
 namespace quorbit {
 
-// T: anything that can be null. Used as the T that it holds; owns what a T owns.
+// T: any type that can be null. Used like a T, and owns what a T owns.
 template <class T>
 class Required {
 public:

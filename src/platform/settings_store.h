@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the program remembers: sections of named values in a file that a person can read and edit
-// (platform/ini_text.h tells the form).
+// Reads and writes the program's settings: sections of named values in an editable text file (see
+// platform/ini_text.h).
 //
-// Each call works on the file itself: what one process has written, the next one to ask finds, and
-// a value is on the disk before the call that writes it returns. A file is replaced whole or stays
-// as it was; a full disk, a kill or a file that cannot be read loses nothing. QSettings was tried
-// and is not used: on a full disk it cut the file short and reported success, it dropped lines that
-// it did not understand, and it took a folder whose name is not UTF-8 for another one.
+// Nothing is cached. A value that one process wrote is visible to the next read in any process, and
+// is on the disk before the writing call returns. Files are replaced atomically: a full disk, a
+// kill or an unreadable file loses nothing. QSettings is not used because on a full disk it
+// truncated the file and reported success, it dropped lines that it did not understand, and it
+// mixed up folders whose names are not UTF-8.
 //
-// Any thread, any number of processes: writers take turns by a lock on the folder, where the file
-// system has locks.
+// Any thread, any number of processes. Writers are serialised by a lock on the folder, if the file
+// system supports locks.
 
 #pragma once
 
@@ -27,14 +27,13 @@ namespace quorbit {
 class IniText;
 
 enum class StoreState {
-    Missing,     // there is no file yet
+    Missing,     // the file does not exist
     Usable,      // can be read and written
     ReadOnly,    // can be read only
-    Unreadable,  // there is something, but it cannot be read
+    Unreadable,  // exists, but cannot be read
 };
 
-// Names and text are bytes other than NUL. An empty name stands for the value of the section
-// itself.
+// Names and text are bytes other than NUL. An empty name is the value of the section itself.
 struct SettingsValue {
     std::string section;
     std::string name;
@@ -43,25 +42,26 @@ struct SettingsValue {
 
 class SettingsStore {
 public:
-    // path: the file, absolute. It and its folder need not exist. An empty path is a store that
-    // has nothing and takes nothing.
+    // path: absolute path of the file. It and its folder need not exist. With an empty path, reads
+    // fail with Missing and writes with Invalid.
     explicit SettingsStore(std::string path) : m_strPath(std::move(path)) {}
 
     [[nodiscard]] const std::string& Path() const { return m_strPath; }
     [[nodiscard]] StoreState State() const;
 
-    // ErrorKind::Missing from these means that there is no such section or value, or no file.
+    // These return ErrorKind::Missing if the section, the value or the file does not exist.
     [[nodiscard]] Result<std::string> FirstSection() const;
     [[nodiscard]] Result<std::string> ReadText(const std::string& section,
                                                const std::string& name) const;
-    // A whole number of 32 bits, signed or unsigned; anything else fails.
+    // Accepts decimal numbers from -2^31 to 2^32 - 1; values above 2^31 - 1 wrap around. Anything
+    // else fails with Other.
     [[nodiscard]] Result<std::int32_t> ReadInt(const std::string& section,
                                                const std::string& name) const;
-    // Names and texts of a section in the order of the file; none if there is no such section.
+    // Returns names and texts in file order; empty if there is no such section.
     [[nodiscard]] Result<std::vector<std::pair<std::string, std::string>>> ReadSection(
         const std::string& section) const;
 
-    // Stores all of the values or none. Creates the file and its folder if need be.
+    // Stores all of the values or none. Creates the file and its folder if they are missing.
     Status Write(const std::vector<SettingsValue>& values) const;
 
 private:
@@ -70,13 +70,13 @@ private:
     std::string m_strPath;
 };
 
-// The stores of the user who runs the program.
+// The stores of the current user.
 struct SettingsStores {
-    SettingsStore machine;    // machine.ini: what set-up lays down
+    SettingsStore machine;    // machine.ini: created by setup
     SettingsStore profile;    // profile.ini: the user's own settings
-    SettingsStore fileTypes;  // filetypes.ini: which program opens a file type
+    SettingsStore fileTypes;  // filetypes.ini: programs that open file types
 };
-// In the configuration folder, by the environment as it is now.
+// Opens the stores in ConfigFolder(). Their paths are empty if there is no such folder.
 [[nodiscard]] SettingsStores OpenSettingsStores();
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Replaces a small file of our own (a batch file, a settings file) whole or not at all, and makes
-// sure that the new content is on the disk before the old one goes.
+// Replaces a small file of Quorbit's own (batch file, settings file) atomically; the new content is
+// on the disk before the old one is replaced. Any thread.
 
 #pragma once
 
@@ -14,16 +14,17 @@
 
 namespace quorbit {
 
-// Writes content beside path, syncs it, gives it the permissions of the file that it replaces,
-// renames it over path and syncs the folder. On failure the old file stands and nothing is left
-// behind. A symbolic link at path is followed: the file that it names is replaced.
+// Writes content to a staged file, gives it the metadata of the file that it replaces, syncs it,
+// renames it over path and syncs the folder. On failure the old file is unchanged and nothing is
+// left behind. If path is a symbolic link, its target is replaced. AccessDenied if the file is
+// read-only, even for root.
 Status ReplaceFile(const std::string& path, std::string_view content);
 
-// Whether ReplaceFile would be allowed to: Ok also for a file that is yet to be made.
+// Returns Ok if permissions allow ReplaceFile to replace or create the file. Writes nothing.
 Status CanReplace(const std::string& path);
 
-// Reads a regular file whole. Refuses anything else, and files above maxBytes (DiskFull stands for
-// "too large").
+// Returns the content of a regular file. Fails for any other item, and with DiskFull ("The file is
+// too large") for files above maxBytes.
 Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxBytes);
 
 }  // namespace quorbit

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where the program keeps what it remembers, by the XDG Base Directory Specification 0.8. Paths are
-// absolute, without closing separator, and are read from the environment at each call. They are
-// bytes: a home folder need not be UTF-8.
+// Standard folders of the XDG Base Directory Specification 0.8. Paths are absolute, without
+// trailing separator, and are read from the environment at each call. They are bytes, since a home
+// folder need not be UTF-8. Any thread, as long as no other thread changes the environment.
 
 #pragma once
 
@@ -14,26 +14,26 @@
 
 namespace quorbit {
 
-// Settings: $XDG_CONFIG_HOME/quorbit, else ~/.config/quorbit. This and the next are empty if the
-// user has no home folder at all.
+// Settings: $XDG_CONFIG_HOME/quorbit, or ~/.config/quorbit by default. Empty if the user has no
+// home folder.
 [[nodiscard]] std::string ConfigFolder();
-// Logs of runs: $XDG_STATE_HOME/quorbit, else ~/.local/state/quorbit.
+// Logs of runs: $XDG_STATE_HOME/quorbit, or ~/.local/state/quorbit by default. Empty if the user
+// has no home folder.
 [[nodiscard]] std::string StateFolder();
-// Full path of an installed file that the program comes with, e.g. "help/index.html"; empty if it
-// is nowhere. Looked for in $XDG_DATA_HOME/quorbit (else ~/.local/share/quorbit), then in quorbit
-// in each of $XDG_DATA_DIRS (else /usr/local/share and /usr/share).
+// Returns the full path of an installed file, e.g. "help/index.html"; empty if there is none.
+// Searches quorbit in $XDG_DATA_HOME (by default ~/.local/share), then in each of $XDG_DATA_DIRS
+// (by default /usr/local/share and /usr/share).
 [[nodiscard]] std::string FindDataFile(const std::string& name);
 
-// What all programs of the user share, desktop entries and file types among it: $XDG_DATA_HOME,
-// else
-// ~/.local/share. Empty if the user has no home folder at all.
+// Data shared by all programs of the user, such as desktop entries and file types: $XDG_DATA_HOME,
+// or ~/.local/share by default. Empty if the user has no home folder.
 [[nodiscard]] std::string SharedDataFolder();
-// The same of the system, the more important one first: $XDG_DATA_DIRS, else /usr/local/share and
-// /usr/share.
+// The same for the whole system, in order of preference: $XDG_DATA_DIRS, or /usr/local/share and
+// /usr/share by default.
 [[nodiscard]] std::vector<std::string> SystemDataFolders();
 
-// Creates a folder and those above it that are missing, for the user alone (0700) as the
-// standard asks. One that is there stays as it is.
+// Creates a folder and its missing parents with mode 0700, as the specification requires. Existing
+// folders are left unchanged. path must be absolute.
 Status CreateFolders(const std::string& path);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Process-wide settings of a program that must not be ended in the middle of a file.
+// Process-wide signal and limit settings, so that a run is not killed in the middle of a file.
 
 #pragma once
 
@@ -11,31 +11,30 @@
 
 namespace quorbit {
 
-// Calls a function when the process is asked to stop (SIGINT, SIGTERM, SIGHUP), instead of ending
-// the process. At most one object in a process.
+// Calls a function on SIGINT, SIGTERM or SIGHUP instead of ending the process. At most one object
+// per process.
 class StopSignals {
 public:
-    // onStop is called in a thread of its own, once for signals that come close together. A signal
-    // that the process was started with as ignored (nohup) stays ignored. If the system has no
-    // descriptors or threads left, signals keep their default.
+    // onStop is called in a dedicated thread, possibly once for several signals in short
+    // succession. Signals that were ignored at start (nohup(1)) stay ignored. If the system has no
+    // free descriptors or threads, signals keep their default action.
     explicit StopSignals(std::function<void()> onStop);
-    // Waits for a call in progress. Later signals are ignored.
+    // Waits for a call in progress. Signals that arrive later are ignored.
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
 
 private:
     class Catcher;
-    std::unique_ptr<Catcher> m_catcher;  // null if signals keep their default
+    std::unique_ptr<Catcher> m_catcher;  // null if signals keep their default action
 };
 
-// Writing to a closed pipe or beyond a size limit becomes an error of the write instead of the end
-// of the process.
+// Ignores SIGPIPE and SIGXFSZ: writing to a closed pipe or beyond a size limit then fails instead
+// of ending the process.
 void IgnoreWriteSignals();
 
-// Allows as many open files as the system permits, at most 65,536, since a walk holds some for
-// every level of a tree. Returns the soft limit that stood before, for the programs that are
-// started.
+// Raises the limit of open files to the hard limit, at most 65,536, since a walk keeps several open
+// for every level of a tree. Returns the previous soft limit, which started programs should get.
 std::uint64_t RaiseOpenFileLimit();
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What there is to say about the machine and this process. Any thread.
+// Facts about the machine and this process. Any thread.
 
 #pragma once
 
@@ -12,29 +12,30 @@
 
 namespace quorbit {
 
-// Full path of the program that runs; empty if that cannot be had.
+// Returns the full path of the running program; empty if it cannot be determined.
 [[nodiscard]] std::string ProgramPath();
 
 enum class PathKind {
     Missing,
-    File,     // a regular file
-    Folder,   //
+    File,  // a regular file
+    Folder,
     Special,  // a device, FIFO or socket
     Unknown,  // access denied, or another error
 };
 
-// What a path names, links followed. May wait for a server.
+// Returns the kind of item at a path. Follows links. May block on a server that does not respond.
 [[nodiscard]] PathKind KindOfPath(const std::string& path);
 
-// Physical memory in KB, 0 if that cannot be had.
+// Returns the physical memory in KB (1024 bytes), or 0 if unknown.
 [[nodiscard]] std::uint64_t PhysicalMemoryKb();
 
-// Root folder of the volume that an absolute path lies on, found without touching the volume; empty
-// if that cannot be told.
+// Returns the mount point of the volume that contains an absolute path, without accessing the
+// volume; empty if it cannot be determined.
 [[nodiscard]] std::string VolumeRootOf(const std::string& path);
 
-// Space in KB that a user without rights may still fill on the file system of a path. Nothing if
-// that cannot be had, or not in time: a server that does not answer holds nobody up.
+// Returns the space in KB (1024 bytes) available to unprivileged users on the file system of a
+// path. nullopt on an error or after `atMost`, so that an unresponsive server does not block the
+// caller.
 [[nodiscard]] std::optional<std::uint64_t> FreeSpaceKb(const std::string& path,
                                                        std::chrono::milliseconds atMost);
 
