@@ -70,7 +70,7 @@ public:
 
 struct CopyOptions {
     bool replaceReadOnly =
-        false;  // else an existing read-only file makes the copy fail, also for root
+        false;  // if false, replacing a read-only file fails, even for root
     bool expectMissing = false;        // a hint that the name does not exist yet; harmless if wrong
     CopyProgress* progress = nullptr;  // not owned; may be null
 };

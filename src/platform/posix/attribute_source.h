@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where a volume keeps read-only, hidden, system and archive.
+// Reads and writes the read-only, hidden, system and archive attributes as a volume stores them.
+// One thread at a time.
 
 #pragma once
 
@@ -17,12 +18,12 @@
 
 namespace quorbit {
 
-// The bits that can be stored; the others of the attribute word follow from the item.
+// The bits that can be stored. The other bits of the attribute word are derived from the item.
 inline constexpr std::uint32_t kStoredAttributes =
     kAttributeReadOnly | kAttributeHidden | kAttributeSystem | kAttributeArchive;
 
-// A file or a folder, by its name in an open folder and, where it is open anyway, by its
-// descriptor.
+// A file or folder, identified by its name in an open folder and, if it is open already, its
+// descriptor. Owns nothing.
 struct AttributeItem {
     int folder = -1;
     const std::string& name;
@@ -33,17 +34,17 @@ struct AttributeItem {
 class AttributeSource {
 public:
     virtual ~AttributeSource() = default;
-    // True if the file system itself keeps the bits: then they do not travel with extended
-    // attributes.
+    // Returns true if the file system itself stores the bits, so that they are not copied with the
+    // extended attributes.
     [[nodiscard]] virtual bool IsNative() const = 0;
-    // The stored bits, nullopt if none are stored for this item.
+    // Returns the stored bits, or nullopt if none are stored for this item.
     virtual Result<std::optional<std::uint32_t>> Read(const AttributeItem& item) = 0;
-    // Stores the bits and leaves everything else that is stored beside them as it is.
+    // Stores the bits and keeps all other data of the same attribute.
     virtual Status Write(const AttributeItem& item, std::uint32_t bits) = 0;
 };
 
-// The source for a volume: type is f_type of statfs(2), folder any open folder of it. Asks the
-// volume where the type does not tell. Never null.
+// Returns the source for a volume. Never null. type: f_type of statfs(2). folder: any open folder
+// of the volume, probed if the type is ambiguous (FUSE, ntfs3).
 [[nodiscard]] std::unique_ptr<AttributeSource> MakeAttributeSource(std::uint32_t type, int folder);
 
 }  // namespace quorbit

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Copies the content of an open file into an empty one.
+// Copies the content of an open file into an empty one: by reflink, copy_file_range(2), or read and
+// write. One thread at a time.
 
 #pragma once
 
@@ -17,17 +18,17 @@ namespace quorbit {
 struct ContentJob {
     int from = -1;                // open for reading
     int to = -1;                  // open for writing, empty
-    std::uint64_t size = 0;       // bytes, when the source was opened
-    std::uint64_t allocated = 0;  // bytes on the disk, less than the size for a file with holes
-    TransferFacts& facts;         // about the two file systems; learns
-    CopyProgress* progress = nullptr;  // may be null
+    std::uint64_t size = 0;       // bytes, as of opening the source
+    std::uint64_t allocated = 0;  // bytes on the disk; less than the size if the file has holes
+    TransferFacts& facts;         // what the two file systems support; updated by the copy
+    CopyProgress* progress = nullptr;  // not owned; may be null
 };
 
 class ContentCopier {
 public:
-    // Copies what is there to its end, also if the source grows or shrinks meanwhile; never longer
-    // than a source that grows for ever. Holes stay holes. Leaves the source's file offset
-    // anywhere.
+    // Copies to the end of the source, even if it grows or shrinks during the copy. The size is
+    // read again only once, so a file that grows for ever does not keep the copy running. Holes are
+    // kept. The file offset of the source is undefined afterwards.
     Status Copy(const ContentJob& job);
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Errors from errno(3).
+// Converts errno(3) values to errors.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace quorbit {
 
-// The one place where an errno value becomes a kind. The text is that of the system, untranslated,
-// so that the log reads the same everywhere.
+// Maps an errno value to a kind. The text is the system's, untranslated, so that logs do not depend
+// on the language. Any thread.
 [[nodiscard]] Error ErrorFromErrno(int code);
 
 }  // namespace quorbit

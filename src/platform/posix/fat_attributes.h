@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Attribute bits of FAT and exFAT, by the calls of <linux/msdos_fs.h>.
+// Attribute bits of FAT and exFAT, accessed with the ioctls of <linux/msdos_fs.h>.
 
 #pragma once
 
@@ -9,12 +9,12 @@
 
 namespace quorbit {
 
-// The two calls. Behind an interface because few machines that build have such a volume.
+// The two ioctls. An interface, because few build machines have such a volume.
 class FatAttributeControl {
 public:
     virtual ~FatAttributeControl() = default;
-    // The whole attribute byte of an open file or folder; NotSupported (ENOTTY) if this is no FAT
-    // after all.
+    // Returns the complete attribute byte of an open file or folder; NotSupported (ENOTTY) if the
+    // file system does not support the call.
     virtual Result<std::uint32_t> Get(int descriptor) = 0;
     virtual Status Set(int descriptor, std::uint32_t word) = 0;
 };

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Has the beginnings of files read into the system's memory by a thread of its own, before whoever
-// works on the files gets to them. It changes nothing on the disk, and what it cannot open it
-// leaves: the worker will see for itself.
+// Prefetches the start of files and the listings of folders in a background thread. Changes nothing
+// on the disk. Errors are ignored, since the worker thread will report them.
 //
-// The thread starts with the first request. All functions are for one thread at a time.
+// One thread at a time. The background thread starts with the first request.
 
 #pragma once
 
@@ -29,16 +28,16 @@ public:
     using SharedFd = std::shared_ptr<const UniqueFd>;
 
     FileFetcher() = default;
-    // Drops what is waiting; waits for the one request that is being served.
+    // Drops queued requests and waits for the one in progress.
     ~FileFetcher();
     FileFetcher(const FileFetcher&) = delete;
     FileFetcher& operator=(const FileFetcher&) = delete;
 
-    // Takes a note of a regular file, or of a folder, whose listing is read then. folder: the open
-    // folder that it lies in. Does not wait. Requests beyond a fixed number are dropped.
+    // Queues a regular file, or a folder to list. folder: the open folder that contains the item.
+    // Does not block. Requests beyond a fixed number are dropped.
     void Fetch(SharedFd folder, const FindData& item);
 
-    // How many files in a row were found in memory already.
+    // Returns the number of consecutive files that were already cached.
     [[nodiscard]] std::size_t InVain() const { return m_inVain.load(std::memory_order_relaxed); }
 
 private:
@@ -48,7 +47,7 @@ private:
     };
 
     void Work(const std::stop_token& stop);
-    // False if there is nothing to do any more.
+    // Waits for a request. Returns false on a stop request.
     bool Next(const std::stop_token& stop, Request& request, bool& isFolder);
     void FetchFile(const Request& request);
     static void FetchListing(const Request& request);
@@ -56,9 +55,9 @@ private:
     std::mutex m_mutex;
     std::condition_variable_any m_wake;
     std::deque<Request> m_files;
-    std::deque<Request> m_folders;  // after the files: those are needed sooner
+    std::deque<Request> m_folders;  // served after m_files, which are needed sooner
     std::atomic<std::size_t> m_inVain = 0;
-    std::jthread m_thread;  // last: it uses all of the above
+    std::jthread m_thread;  // last member: uses all of the above
 };
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Opening, writing and locking files of our own.
+// Opens, writes and locks Quorbit's own files. Any thread.
 
 #pragma once
 
@@ -15,23 +15,23 @@
 
 namespace quorbit {
 
-// open(2), closed on exec, tried again after a signal. A path with a NUL byte names no file and is
-// refused, never cut.
+// Calls open(2) with O_CLOEXEC and retries on EINTR. Rejects a path with a NUL byte (EINVAL)
+// instead of truncating it.
 Result<UniqueFd> OpenPath(const std::string& path, int flags, mode_t mode = 0);
 
-// Opens a regular file for reading. A FIFO or a device is refused without waiting for its other
-// end.
+// Opens a regular file for reading. Rejects FIFOs and devices without blocking on their other end.
 Result<UniqueFd> OpenRegularFile(const std::string& path);
 
-// Writes all of the bytes.
+// Writes all bytes, at the current file offset.
 Status WriteAll(int fd, std::string_view bytes);
 
 enum class FileLock {
-    Held,    // ours until the descriptor is closed, also by a kill
-    Busy,    // held by somebody else
-    Unable,  // this file system has no locks
+    Held,    // held until the descriptor is closed, even by a kill
+    Busy,    // held by another open file description
+    Unable,  // this file system does not support locks
 };
-// flock(2) on an open file or folder, exclusive.
+// Exclusive flock(2) on an open file or folder. LockNow does not block; LockWaiting never returns
+// Busy.
 [[nodiscard]] FileLock LockNow(int fd);
 [[nodiscard]] FileLock LockWaiting(int fd);
 

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Gives a new item what its source has besides the content. All of it works on open descriptors.
+// Copies the metadata of an item to a new one: owner, extended attributes, ACLs, permissions and
+// time. Works on open descriptors. Any thread.
 //
-// What the destination cannot hold or the user may not set is left out without an error; a full or
-// failing disk is one.
+// Metadata that the destination cannot store, or that the user may not set, is skipped without an
+// error. A full or failing disk is an error.
 
 #pragma once
 
@@ -14,31 +15,32 @@
 
 namespace quorbit {
 
-// True if owner and group are now those of the source. At least the group is tried.
+// Returns true if owner and group are now those of the source. If the owner cannot be set, at least
+// sets the group. owner, group: those of the new item.
 Result<bool> CopyOwnership(int to, const struct stat& source, uid_t owner, gid_t group);
 
 struct AttributeCopy {
-    bool inheritedAcl = false;  // the new item may carry a list that its folder gave it: it goes
-    bool dropCapabilities = false;  // no file capabilities, see capabilities(7)
-    // The permissions that the new item is to get, may be null. Where an access control list cannot
-    // be kept, the group's are cut down to what the list gives to the group itself.
+    bool inheritedAcl = false;      // remove an ACL that the new item inherited from its folder
+    bool dropCapabilities = false;  // do not copy file capabilities, see capabilities(7)
+    // Permissions for the new item; may be null. If its ACL cannot be copied, the group bits are
+    // reduced to those of the ACL's owning group entry.
     mode_t* mode = nullptr;
 };
 
-// Copies the extended attributes, access control lists among them.
+// Copies the extended attributes, including ACLs.
 Status CopyExtendedAttributes(int from, int to, const AttributeCopy& options);
 
-// Sets the permission bits, see chmod(2).
+// Sets the permission bits with fchmod(2).
 Status SetMode(int to, mode_t mode);
 
-// Sets the last-write time and leaves the last-access time alone. On volumes that keep even seconds
-// only, the time is rounded up, so that the source never looks newer than its copy.
+// Sets the last-write time and leaves the last-access time unchanged. On volumes that store only
+// even seconds, rounds the time up, so that the source never looks newer than its copy.
 Status SetModified(int to, const struct stat& source, bool evenSeconds);
 
-// The same time as SetModified sets.
+// Returns the time that SetModified sets.
 [[nodiscard]] timespec ModifiedOfCopy(const struct stat& source, bool evenSeconds);
 
-// An error that only says that something cannot be kept at the destination.
+// Returns true if the errno value only means that the destination cannot store the metadata.
 [[nodiscard]] bool CannotBeKept(int code);
 
 }  // namespace quorbit

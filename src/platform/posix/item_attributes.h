@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The attribute word of an item: what is stored for it, and what follows from its name and
-// permissions.
+// Combines the attribute word of an item from the stored bits, its name and its permissions.
 
 #pragma once
 
@@ -12,17 +11,18 @@
 
 namespace quorbit {
 
-// The stored bits of the word, or what a file of that name and mode has by default: read-only
-// without the owner's write permission, hidden with a leading dot, archive for anything but a
-// folder. Read-only follows the permissions, too.
+// Returns the stored bits or, if none are stored, the defaults: read-only without the owner's write
+// permission, hidden with a leading dot, archive for anything except a folder. Missing write
+// permission also sets read-only on top of stored bits.
 Result<std::uint32_t> ReadAttributeBits(AttributeSource& source, const AttributeItem& item,
                                         mode_t mode);
 
-// Makes the bits read as wanted. Writes only what differs; read-only follows into the permissions.
+// Stores the bits and changes the write permissions to match read-only. Writes only what differs.
+// Does nothing for links and special files. mode: the current st_mode.
 Status WriteAttributeBits(AttributeSource& source, const AttributeItem& item, mode_t mode,
                           std::uint32_t bits);
 
-// The whole word.
+// Returns the complete word: the folder bit added, or kAttributeNormal if no bit is set.
 [[nodiscard]] std::uint32_t MakeAttributeWord(std::uint32_t bits, ItemKind kind);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the system tells of an item, as find data.
+// Fills find data from stat(2) and statx(2). Any thread.
 
 #pragma once
 
@@ -14,16 +14,17 @@
 
 namespace quorbit {
 
-// From st_mode; see inode(7).
+// Returns the kind for an st_mode; see inode(7).
 [[nodiscard]] ItemKind KindFromMode(mode_t mode);
 
 // Sets kind, size and time.
 void FillDetails(const struct stat& details, FindData& item);
 
-// Sets kind, size and time of a name in an open folder. Follows no link and triggers no automount.
+// Sets kind, size and time of the item `item.name` in an open folder. Follows no links and triggers
+// no automount.
 Status ReadDetailsAt(int folder, FindData& item);
 
-// Everything about a name in an open folder, links not followed.
+// Calls fstatat(2) on a name in an open folder. Follows no links and triggers no automount.
 Result<struct stat> StatAt(int folder, const std::string& name);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Deletes unfinished copies of dead runs.
+// Deletes unfinished copies of runs that were killed.
 
 #pragma once
 
@@ -9,9 +9,9 @@
 
 namespace quorbit {
 
-// Deletes the items of our own name pattern in the folder that no live run holds locked. What
-// cannot be locked (links, special files, file systems without flock(2)) goes when it is a day old.
-// Folders are never ours.
+// Deletes the items with a name of our pattern (see leftover_name.h) that no running process has
+// locked. Items that cannot be locked (links, special files, files on file systems without
+// flock(2)) are deleted when they are a day old. Folders are never deleted. Errors are ignored.
 void SweepLeftovers(const PosixFolder& folder);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The copy of one item: a regular file, a symbolic link or a special file.
+// Copies one item: a regular file, a symbolic link or a special file. One thread at a time.
 
 #pragma once
 
@@ -17,7 +17,7 @@ class StagedCopy;
 
 class PosixFileCopy {
 public:
-    // Everything given must outlive this object.
+    // All arguments must outlive this object.
     PosixFileCopy(const PosixSourceFile& source, const PosixFolder& destination,
                   const std::string& name, const CopyOptions& options, ContentCopier& copier)
         : m_source(source),
@@ -31,7 +31,7 @@ public:
     Status Run();
 
 private:
-    // Whether something has the name; an error if it must not be replaced.
+    // Returns true if the name exists; fails if it must not be replaced.
     Result<bool> CheckDestination() const;
     Result<bool> IsReadOnly(const struct stat& details) const;
 

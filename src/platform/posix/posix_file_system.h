@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The door to the disk on Linux.
+// FileSystem for Linux.
 
 #pragma once
 
@@ -61,7 +61,7 @@ private:
     ProtectedFolders m_protected;
     ContentCopier m_copier;
     FileFetcher m_fetcher;
-    std::map<std::uint64_t, UniqueFd> m_written;  // a folder of each device that was written to
+    std::map<std::uint64_t, UniqueFd> m_written;  // by device: an open folder for syncfs(2)
 };
 
 }  // namespace quorbit

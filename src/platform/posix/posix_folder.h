@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An open folder, with what was found out about files that are created in it.
+// An open folder with cached facts about files created in it.
 
 #pragma once
 
@@ -17,17 +17,17 @@
 
 namespace quorbit {
 
-// What a new file is given by its folder and by the process.
+// Mode and ownership of a new file, as determined by the process's umask(2) and the folder.
 struct NewFileDetails {
-    mode_t createdWith = 0;  // the mode that was asked for
-    mode_t mode = 0;         // the permissions that it got
+    mode_t createdWith = 0;  // the requested mode
+    mode_t mode = 0;         // the resulting permissions
     uid_t owner = 0;
     gid_t group = 0;
 };
 
 class PosixFolder final : public Folder {
 public:
-    // The folder's descriptor must be open for reading and not have been read from.
+    // descriptor: open for reading, at the start of the folder. volume must outlive this object.
     PosixFolder(UniqueFd descriptor, FolderIdentity identity, PosixVolume& volume);
 
     [[nodiscard]] FolderIdentity Identity() const override { return m_identity; }
@@ -35,20 +35,21 @@ public:
     [[nodiscard]] std::shared_ptr<const UniqueFd> SharedDescriptor() const { return m_descriptor; }
     [[nodiscard]] PosixVolume& Volume() const { return m_volume; }
 
-    // A descriptor that a listing can read from the beginning: the first time the folder's own,
-    // later another one.
+    // Returns a descriptor at the start of the folder for a listing. The first call returns the
+    // folder's own, which saves an open(2); later calls open another one.
     Result<std::shared_ptr<const UniqueFd>> OpenForListing() const;
 
-    // Whether new items in it inherit an access control list; see acl(5).
+    // Returns true if new items inherit an ACL from this folder; see acl(5).
     bool HasDefaultAcl() const;
-    // What the file that has just been created here with that mode was given. Asked once a mode.
+    // Returns mode and ownership of `file`, which was just created in this folder with that mode.
+    // Calls fstat(2) only once per mode, since the result is the same for all files.
     Result<NewFileDetails> DetailsOfNew(int file, mode_t createdWith) const;
 
 private:
     std::shared_ptr<const UniqueFd> m_descriptor;
     FolderIdentity m_identity;
     PosixVolume& m_volume;
-    // Found out on the way; a folder that is only looked at stays the same folder.
+    // Caches; mutable because they do not change which folder this is.
     mutable bool m_bListed = false;
     mutable std::optional<bool> m_defaultAcl;
     mutable std::vector<NewFileDetails> m_newFiles;

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One reading of a folder by getdents64(2), which gives names as bytes and mostly also tells what
-// they are.
+// Lists a folder with getdents64(2), which returns names as bytes and usually also the item type.
 
 #pragma once
 
@@ -16,7 +15,7 @@ namespace quorbit {
 
 class PosixListing final : public Listing {
 public:
-    // The descriptor stands at the folder's beginning, and nobody else reads from it.
+    // descriptor: at the start of the folder; its offset must not be used elsewhere.
     explicit PosixListing(std::shared_ptr<const UniqueFd> descriptor);
 
     Result<bool> Next(FindData& item) override;

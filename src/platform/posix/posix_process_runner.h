@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Programs as processes of the system.
+// Runs programs as child processes with fork(2) and execv(3).
 
 #pragma once
 
@@ -13,24 +13,23 @@
 
 namespace quorbit {
 
-// A started program has a process group of its own, an empty standard input, the standard output
-// and error of this process, no other open file, no blocked signal, and every signal at its
-// default. Any thread.
+// A started program has its own process group, an empty standard input, the standard output and
+// error of this process, no other open files, no blocked signals, and default actions for all
+// signals. Any thread.
 class PosixProcessRunner : public ProcessRunner {
 public:
-    // openFileLimit: the soft limit of open files that a started program gets, since programs that
-    // use select(2) do not expect the high one of this process. 0 leaves it alone.
+    // openFileLimit: soft limit of open files for started programs, since programs that use
+    // select(2) do not expect the high limit of this process. 0 keeps the current limit.
     explicit PosixProcessRunner(std::uint64_t openFileLimit) : m_nOpenFileLimit(openFileLimit) {}
 
-    // arguments[0] is a path; a relative one counts from the folder. A file that is neither a
-    // program nor names its interpreter in a "#!" line is an error, it is not handed to a shell. An
-    // empty folder stands for the current one. The text of an error does not say whether the folder
-    // or the program is at fault.
+    // arguments[0] is a path, relative to the folder unless absolute. An executable file without a
+    // known format or "#!" line is an error; it is not passed to a shell. An empty folder means the
+    // current one. The error does not distinguish between folder and program.
     Status RunAndWait(const std::vector<std::string>& arguments,
                       const std::string& folder) override;
     bool IsExecutable(const std::string& path) override;
     Status CanRead(const std::string& path) override;
-    // Empty and relative parts of the search path are passed over.
+    // Skips empty and relative entries of PATH.
     std::string FindProgram(const std::string& name) override;
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An item that is about to be copied. A regular file is held open; links and special files are only
-// described.
+// An item to copy. A regular file is kept open; for links and special files only the stat data is
+// kept.
 
 #pragma once
 
@@ -18,20 +18,19 @@ namespace quorbit {
 
 class PosixSourceFile final : public SourceFile {
 public:
-    // The folder must be open for as long as the file. Fails with IsAFolder if the item has become
-    // a folder.
+    // folder must outlive the result. Fails with IsAFolder if the item has become a folder.
     static Result<std::unique_ptr<SourceFile>> Open(const PosixFolder& folder, const FindData& item,
                                                     ReadAhead readAhead);
 
     [[nodiscard]] const FindData& Details() const override { return m_data; }
     [[nodiscard]] bool WasCached() const override { return m_bCached; }
 
-    // Only for a regular file.
+    // -1 unless the item is a regular file.
     [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
     [[nodiscard]] const struct stat& Stat() const { return m_stat; }
     [[nodiscard]] const PosixFolder& InFolder() const { return m_folder; }
 
-    // Where a symbolic link points to, read now, of any length.
+    // Returns the current target of a symbolic link, of any length.
     [[nodiscard]] Result<std::string> LinkTarget() const;
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What is known of one mounted file system: asked or found out once, then remembered.
+// Properties of a mounted file system: determined once, then cached.
 
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace quorbit {
 
-// What a pair of file systems turned out not to do for each other.
+// Calls that a pair of file systems has refused, so that they are not tried again.
 struct TransferFacts {
     bool cloneRefused = false;  // FICLONE
     bool rangeRefused = false;  // copy_file_range(2)
@@ -23,20 +23,20 @@ struct TransferFacts {
 
 struct PosixVolume {
     dev_t device = 0;
-    std::uint32_t type = 0;  // f_type of statfs(2), 0 if it could not be told
-    bool ordersRenames =
-        false;  // has the content of a file on the disk before a rename that puts it over another
-    bool closeTells = true;           // write errors may first show when a descriptor is closed
-    bool keepsEvenSeconds = false;    // last-write times in steps of two seconds
-    bool takesAnonymousFiles = true;  // O_TMPFILE; until it turns out otherwise
-    bool linksByDescriptor = true;    // AT_EMPTY_PATH of linkat(2), likewise
+    std::uint32_t type = 0;         // f_type of statfs(2), 0 if unknown
+    bool ordersRenames = false;  // file content reaches the disk before a rename over another file
+    bool closeTells = true;         // write errors may only be reported by close(2)
+    bool keepsEvenSeconds = false;  // last-write times have a resolution of two seconds
+    bool takesAnonymousFiles = true;  // O_TMPFILE works; cleared when it fails
+    bool linksByDescriptor = true;    // linkat(2) with AT_EMPTY_PATH works; cleared when it fails
     std::unique_ptr<AttributeSource> attributes;
-    std::map<dev_t, TransferFacts> transfersFrom;  // by the source's device
+    std::map<dev_t, TransferFacts> transfersFrom;  // by source device
 };
 
 class VolumeTable {
 public:
-    // The volume of an open folder. The reference stays good for as long as the table does.
+    // Returns the volume of an open folder. The reference is valid for the lifetime of the table.
+    // device: st_dev of the folder.
     PosixVolume& Of(dev_t device, int folder);
 
 private:

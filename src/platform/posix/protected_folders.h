@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The folders that no run may delete: the root folder, the user's home folder and every folder
-// above that one.
+// The folders that no run may delete: the root folder, the user's home folder and all parents of
+// the home folder. One thread at a time.
 
 #pragma once
 

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A file that is being written where nobody sees it, and then appears under its name whole.
+// Writes a file without a name or under a temporary one and links or renames it into place when it
+// is complete. One thread at a time.
 //
-// Where the file system can, it has no name at all until then, and a kill leaves nothing behind.
-// Else it has a name of our own pattern in the same folder (see leftover_name.h) and is locked by
-// flock(2), which tells a live run's file from a dead one's.
+// If the file system supports O_TMPFILE, the file is anonymous until it is published, so a kill
+// leaves nothing behind. Otherwise it has a name of our pattern in the same folder (see
+// leftover_name.h) and is locked with flock(2), so that a sweep can distinguish the files of
+// running and killed runs.
 
 #pragma once
 
@@ -20,25 +22,26 @@ namespace quorbit {
 
 class StagedCopy {
 public:
-    // The folder must stay open for as long as this object lives.
+    // folder must outlive this object.
     explicit StagedCopy(const PosixFolder& folder) : m_folder(folder) {}
-    // What has not been published goes.
+    // Deletes the file unless it was published.
     ~StagedCopy();
     StagedCopy(const StagedCopy&) = delete;
     StagedCopy& operator=(const StagedCopy&) = delete;
 
-    // Creates the file, open for writing, with at most these permissions.
+    // Creates the file, open for writing. permissions: the most that others may get; the owner
+    // always has read and write access.
     Status Open(mode_t permissions);
 
     [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
     [[nodiscard]] bool IsAnonymous() const { return m_strName.empty(); }
-    // With what it was created, after umask(2), access control lists and so on.
+    // Mode and ownership at creation, after umask(2) and default ACLs.
     [[nodiscard]] const NewFileDetails& Details() const { return m_details; }
 
-    // Gives an anonymous file its name. AlreadyExists if that is taken: then nothing has changed.
+    // Links the file to its name. AlreadyExists if the name is taken; the file can then still be
+    // published with PublishOver.
     Status PublishNew(const std::string& name);
-    // Puts the file in the place of whatever has the name. With sync its content is on the disk
-    // before.
+    // Replaces the item with that name, if any. With sync, writes the content to the disk first.
     Status PublishOver(const std::string& name, bool sync);
 
 private:
@@ -51,7 +54,7 @@ private:
 
     const PosixFolder& m_folder;
     UniqueFd m_descriptor;
-    std::string m_strName;  // while it has a name of our own
+    std::string m_strName;  // the temporary name; empty while anonymous or published
     NewFileDetails m_details;
 };
 

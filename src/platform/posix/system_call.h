@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Small helpers around system calls.
+// Helpers for system calls.
 
 #pragma once
 
@@ -11,7 +11,8 @@
 
 namespace quorbit {
 
-// Repeats a call that returns -1 for as long as a signal interrupts it. Not for close(2).
+// Retries a call that fails with EINTR. Not for close(2): on Linux the descriptor is closed even on
+// EINTR, so a retry could close another thread's file.
 template <class Call>
 auto RetryInterrupted(Call call)
 {
@@ -22,7 +23,7 @@ auto RetryInterrupted(Call call)
     return result;
 }
 
-// The error of the call that has just failed.
+// Returns the error of the system call that just failed, from errno.
 [[nodiscard]] inline Error LastError()
 {
     return ErrorFromErrno(errno);

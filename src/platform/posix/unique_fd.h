@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An open file descriptor with one owner.
+// Owns an open file descriptor.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace quorbit {
 class UniqueFd {
 public:
     UniqueFd() = default;
-    // Takes ownership; a negative descriptor stands for none.
+    // Takes ownership. A negative descriptor means none.
     explicit UniqueFd(int fd) : m_nFd(fd) {}
     UniqueFd(UniqueFd&& other) noexcept : m_nFd(other.Release()) {}
     UniqueFd& operator=(UniqueFd&& other) noexcept
@@ -34,8 +34,9 @@ public:
     [[nodiscard]] int Get() const { return m_nFd; }
     [[nodiscard]] int Release() { return std::exchange(m_nFd, -1); }
 
-    // 0, or the errno value of close(2): on some file systems the last write error comes here.
-    // The descriptor is gone either way, also after EINTR.
+    // Closes the descriptor and returns 0 or the errno value of close(2); some file systems report
+    // the last write error only here. EINTR is not an error, since Linux closes the descriptor
+    // anyway.
     int Close()
     {
         if (m_nFd < 0) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Attribute bits that a file system shows as one number in an extended attribute of a fixed name:
-// ntfs-3g, ntfs3 and the kernel's SMB client.
+// Attribute bits that a file system exposes as one number in an extended attribute: ntfs-3g, ntfs3
+// and the kernel's SMB client.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace quorbit {
 struct WordLayout {
     const char* attribute = nullptr;  // static storage duration
     std::size_t size = 4;             // bytes, 1 or 4
-    bool bigEndian = false;           // else in the order of this machine
+    bool bigEndian = false;           // otherwise in host byte order
 };
 
 class WordAttributes final : public AttributeSource {
@@ -32,8 +32,8 @@ private:
     WordLayout m_layout;
 };
 
-// Which of the attributes by which NTFS drivers show the word answers for this folder, nullopt if
-// none does.
+// Returns the attribute with which the volume's NTFS driver exposes the word, or nullopt if it
+// exposes none.
 [[nodiscard]] std::optional<WordLayout> FindNtfsLayout(int folder);
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Extended attributes of an item by its name in an open folder, without opening it and without
-// following a link.
+// Reads and writes extended attributes of an item by its name in an open folder, without following
+// links and, if possible, without opening it. Any thread.
 
 #pragma once
 
@@ -13,12 +13,12 @@
 
 namespace quorbit {
 
-// Reads the value; the errors of getxattr(2), among them ENODATA for an attribute that is not
-// there. At most maxSize bytes, ERANGE beyond.
+// Reads a value. Errors are those of getxattr(2), e.g. ENODATA if the attribute does not exist and
+// ERANGE if it is longer than maxSize bytes.
 Result<std::string> GetItemXattr(const AttributeItem& item, const char* attribute,
                                  std::size_t maxSize);
 
-// The errors of setxattr(2).
+// Writes a value. Errors are those of setxattr(2).
 Status SetItemXattr(const AttributeItem& item, const char* attribute, std::string_view value);
 
 }  // namespace quorbit
