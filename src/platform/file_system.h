@@ -69,8 +69,7 @@ public:
 };
 
 struct CopyOptions {
-    bool replaceReadOnly =
-        false;  // if false, replacing a read-only file fails, even for root
+    bool replaceReadOnly = false;      // if false, replacing a read-only file fails, even for root
     bool expectMissing = false;        // a hint that the name does not exist yet; harmless if wrong
     CopyProgress* progress = nullptr;  // not owned; may be null
 };

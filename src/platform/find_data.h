@@ -31,7 +31,7 @@ struct FindData {
     ItemKind kind = ItemKind::Unknown;
     bool leftover = false;   // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
     std::uint64_t size = 0;  // bytes; set by ReadDetails, Probe and OpenSource
-    std::int64_t modified = 0;  // last-write time, seconds since 1970-01-01 UTC; set with size
+    std::int64_t modified = 0;       // last-write time, seconds since 1970-01-01 UTC; set with size
     std::uint32_t modifiedNsec = 0;  // fraction of that second, in nanoseconds
     std::uint32_t attributes = 0;    // the attribute word; set by ReadAttributes only
 };

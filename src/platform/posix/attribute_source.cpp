@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint32_t kNtfs3 = 0x7366746e;
 
-// user.DOSATTRIB as Samba writes it, on any file system that keeps extended attributes of users.
+// user.DOSATTRIB as written by Samba, on any file system that supports user extended attributes.
 class SambaAttributes final : public AttributeSource {
 public:
     [[nodiscard]] bool IsNative() const override { return false; }
@@ -38,7 +38,7 @@ public:
         if (!old) {
             return old.GetError();
         }
-        // A folder's word says that it is one.
+        // Samba also stores the folder bit.
         const std::uint32_t isFolder = item.kind == ItemKind::Folder ? kAttributeFolder : 0;
         const auto changed =
             ChangeDosAttributes(*old, bits | isFolder, kStoredAttributes | isFolder);
@@ -49,9 +49,10 @@ public:
 
 private:
     static constexpr const char* kAttribute = "user.DOSATTRIB";
-    static constexpr std::size_t kMaxSize = 1024;  // version 2 holds a file name
+    static constexpr std::size_t kMaxSize = 1024;  // bytes; values of version 2 contain a file name
 
-    // Empty if there is none.
+    // Returns an empty string if there is no value. Once the volume has refused (EOPNOTSUPP), it is
+    // not asked again.
     Result<std::string> Value(const AttributeItem& item)
     {
         if (!m_bSupported) {
@@ -63,6 +64,8 @@ private:
         }
         const int code = value.GetError().Code();
         m_bSupported = code != EOPNOTSUPP;
+        // EPERM and EACCES: special files have no user attributes, or the item is not readable
+        // (xattr(7)).
         const bool none = code == ENODATA || code == EOPNOTSUPP || code == EPERM || code == EACCES;
         return none ? std::string() : value;
     }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t kKnownBits = 0x3f;
 constexpr std::uint32_t kAttributesValid = 0x01;
-// Of versions 4 and 5, whose text is empty.
+// Offsets and sizes of versions 4 and 5, which begin with an empty text.
 constexpr std::size_t kFlagsAt = 8;
 constexpr std::size_t kWordAt = 12;
 constexpr std::size_t kSizeOf4 = 32;
@@ -40,7 +40,7 @@ std::size_t Padded(std::size_t size, std::size_t to)
     return (size + to - 1) / to * to;
 }
 
-// The word of the text with which versions 0 to 3 begin: "0x22".
+// Parses the text with which versions 0 to 3 begin: "0x22".
 std::optional<std::uint32_t> WordOfText(std::string_view text)
 {
     if (text.starts_with("0x") || text.starts_with("0X")) {
@@ -81,8 +81,9 @@ std::string NewVersion5(std::uint32_t word)
     return value;
 }
 
-// Versions 0 to 3: the text is written anew, and where the body repeats the word, there too. The
-// place of the body depends on the length of the text.
+// Versions 0 to 3: replaces the text and, if the body repeats the word, the body's copy. The offset
+// of the body depends on the length of the text, hence the alignment arithmetic (NDR, 2 and 4
+// bytes).
 std::optional<std::string> ChangeText(std::string_view value, std::uint32_t word)
 {
     const std::size_t textEnd = std::min(value.find('\0'), value.size());

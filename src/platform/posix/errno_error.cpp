@@ -49,8 +49,7 @@ ErrorKind KindFromErrno(int code)
         case ENOEXEC:
             return ErrorKind::NotAProgram;
         default:
-            // ESTALE too: the server has lost sight of the item, which does not say that it is
-            // gone.
+            // Includes ESTALE: the server lost the file handle, but the item may still exist.
             return ErrorKind::Other;
     }
 }
@@ -59,7 +58,7 @@ ErrorKind KindFromErrno(int code)
 
 Error ErrorFromErrno(int code)
 {
-    // Unlike strerror(3) this has no shared state and no language.
+    // Unlike strerror(3), strerrordesc_np(3) is thread-safe and not translated.
     return Error(KindFromErrno(code), strerrordesc_np(code), code);
 }
 

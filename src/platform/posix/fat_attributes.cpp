@@ -17,7 +17,8 @@ namespace quorbit {
 
 namespace {
 
-// The item's own descriptor where it is open, else a new one that is kept in opened.
+// Returns the item's own descriptor if it is open, otherwise opens the item and stores the
+// descriptor in `opened`.
 Result<int> DescriptorOf(const AttributeItem& item, UniqueFd& opened)
 {
     if (item.descriptor >= 0) {
@@ -60,7 +61,7 @@ Result<std::optional<std::uint32_t>> FatAttributes::Read(const AttributeItem& it
     if (word) {
         return std::optional(*word & kStoredAttributes);
     }
-    // Older exFAT drivers do not know the call.
+    // Older exFAT drivers do not implement this ioctl.
     return word.GetError().Kind() == ErrorKind::NotSupported
                ? Result<std::optional<std::uint32_t>>(std::nullopt)
                : word.GetError();
@@ -77,7 +78,8 @@ Status FatAttributes::Write(const AttributeItem& item, std::uint32_t bits)
     if (!old) {
         return old.GetError();
     }
-    // Volume label and folder are not ours to set, but the driver wants to see a folder's own bit.
+    // Keep the volume label and folder bits: they cannot be changed, but the driver rejects a word
+    // in which the folder bit is wrong.
     const std::uint32_t kept = *old & ~kStoredAttributes;
     return m_control->Set(*descriptor, kept | (bits & kStoredAttributes));
 }

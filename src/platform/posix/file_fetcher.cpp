@@ -16,12 +16,13 @@
 namespace quorbit {
 namespace {
 
-constexpr std::size_t kMostWaiting = 512;  // of each kind
-// Of one file. The system reads on by itself once somebody reads it from the front.
+constexpr std::size_t kMostWaiting = 512;  // requests of each kind
+// Bytes to prefetch of one file. The kernel's own readahead continues from there once the file is
+// read sequentially.
 constexpr off_t kMostOfOneFile = off_t{256} * 1024;  // bytes
 constexpr std::size_t kListingBuffer = std::size_t{32} * 1024;
 
-// Signals are for the thread that waits for them.
+// The process's signals must be handled by its other threads, not interrupt this one.
 void BlockSignals()
 {
     sigset_t all;
@@ -35,7 +36,8 @@ UniqueFd OpenIn(int folder, const std::string& name, int flags)
         ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | flags));
 }
 
-// One byte tells, without waiting for the disk.
+// Reading one byte with RWF_NOWAIT fails with EAGAIN if the page is not cached. Other errors
+// (EOPNOTSUPP on old file systems) count as cached, since prefetching then cannot be judged.
 bool IsInMemory(int file)
 {
     char byte = 0;
@@ -115,11 +117,12 @@ void FileFetcher::FetchFile(const Request& request)
         m_inVain.fetch_add(1, std::memory_order_relaxed);
         return;
     }
+    // Asynchronous, so that the thread can request the next file while the disk is busy.
     m_inVain.store(0, std::memory_order_relaxed);
     (void)::posix_fadvise(file.Get(), 0, kMostOfOneFile, POSIX_FADV_WILLNEED);
 }
 
-// Only so that the pages of the folder are there when it is listed.
+// Discards the entries; reading them brings the folder's blocks into the page cache.
 void FileFetcher::FetchListing(const Request& request)
 {
     const UniqueFd folder = OpenIn(request.folder->Get(), request.name, O_DIRECTORY);

@@ -23,7 +23,7 @@ namespace {
 constexpr const char* kAccessAcl = "system.posix_acl_access";
 constexpr const char* kDefaultAcl = "system.posix_acl_default";
 constexpr std::string_view kCapabilities = "security.capability";
-// What most lists of names fit into, and almost all values.
+// Bytes that suffice for most name lists and nearly all values, so that no memory is allocated.
 constexpr std::size_t kUsualSize = 4096;
 
 Status Tolerate(int result)
@@ -31,7 +31,7 @@ Status Tolerate(int result)
     return result == 0 || CannotBeKept(errno) ? Status() : LastError();
 }
 
-// The names of all extended attributes, each with a closing NUL.
+// Returns the names of all extended attributes, each terminated by NUL.
 Result<std::string_view> ListNames(int from, std::array<char, kUsualSize>& usual,
                                    std::vector<char>& large)
 {
@@ -52,7 +52,7 @@ Result<std::string_view> ListNames(int from, std::array<char, kUsualSize>& usual
     return LastError();
 }
 
-// True if the destination now has it.
+// Returns true if the attribute was copied.
 Result<bool> CopyOne(int from, int to, const char* name)
 {
     std::array<char, kUsualSize> usual;
@@ -66,16 +66,16 @@ Result<bool> CopyOne(int from, int to, const char* name)
     }
     const bool copied =
         size >= 0 && ::fsetxattr(to, name, value, static_cast<std::size_t>(size), 0) == 0;
-    // ENODATA: gone meanwhile.
+    // ENODATA: the attribute was removed in the meantime.
     if (!copied && !CannotBeKept(errno) && errno != ENODATA) {
         return LastError();
     }
     return copied;
 }
 
-// The group's own permissions in an access control list, as bits of a mode: where there is a list,
-// the mode shows the most that anybody of it gets. Layout: <linux/posix_acl_xattr.h>, little
-// endian.
+// Returns the permissions of an ACL's owning group entry as mode bits. In a file with an ACL, the
+// group bits of the mode contain the mask instead, the union of all entries (acl(5)). Layout:
+// <linux/posix_acl_xattr.h>, little endian.
 mode_t GroupModeOfAcl(int from)
 {
     constexpr std::size_t kHeader = 4;
@@ -116,6 +116,7 @@ Result<bool> CopyOwnership(int to, const struct stat& source, uid_t owner, gid_t
     if (!CannotBeKept(errno)) {
         return LastError();
     }
+    // Only root may change the owner, but a user may set any group that they belong to.
     const bool groupKept =
         source.st_gid == group || ::fchown(to, static_cast<uid_t>(-1), source.st_gid) == 0;
     return groupKept && source.st_uid == owner;

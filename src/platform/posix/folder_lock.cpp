@@ -29,6 +29,7 @@ Result<std::unique_ptr<FolderLock>> LockFolder(const std::string& path)
     if (!folder) {
         return folder.GetError();
     }
+    // Without flock(2) support, writers are not serialised; see the header.
     (void)LockWaiting(folder->Get());
     return std::unique_ptr<FolderLock>(std::make_unique<PosixFolderLock>(std::move(*folder)));
 }

@@ -19,7 +19,7 @@ std::uint32_t ReadOnlyByMode(const AttributeItem& item, mode_t mode)
     return item.kind != ItemKind::Link && (mode & S_IWUSR) == 0 ? kAttributeReadOnly : 0;
 }
 
-// What an item has where nothing is stored for it.
+// The bits of an item for which none are stored.
 std::uint32_t DefaultBits(const AttributeItem& item, mode_t mode)
 {
     const std::uint32_t hidden = item.name.starts_with('.') ? kAttributeHidden : 0;
@@ -37,7 +37,7 @@ mode_t ModeFor(const AttributeItem& item, mode_t mode, bool readOnly)
     if (readOnly) {
         return (mode & S_IWUSR) != 0 ? mode & ~kAllWrite : mode;
     }
-    // What is in a folder can only be deleted if its owner may read, write and search it.
+    // The items of a folder can only be deleted if its owner has read, write and search permission.
     return mode | (item.kind == ItemKind::Folder ? S_IRWXU : S_IWUSR);
 }
 
@@ -82,7 +82,7 @@ Status WriteAttributeBits(AttributeSource& source, const AttributeItem& item, mo
     Status written;
     const bool write = stored->value_or(DefaultBits(item, wantedMode)) != bits;
     if (write) {
-        // Bits in an extended attribute can only be changed while the item is writable.
+        // User extended attributes can only be changed while the item is writable.
         if ((mode & S_IWUSR) == 0 && ChangeMode(item, mode | S_IWUSR)) {
             mode |= S_IWUSR;
         }
@@ -92,7 +92,8 @@ Status WriteAttributeBits(AttributeSource& source, const AttributeItem& item, mo
     if (!written) {
         return written;
     }
-    // A bit that is stored is enough to be read-only, but not to be writable.
+    // A stored read-only bit suffices even if the mode could not be changed. For a writable item
+    // the mode has to be right.
     const bool storedReadOnly = readOnly && (write || stored->has_value());
     return storedReadOnly || source.IsNative() ? Status() : changed;
 }

@@ -31,8 +31,8 @@ private:
     UniqueFd m_file;
 };
 
-// False if the file was removed or replaced between the opening and the lock: whoever did that
-// would otherwise share the path with us.
+// Returns false if the file was removed or replaced between open(2) and flock(2). Otherwise another
+// process could create and lock a second log at the same path.
 bool StillNamedBy(const struct stat& held, const std::string& path)
 {
     struct stat named {};
@@ -56,7 +56,7 @@ Result<std::unique_ptr<LogOutput>> CreateLogOutput(const std::string& path)
         if (::fstat(file->Get(), &held) != 0) {
             return LastError();
         }
-        if (S_ISREG(held.st_mode)) {  // a device may serve many
+        if (S_ISREG(held.st_mode)) {  // several runs may share a device such as /dev/null
             if (LockNow(file->Get()) == FileLock::Busy) {
                 return inUse;
             }
@@ -64,6 +64,8 @@ Result<std::unique_ptr<LogOutput>> CreateLogOutput(const std::string& path)
                 continue;
             }
         }
+        // Truncate only after locking, so that the log of another run is not emptied. EINVAL: not a
+        // regular file.
         if (::ftruncate(file->Get(), 0) != 0 && errno != EINVAL) {
             return LastError();
         }

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint64_t kMostOfTable = std::uint64_t{64} * 1024 * 1024;
 
-// Takes the text up to the next separator off the front. An empty field is a field.
+// Removes and returns the text before the next separator. Fields may be empty.
 std::string_view TakeField(std::string_view& rest, char separator)
 {
     const std::string_view field = rest.substr(0, rest.find(separator));
@@ -39,7 +39,8 @@ bool IsOctal(char c)
     return c >= '0' && c <= '7';
 }
 
-// Space, tab, line end and backslash stand as a backslash and three octal digits.
+// Decodes the table's escapes: space, tab, line feed and backslash are written as a backslash and
+// three octal digits.
 std::string Unescape(std::string_view field)
 {
     std::string text;
@@ -57,8 +58,8 @@ std::string Unescape(std::string_view field)
     return text;
 }
 
-// "36 35 98:0 /mnt1 /mnt2 rw,noatime master:1 - ext3 /dev/root rw,errors=continue": the optional
-// fields before the hyphen vary in number.
+// Parses a line such as "36 35 98:0 /mnt1 /mnt2 rw,noatime master:1 - ext3 /dev/root
+// rw,errors=continue". The number of optional fields before the hyphen varies.
 std::optional<MountEntry> ParseLine(std::string_view line)
 {
     MountEntry entry;
@@ -87,7 +88,7 @@ std::optional<MountEntry> ParseLine(std::string_view line)
 
 using MountByPoint = std::map<std::string_view, const MountEntry*>;
 
-// The innermost mount that a path lies below, itself not counted.
+// Returns the innermost mount above a path, not counting one at the path itself.
 const MountEntry* MountAbove(const MountByPoint& visible, std::string_view path)
 {
     while (path.size() > 1) {
@@ -99,8 +100,8 @@ const MountEntry* MountAbove(const MountByPoint& visible, std::string_view path)
     return nullptr;
 }
 
-// The mount that a stack of mounts on one and the same point stands on; null if the table does not
-// tell.
+// Returns the mount below all mounts stacked on the same mount point, or null if the table does not
+// contain it.
 const MountEntry* Ground(const std::map<std::uint32_t, const MountEntry*>& byId,
                          const MountEntry& top)
 {
@@ -143,12 +144,13 @@ Result<std::vector<MountEntry>> ReadMountTable()
 std::vector<MountEntry> VisibleMounts(const std::vector<MountEntry>& mounts)
 {
     std::map<std::uint32_t, const MountEntry*> byId;
-    MountByPoint top;  // the later line lies over the earlier one
+    MountByPoint top;  // a later line hides an earlier one
     for (const MountEntry& entry : mounts) {
         byId[entry.id] = &entry;
         top[entry.mountPoint] = &entry;
     }
-    // A path comes before all paths below it, so what lies above an entry is settled before it is.
+    // A path sorts before all paths below it, so the mounts above an entry are decided before the
+    // entry.
     MountByPoint visible;
     std::set<const MountEntry*> chosen;
     for (const auto& [point, entry] : top) {

@@ -21,8 +21,7 @@ struct MountEntry {
     std::uint32_t parent = 0;  // id of the mount that contains this mount point
     std::uint32_t major = 0;   // device number; major is 0 for file systems without a block device
     std::uint32_t minor = 0;
-    std::string
-        root;  // mounted part of the file system; "/" if all of it
+    std::string root;          // mounted part of the file system; "/" if all of it
     std::string mountPoint;    // without trailing separator, except "/"
     std::string options;       // options of this mount, comma-separated
     std::string type;          // e.g. "ext4", "fuse.sshfs"

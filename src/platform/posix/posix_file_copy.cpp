@@ -57,8 +57,8 @@ Result<bool> PosixFileCopy::CheckDestination() const
     return true;
 }
 
-// A rename does not ask the file that it replaces, and nothing asks the superuser: so it is asked
-// here.
+// Neither rename(2) nor root's write access respects a read-only file that is replaced, so check
+// explicitly.
 Result<bool> PosixFileCopy::IsReadOnly(const struct stat& details) const
 {
     if ((details.st_mode & S_IWUSR) == 0) {
@@ -78,7 +78,7 @@ Status PosixFileCopy::CopyRegular()
     const bool anonymous = m_destination.Volume().takesAnonymousFiles;
     Status copied = CopyStaged();
     if (!copied && anonymous && !m_destination.Volume().takesAnonymousFiles) {
-        copied = CopyStaged();  // only the way of giving it its name was closed
+        copied = CopyStaged();  // naming an anonymous file failed; retry with a named one
     }
     return copied;
 }
@@ -86,7 +86,7 @@ Status PosixFileCopy::CopyRegular()
 Status PosixFileCopy::CopyStaged()
 {
     if (!m_options.expectMissing || !m_destination.Volume().takesAnonymousFiles) {
-        // Before the content is copied for nothing.
+        // Fail before the content is copied in vain.
         const Result<bool> replaces = CheckDestination();
         if (!replaces) {
             return replaces.GetError();
@@ -115,8 +115,8 @@ Status PosixFileCopy::CopyContent(int to) const
                           m_options.progress});
 }
 
-// Order matters: a change of owner drops set-user-ID and capabilities, attributes can only be set
-// while the file is writable, and everything moves the time.
+// The order matters: chown(2) clears the set-user-ID bit and file capabilities, attributes can only
+// be set while the file is writable, and every change updates the time.
 Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
 {
     const int to = staged.Descriptor();
@@ -127,6 +127,7 @@ Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
         return owned.GetError();
     }
     const bool inheritedAcl = m_destination.HasDefaultAcl();
+    // A copy with another owner must not run with that owner's rights: drop the set-ID bits.
     mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
     const AttributeCopy how{inheritedAcl, !*owned, &mode};
     if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, how); !copied) {
@@ -148,7 +149,7 @@ Status PosixFileCopy::CopyAttributeBits(int to, mode_t mode) const
     AttributeSource& from = *m_source.InFolder().Volume().attributes;
     AttributeSource& into = *m_destination.Volume().attributes;
     if (!from.IsNative() && !into.IsNative()) {
-        return {};  // they have come along as an extended attribute
+        return {};  // copied with the extended attributes
     }
     const AttributeItem item{m_source.InFolder().Descriptor(), m_source.Details().name,
                              ItemKind::File, m_source.Descriptor()};
@@ -184,6 +185,8 @@ Status PosixFileCopy::CopyUnopened()
     if (!replaces) {
         return replaces.GetError();
     }
+    // symlink(2) and mknod(2) cannot replace an item, so create it under a temporary name and
+    // rename it.
     const std::string own = MakeLeftoverName();
     const int folder = m_destination.Descriptor();
     Status done = Create(own);

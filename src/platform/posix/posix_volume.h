@@ -23,10 +23,10 @@ struct TransferFacts {
 
 struct PosixVolume {
     dev_t device = 0;
-    std::uint32_t type = 0;         // f_type of statfs(2), 0 if unknown
+    std::uint32_t type = 0;      // f_type of statfs(2), 0 if unknown
     bool ordersRenames = false;  // file content reaches the disk before a rename over another file
-    bool closeTells = true;         // write errors may only be reported by close(2)
-    bool keepsEvenSeconds = false;  // last-write times have a resolution of two seconds
+    bool closeTells = true;      // write errors may only be reported by close(2)
+    bool keepsEvenSeconds = false;    // last-write times have a resolution of two seconds
     bool takesAnonymousFiles = true;  // O_TMPFILE works; cleared when it fails
     bool linksByDescriptor = true;    // linkat(2) with AT_EMPTY_PATH works; cleared when it fails
     std::unique_ptr<AttributeSource> attributes;
