@@ -64,8 +64,7 @@ private:
         }
         const int code = value.GetError().Code();
         m_bSupported = code != EOPNOTSUPP;
-        // EPERM and EACCES: special files have no user attributes, or the item is not readable
-        // (xattr(7)).
+        // EPERM and EACCES: the value may not be read, so treat it as missing.
         const bool none = code == ENODATA || code == EOPNOTSUPP || code == EPERM || code == EACCES;
         return none ? std::string() : value;
     }

@@ -78,8 +78,8 @@ Status FatAttributes::Write(const AttributeItem& item, std::uint32_t bits)
     if (!old) {
         return old.GetError();
     }
-    // Keep the volume label and folder bits: they cannot be changed, but the driver rejects a word
-    // in which the folder bit is wrong.
+    // Keep the other bits: volume label and folder cannot be changed, but the driver may expect the
+    // folder bit of a folder to be set.
     const std::uint32_t kept = *old & ~kStoredAttributes;
     return m_control->Set(*descriptor, kept | (bits & kStoredAttributes));
 }

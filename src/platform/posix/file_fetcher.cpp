@@ -117,8 +117,8 @@ void FileFetcher::FetchFile(const Request& request)
         m_inVain.fetch_add(1, std::memory_order_relaxed);
         return;
     }
-    // Asynchronous, so that the thread can request the next file while the disk is busy.
     m_inVain.store(0, std::memory_order_relaxed);
+    // Starts the read without waiting for it, so that the disk can serve several files at once.
     (void)::posix_fadvise(file.Get(), 0, kMostOfOneFile, POSIX_FADV_WILLNEED);
 }
 

@@ -18,9 +18,10 @@ namespace quorbit {
 
 namespace {
 
+// Seconds. A copy without a lock might still be in progress, but not for a whole day.
 constexpr time_t kOldEnough = 24 * 60 * 60;
 
-// The status change, since the last-write time is already that of the source.
+// Checks the status change time, since the last-write time may already be that of the source.
 bool IsOld(const struct stat& details)
 {
     return details.st_ctim.tv_sec + kOldEnough < ::time(nullptr);
@@ -38,6 +39,7 @@ void SweepOne(int folder, const std::string& name)
         file = UniqueFd(RetryInterrupted([&] {
             return ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         }));
+        // A running copy holds the lock, so getting it proves that its process has ended.
         lock = file.IsOpen() ? LockNow(file.Get()) : FileLock::Unable;
     }
     if (lock == FileLock::Held || (lock == FileLock::Unable && IsOld(*details))) {

@@ -26,13 +26,13 @@ namespace {
 
 constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-// Every folder that comes in here was given out by MakeFolder.
+// Safe: all folders passed to this class were created by MakeFolder.
 const PosixFolder& Own(const Folder& folder)
 {
     return static_cast<const PosixFolder&>(folder);
 }
 
-// A name that is none would lead out of the folder, or to another item than the one that is meant.
+// Rejects names that are not one component; they could refer to an item outside the folder.
 Status CheckName(const std::string& name)
 {
     const bool bad = name.empty() || name == "." || name == ".." ||
@@ -40,7 +40,7 @@ Status CheckName(const std::string& name)
     return bad ? Status(ErrorFromErrno(EINVAL)) : Status();
 }
 
-// Opens a path of any length: the system takes at most PATH_MAX bytes at a time.
+// Opens a path of any length in pieces, since a system call accepts at most PATH_MAX bytes.
 UniqueFd OpenInPieces(const std::string& path)
 {
     UniqueFd folder;
@@ -312,7 +312,8 @@ Status PosixFileSystem::Rename(const Folder& folder, const std::string& name,
     if (errno != EINVAL && errno != ENOSYS) {
         return LastError();
     }
-    // A file system that cannot promise it: looked at before, which is as near as it gets.
+    // The file system does not support RENAME_NOREPLACE. Checking first leaves a race, but nothing
+    // better is available.
     const Result<struct stat> taken = StatAt(fd, newName);
     if (taken) {
         return ErrorFromErrno(EEXIST);

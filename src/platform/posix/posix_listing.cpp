@@ -46,7 +46,7 @@ PosixListing::PosixListing(std::shared_ptr<const UniqueFd> descriptor)
 
 Result<bool> PosixListing::Fill()
 {
-    // Called directly: readdir(3) brings its own smaller buffer and its own lock.
+    // Call getdents64(2) directly: readdir(3) would add its own lock and a copy of each entry.
     const long got = RetryInterrupted([this] {
         return ::syscall(SYS_getdents64, m_descriptor->Get(), m_buffer.get(), kBufferSize);
     });
@@ -74,8 +74,8 @@ Result<bool> PosixListing::Next(FindData& item)
                 return filled;
             }
         }
-        // struct linux_dirent64, getdents(2): the record length stands before the type and the
-        // name.
+        // struct linux_dirent64, see getdents(2). Records need not be aligned for the compiler, so
+        // copy the length.
         const std::byte* record = m_buffer.get() + m_nPosition;
         std::uint16_t length = 0;
         std::memcpy(&length, record + offsetof(dirent64, d_reclen), sizeof(length));

@@ -21,13 +21,13 @@ namespace quorbit {
 
 namespace {
 
-// All that the child needs, made before the fork: between fork and exec only calls are allowed that
-// are safe in a signal handler, and none of them allocates.
+// Everything that the child needs, prepared before the fork: between fork(2) and execv(3) only
+// async-signal-safe calls are allowed (signal-safety(7)), so nothing may allocate.
 struct Launch {
-    std::vector<char*> arguments;  // null at the end
-    const char* folder = nullptr;  // null for the current one
-    rlim_t openFileLimit = 0;      // 0: as it is
-    int errorPipe = -1;            // takes the errno value of a failure; closed by the exec
+    std::vector<char*> arguments;  // terminated by null
+    const char* folder = nullptr;  // null: the current folder
+    rlim_t openFileLimit = 0;      // 0: unchanged
+    int errorPipe = -1;            // receives the errno value of a failure; closed by execv(3)
 };
 
 void ResetSignals()
@@ -37,13 +37,15 @@ void ResetSignals()
     sigset_t none;
     ::sigemptyset(&none);
     for (int number = 1; number < NSIG; ++number) {
-        ::sigaction(number, &standard, nullptr);  // fails for those that cannot be changed
+        ::sigaction(number, &standard, nullptr);  // fails for SIGKILL and SIGSTOP
     }
     ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
 }
 
 bool EmptyStandardInput()
 {
+    // If standard input is closed, open(2) returns 0 and nothing is left to do. dup2(2) clears
+    // close-on-exec.
     const int null = ::open("/dev/null", O_RDONLY);
     if (null <= 0) {
         return null == 0;
@@ -62,6 +64,7 @@ void LimitOpenFiles(rlim_t soft)
 
 [[noreturn]] void BecomeProgram(const Launch& launch)
 {
+    // Own process group: a Ctrl+C on the terminal must not reach the started program.
     ::setpgid(0, 0);
     if ((launch.folder == nullptr || ::chdir(launch.folder) == 0) && EmptyStandardInput()) {
         LimitOpenFiles(launch.openFileLimit);
@@ -69,13 +72,14 @@ void LimitOpenFiles(rlim_t soft)
         ::execv(launch.arguments[0], launch.arguments.data());
     }
     const int reason = errno;
-    // If even this fails, the start counts as done and the child's end follows at once.
+    // If this write fails, the parent assumes that the program was started and then sees it end at
+    // once.
     const ssize_t written = ::write(launch.errorPipe, &reason, sizeof(reason));
     ::_exit(written == sizeof(reason) ? 127 : 126);
 }
 
-// Signals stay blocked until the child has its own dispositions: a handler of this process must
-// not run in it. posix_spawn(3) would do all of this but the limit of open files.
+// Keep signals blocked until the child has reset its dispositions, so that no handler of this
+// process runs in the child. posix_spawn(3) would do all of this except the limit of open files.
 pid_t Fork(const Launch& launch)
 {
     sigset_t all;
@@ -94,7 +98,7 @@ pid_t Fork(const Launch& launch)
 
 struct Pipe {
     UniqueFd read;
-    UniqueFd write;  // above the standard descriptors, which the child rearranges
+    UniqueFd write;  // above STDERR_FILENO, since the child replaces the standard descriptors
 };
 
 Result<Pipe> OpenPipe()
@@ -128,7 +132,8 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
         if (HasNul(argument)) {
             return ErrorFromErrno(EINVAL);
         }
-        launch.arguments.push_back(const_cast<char*>(argument.c_str()));  // execv(3) promises so
+        launch.arguments.push_back(
+            const_cast<char*>(argument.c_str()));  // execv(3) does not modify them
     }
     if (arguments.empty() || HasNul(folder)) {
         return ErrorFromErrno(EINVAL);
@@ -148,10 +153,12 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
     }
     pipe->write.Close();
     int reason = 0;
+    // Blocks until execv(3) closes the pipe (read returns 0) or the child reports why it failed.
     const bool failed = RetryInterrupted([&] {
                             return ::read(pipe->read.Get(), &reason, sizeof(reason));
                         }) == sizeof(reason);
-    // Where SIGCHLD is ignored there is no status to fetch: ECHILD comes after the end, too.
+    // If SIGCHLD is ignored, waitpid(2) waits for the end of the child and then fails with ECHILD,
+    // which is fine here.
     (void)RetryInterrupted([&] { return ::waitpid(child, nullptr, 0); });
     return failed ? Status(ErrorFromErrno(reason)) : Status();
 }

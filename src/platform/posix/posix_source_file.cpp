@@ -17,10 +17,11 @@ namespace quorbit {
 
 namespace {
 
+// Waits 5 seconds at most.
 constexpr std::chrono::milliseconds kLeaseStep{20};
 constexpr int kLeaseSteps = 250;
 
-// Does not wait for the writer of a FIFO, in case there is one in the place of the file.
+// O_NONBLOCK: do not wait for a writer if the file was replaced by a FIFO.
 int OpenNonBlocking(int folder, const char* name)
 {
     return RetryInterrupted(
@@ -67,15 +68,14 @@ Status PosixSourceFile::OpenRegular()
 {
     const char* name = m_data.name.c_str();
     int fd = OpenNonBlocking(m_folder.Descriptor(), name);
-    // A file server may hold a lease on the file: the attempt has asked it to let go, see fcntl(2)
-    // "Leases".
+    // Another process, such as a file server, holds a lease on the file. The failed open(2) has
+    // asked it to release the lease, so retry; see fcntl(2), "Leases".
     for (int step = 0; fd < 0 && errno == EWOULDBLOCK && step < kLeaseSteps; ++step) {
         std::this_thread::sleep_for(kLeaseStep);
         fd = OpenNonBlocking(m_folder.Descriptor(), name);
     }
     if (fd < 0) {
-        // A link (ELOOP) or a socket (ENXIO) has taken the place of the file: it is copied as what
-        // it is.
+        // The file was replaced by a link (ELOOP) or a socket (ENXIO). Copy that instead.
         const Error error = LastError();
         const bool replaced = error.Code() == ELOOP || error.Code() == ENXIO;
         if (!replaced) {
@@ -99,7 +99,8 @@ void PosixSourceFile::StartReading()
 {
     char byte = 0;
     const iovec into = {&byte, 1};
-    // One byte tells whether the file is in memory, without waiting if it is not.
+    // Reading one byte with RWF_NOWAIT shows whether the file is cached, without waiting for the
+    // disk.
     if (::preadv2(m_descriptor.Get(), &into, 1, 0, RWF_NOWAIT) < 0 && errno == EAGAIN) {
         m_bCached = false;
         (void)::posix_fadvise(m_descriptor.Get(), 0, 0, POSIX_FADV_WILLNEED);
@@ -108,7 +109,7 @@ void PosixSourceFile::StartReading()
 
 Result<std::string> PosixSourceFile::LinkTarget() const
 {
-    // The size is mostly right; some file systems say 0, and the link may have changed.
+    // st_size is only a hint: some file systems report 0, and the link may have been replaced.
     std::string target(static_cast<std::size_t>(m_stat.st_size) + 1, '\0');
     for (;;) {
         const ssize_t got = RetryInterrupted([&] {

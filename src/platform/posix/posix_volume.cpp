@@ -26,8 +26,8 @@ std::uint32_t TypeOf(int folder)
     return done == 0 ? static_cast<std::uint32_t>(details.f_type) : 0;
 }
 
-// ext4 writes the content of a file that replaces another before the rename, unless it was told not
-// to. btrfs does, and what tmpfs holds is lost anyway.
+// ext4 with auto_da_alloc (the default) writes the content of a file before a rename that replaces
+// another file; see ext4(5). btrfs does the same. Files on tmpfs do not survive a crash anyway.
 bool OrdersRenames(std::uint32_t type, dev_t device)
 {
     if (type != EXT4_SUPER_MAGIC) {
@@ -45,7 +45,7 @@ bool OrdersRenames(std::uint32_t type, dev_t device)
            !HasMountOption(mount->superOptions, "data=writeback");
 }
 
-// On file systems of this machine a close(2) has nothing to tell that a write has not told.
+// On these local file systems close(2) reports no errors that write(2) has not reported.
 bool CloseTells(std::uint32_t type)
 {
     return type != EXT4_SUPER_MAGIC && type != BTRFS_SUPER_MAGIC && type != TMPFS_MAGIC &&
@@ -63,6 +63,7 @@ PosixVolume& VolumeTable::Of(dev_t device, int folder)
         volume.type = TypeOf(folder);
         volume.ordersRenames = OrdersRenames(volume.type, device);
         volume.closeTells = CloseTells(volume.type);
+        // FAT stores times in units of two seconds.
         volume.keepsEvenSeconds = volume.type == MSDOS_SUPER_MAGIC;
         volume.attributes = MakeAttributeSource(volume.type, folder);
     }

@@ -58,15 +58,15 @@ bool ProtectedFolders::Contains(const FolderIdentity& identity)
 void ProtectedFolders::Find()
 {
     AddWithParents("/");
-    // Read once and before any other thread would change it.
+    // Read only once. No thread of the program changes the environment.
     if (const char* home = std::getenv("HOME"); home != nullptr) {  // NOLINT(concurrency-mt-unsafe)
         AddWithParents(home);
     }
     AddWithParents(HomeFromPasswd().c_str());
 }
 
-// Both ways up: by the words of the path, which may lead through links, and from the real folder by
-// "..".
+// Adds a folder and its parents in both ways: by removing components of the path, which may contain
+// links, and by following ".." from the real folder.
 void ProtectedFolders::AddWithParents(const char* home)
 {
     if (home[0] != '/') {

@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kNameAttempts = 16;
 
-// Errors by which a file system, or the system as it is set up, says that it has no files without a
-// name.
+// Errors that mean that O_TMPFILE, or linking such a file, is not supported here. ENOENT and EXDEV
+// occur if /proc is not mounted or the kernel refuses to link.
 bool IsRefusal(int code)
 {
     return code == EOPNOTSUPP || code == EISDIR || code == EINVAL || code == ENOSYS ||
@@ -44,7 +44,8 @@ Status StagedCopy::Open(mode_t permissions)
         if (opened) {
             return opened;
         }
-        // A folder that has gone says ENOENT or, against all expectation, EPERM.
+        // In a folder that was deleted, O_TMPFILE fails with ENOENT or, on some file systems,
+        // EPERM. This does not mean that the volume lacks support.
         const int code = opened.GetError().Code();
         if (!IsRefusal(code) && code != EPERM) {
             return opened;
@@ -75,8 +76,8 @@ Status StagedCopy::OpenNamed()
 {
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         std::string name = MakeLeftoverName();
-        // Visible to others from the start, so closed to them until owner and permissions are
-        // right.
+        // Others can open this file by its name, so allow no access until owner and permissions are
+        // set.
         m_descriptor = UniqueFd(RetryInterrupted([&] {
             return ::openat(m_folder.Descriptor(), name.c_str(),
                             O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
@@ -89,8 +90,8 @@ Status StagedCopy::OpenNamed()
             return LastError();
         }
         m_strName = std::move(name);
-        // Another run that sweeps the folder may have come between creation and lock: then the name
-        // is gone.
+        // A sweep by another run may have deleted the file before it was locked. Try again with a
+        // new name.
         (void)LockWaiting(m_descriptor.Get());
         struct stat details = {};
         if (::fstat(m_descriptor.Get(), &details) != 0) {
@@ -118,8 +119,8 @@ Status StagedCopy::LinkTo(const std::string& name)
             return LinkError();
         }
     }
-    // Without the right to link by descriptor, the same goes by way of /proc; see open(2)
-    // "O_TMPFILE".
+    // AT_EMPTY_PATH may require CAP_DAC_READ_SEARCH and then fails with ENOENT. Linking through
+    // /proc needs no privilege; see open(2), "O_TMPFILE".
     const std::string path = "/proc/self/fd/" + std::to_string(m_descriptor.Get());
     if (::linkat(AT_FDCWD, path.c_str(), folder, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
         return LinkError();
@@ -128,7 +129,7 @@ Status StagedCopy::LinkTo(const std::string& name)
     return {};
 }
 
-// A file that cannot be given a name here after all is known for the next one.
+// If anonymous files cannot be linked here, remembers that for the next copies.
 Error StagedCopy::LinkError() const
 {
     const Error error = LastError();
@@ -150,8 +151,8 @@ Status StagedCopy::Flush(bool sync)
     if (!m_folder.Volume().closeTells) {
         return {};
     }
-    // Closing any descriptor of the file makes such a file system tell its write errors, and the
-    // lock stays held.
+    // On such file systems closing any descriptor of the file reports pending write errors. Close a
+    // duplicate, so that the lock stays held.
     UniqueFd other(::fcntl(m_descriptor.Get(), F_DUPFD_CLOEXEC, 0));
     if (!other.IsOpen()) {
         return LastError();

@@ -26,16 +26,16 @@ namespace quorbit {
 
 namespace {
 
-constexpr mode_t kNewFile = 0666;  // less what umask(2) takes
+constexpr mode_t kNewFile = 0666;  // reduced by umask(2)
 
-// Where a file really lies: an open folder and a name in it that is no link.
+// The location of a file after following links: an open folder and a name that is not a link.
 struct Place {
     UniqueFd folder;
     std::string name;
 };
 
 struct FolderAndName {
-    std::string folder;  // with its closing separator, or empty
+    std::string folder;  // with trailing separator, or empty
     std::string name;
 };
 
@@ -46,11 +46,11 @@ FolderAndName SplitPath(const std::string& path)
     return {path.substr(0, start), path.substr(start)};
 }
 
-// Follows the links at the end of a path by hand, since the last of them may name a file that is
-// yet to be made.
+// Follows the links at the end of a path manually, since the last link may point to a file that
+// does not exist yet.
 Result<Place> FindPlace(std::string path)
 {
-    constexpr int kMostLinks = 40;  // as path_resolution(7)
+    constexpr int kMostLinks = 40;  // as in path_resolution(7)
     if (path.find('\0') != std::string::npos) {
         return ErrorFromErrno(EINVAL);
     }
@@ -78,8 +78,8 @@ Result<Place> FindPlace(std::string path)
     return ErrorFromErrno(ELOOP);
 }
 
-// The file that is to be replaced; none if there is none. Fails if it must not be: a rename would
-// not ask for the permission to write it.
+// Returns the stat data of the file to replace, if it exists. Fails if it is not writable, since
+// rename(2) would replace it regardless.
 Result<std::optional<struct stat>> ExamineOld(const Place& place)
 {
     struct stat old {};
@@ -95,7 +95,7 @@ Result<std::optional<struct stat>> ExamineOld(const Place& place)
     if (!S_ISREG(old.st_mode)) {
         return Error(ErrorKind::NotSupported, "Not a regular file");
     }
-    if ((old.st_mode & S_IWUSR) == 0) {  // read-only, for root too
+    if ((old.st_mode & S_IWUSR) == 0) {  // read-only, even for root
         return ErrorFromErrno(EACCES);
     }
     if (::faccessat(place.folder.Get(), place.name.c_str(), W_OK, AT_EACCESS) != 0) {
@@ -104,7 +104,8 @@ Result<std::optional<struct stat>> ExamineOld(const Place& place)
     return std::optional<struct stat>(old);
 }
 
-// What umask(2) takes from a new file, read without changing it for a moment as umask(2) would.
+// Returns the umask. Reads it from /proc, since umask(2) can only be read by changing it for the
+// whole process. Masks group and others if /proc is not available.
 mode_t CurrentUmask()
 {
     constexpr std::uint64_t kMostOfStatus = 1 << 16;
@@ -120,8 +121,8 @@ mode_t CurrentUmask()
     return mask;
 }
 
-// Owner, permissions and extended attributes, as far as allowed. A group that cannot be kept gets
-// no more than everybody, since its bits would now speak of another group.
+// Copies owner, permissions and extended attributes as far as allowed. If the group cannot be kept,
+// limits its permissions to those of others, since they would apply to a different group.
 Status TakeMetadata(int to, const Place& place, const struct stat& old)
 {
     mode_t mode = old.st_mode & 07777;
@@ -158,6 +159,7 @@ Status Fill(const StagedCopy& stage, std::string_view content, const Place& plac
     if (!taken) {
         return taken;
     }
+    // EINVAL: this file system does not support fsync(2).
     if (RetryInterrupted([&] { return ::fsync(file); }) != 0 && errno != EINVAL) {
         return LastError();
     }
@@ -172,6 +174,7 @@ Status Publish(StagedCopy& stage, const std::string& name, bool replaces)
             return published;
         }
     }
+    // No sync: Fill() has already synced the content.
     return stage.PublishOver(name, false);
 }
 
@@ -191,6 +194,7 @@ Status ReplaceFile(const std::string& path, std::string_view content)
     if (!forStage.IsOpen()) {
         return LastError();
     }
+    // A private volume with default facts: O_TMPFILE is tried, and close errors are checked.
     PosixVolume volume;
     const PosixFolder folder(std::move(forStage), {}, volume);
     SweepLeftovers(folder);
@@ -204,7 +208,7 @@ Status ReplaceFile(const std::string& path, std::string_view content)
     if (Status published = Publish(stage, place->name, old->has_value()); !published) {
         return published;
     }
-    // The new content stands whole under its name; there is no way back if this fails.
+    // The file has been replaced already, so an error here cannot be undone and is ignored.
     (void)RetryInterrupted([&] { return ::fsync(place->folder.Get()); });
     return {};
 }
@@ -238,8 +242,8 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxByte
     if (static_cast<std::uint64_t>(details.st_size) > maxBytes) {
         return tooLarge;
     }
-    // One byte more than expected tells at once that the end is reached. The size is only a hint:
-    // the file may grow meanwhile, and those of /proc have none.
+    // Read one byte more than the size: a short read then proves the end of the file. The size is
+    // only a hint, since the file may grow and files in /proc report 0.
     constexpr std::size_t kLeastRoom = 4096;
     std::string content;
     std::size_t done = 0;

@@ -55,8 +55,8 @@ std::string HomeFolder()
     return IsAbsolute(home) ? home : HomeFromPasswd();
 }
 
-// The standard: "If an implementation encounters a relative path in any of these variables it
-// should consider the path invalid and ignore it."
+// XDG Base Directory Specification 0.8: "If an implementation encounters a relative path in any of
+// these variables it should consider the path invalid and ignore it."
 std::string UserFolder(const char* variable, std::string_view belowHome)
 {
     std::string base = Environment(variable);

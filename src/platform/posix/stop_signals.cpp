@@ -26,8 +26,8 @@ constexpr char kEnd = 0;
 
 std::atomic<int> g_nWriteEnd{-1};
 
-// The pipe does not block: one that is full contains enough signals. A handler must not change
-// errno, signal-safety(7).
+// The write end does not block; a full pipe already contains enough signals. A handler must
+// preserve errno, see signal-safety(7).
 extern "C" void OnSignal(int)
 {
     const int savedErrno = errno;
@@ -50,7 +50,8 @@ void Catch(int signal)
 
 }  // namespace
 
-// A pipe from the signal handler, which may do next to nothing, to a thread that may do anything.
+// Passes signals through a pipe to a thread, since a signal handler may only make async-signal-safe
+// calls.
 class StopSignals::Catcher {
 public:
     Catcher(UniqueFd readEnd, UniqueFd writeEnd, std::function<void()> onStop)
@@ -68,7 +69,7 @@ public:
     {
         g_nWriteEnd = -1;
         while (::write(m_writeEnd.Get(), &kEnd, 1) < 0 && errno == EAGAIN) {
-            std::this_thread::yield();  // full; the thread is about to empty it
+            std::this_thread::yield();  // full; the thread is emptying it
         }
         m_thread.join();
     }
@@ -100,7 +101,7 @@ private:
     UniqueFd m_readEnd;
     UniqueFd m_writeEnd;
     std::function<void()> m_onStop;
-    std::thread m_thread;  // last: it uses all of the above
+    std::thread m_thread;  // last member: uses all of the above
 };
 
 StopSignals::StopSignals(std::function<void()> onStop)
@@ -116,7 +117,7 @@ StopSignals::StopSignals(std::function<void()> onStop)
         m_catcher =
             std::make_unique<Catcher>(std::move(readEnd), std::move(writeEnd), std::move(onStop));
     } catch (const std::system_error&) {
-        return;  // no thread
+        return;  // the system has no free threads
     }
 }
 

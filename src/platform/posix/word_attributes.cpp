@@ -67,7 +67,7 @@ Status WordAttributes::Write(const AttributeItem& item, std::uint32_t bits)
     if (!old) {
         return old.GetError();
     }
-    // 0x80 says "no other bit" and never stands beside one.
+    // 0x80 means "no other attribute" and must not be combined with others.
     const std::uint32_t rest = old->value_or(0) & ~(kStoredAttributes | kAttributeNormal);
     return SetItemXattr(item, m_layout.attribute,
                         Encode(rest | (bits & kStoredAttributes), m_layout));

@@ -13,8 +13,8 @@ namespace quorbit {
 
 namespace {
 
-// There is no getxattrat(2) before Linux 6.13; this name leads to the open folder, whatever its
-// path has become.
+// getxattrat(2) only exists since Linux 6.13. This path refers to the open folder even if the
+// folder was renamed.
 std::string PathOf(const AttributeItem& item)
 {
     return "/proc/self/fd/" + std::to_string(item.folder) + "/" + item.name;
@@ -28,8 +28,8 @@ UniqueFd OpenItem(const AttributeItem& item)
     }));
 }
 
-// Does the call by descriptor where there is one, else by name. Where /proc is not mounted the item
-// has to be opened.
+// Makes the call by descriptor if the item is open, otherwise by path. If /proc is not mounted
+// (ENOENT), opens the item.
 template <class ByDescriptor, class ByPath>
 ssize_t Call(const AttributeItem& item, ByDescriptor byDescriptor, ByPath byPath)
 {
