@@ -29,7 +29,7 @@ public:
     }
 
 private:
-    std::mutex m_mutex;  // held during a call to the owner
+    std::mutex m_mutex;  // held during a call to the owner, so that Abandon() waits for it
     std::stop_source m_stop;
 };
 
@@ -38,6 +38,7 @@ bool BackgroundTask::Start(Work work)
     Abandon();
     auto state = std::make_shared<State>();
     try {
+        // Detached, since joining would wait for a thread that may hang.
         std::thread([state, work = std::move(work)] { work(*state); }).detach();
     } catch (const std::system_error&) {
         return false;

@@ -7,7 +7,8 @@ namespace quorbit {
 
 namespace {
 
-// In the words of POSIX systems, so that the log reads alike whoever found the error.
+// The texts of POSIX systems, so that the log reads the same whether the system or Quorbit reports
+// the error.
 const char* UsualText(ErrorKind kind)
 {
     switch (kind) {

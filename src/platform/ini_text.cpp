@@ -121,6 +121,7 @@ IniText::IniText(std::string_view text)
         m_lines.push_back(ParseLine(line));
         if (m_lines.size() == 1 && line.starts_with(kByteOrderMark)) {
             m_lines.back() = ParseLine(line.substr(kByteOrderMark.size()));
+            // Keep the byte order mark in the text.
             m_lines.back().text = line;
         }
     }
@@ -133,6 +134,7 @@ IniText::Line IniText::ParseLine(std::string_view text)
     text = Trim(text);
     if (text.starts_with('[') && text.find(']') != std::string_view::npos) {
         line.kind = Line::Section;
+        // The last bracket ends the name, since a name may contain brackets.
         line.name = Decode(Trim(text.substr(1, text.rfind(']') - 1)));
         return line;
     }
@@ -224,6 +226,7 @@ void IniText::Set(std::string_view section, std::string_view name, std::string_v
         }
     }
     if (lastOfSection == kNowhere) {
+        // Separate sections by a blank line.
         if (!m_lines.empty()) {
             m_lines.emplace_back();
         }

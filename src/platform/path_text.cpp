@@ -23,13 +23,13 @@ constexpr char UpperLetter(char c)
     return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// A slash is legal in no name, so it also separates in a drive path that was typed with slashes.
+// Names cannot contain a slash, so accept it as a separator in drive paths too.
 constexpr bool IsSeparator(char c, bool drive)
 {
     return c == '/' || (drive && c == '\\');
 }
 
-// What follows "C:" in a drive path, all of a native path.
+// Returns a drive path without "C:", and any other path unchanged.
 std::string_view AfterDrive(std::string_view path)
 {
     return IsDrivePath(path) ? path.substr(2) : path;
@@ -43,8 +43,8 @@ std::string_view WithoutClosingSeparators(std::string_view text, bool drive)
     return text;
 }
 
-// The components of a path without its drive; empty ones and "." are left out, ".." takes the
-// one before it away and stops at the root.
+// Splits a path without its drive into components. Skips empty ones and "."; ".." removes the
+// component before it, but not the root.
 std::vector<std::string_view> Components(std::string_view text, bool drive)
 {
     std::vector<std::string_view> parts;
@@ -65,7 +65,8 @@ std::vector<std::string_view> Components(std::string_view text, bool drive)
     return parts;
 }
 
-// base has no closing separator; the result has one if text has, and always at the root.
+// Appends the resolved components of text to base, which has no trailing separator. The result has
+// one if text has one, or if it is the root.
 std::string AppendResolved(std::string base, std::string_view text, bool drive)
 {
     for (const std::string_view part : Components(text, drive)) {
@@ -83,8 +84,8 @@ constexpr bool IsContinuation(unsigned char c)
     return (c & 0xC0) == 0x80;
 }
 
-// The length of a multi-byte sequence by its first byte, with the range that its second byte must
-// lie in so that it is neither overlong nor a surrogate nor above U+10FFFF (RFC 3629, section 4).
+// The length of a multi-byte sequence, and the range of its second byte that excludes overlong
+// forms, surrogates and code points above U+10FFFF (RFC 3629, section 4).
 struct LeadByte {
     std::size_t length;
     unsigned char low;
@@ -107,7 +108,8 @@ constexpr LeadByte Lead(unsigned char c)
     return {0, 0, 0};
 }
 
-// Bytes of the printable character at the start of the text; 0 if its first byte is to be escaped.
+// Returns the size in bytes of the printable character at the start of the text, or 0 if its first
+// byte must be escaped. Not printable: ASCII and C1 controls, invalid UTF-8.
 std::size_t PrintableLength(std::string_view text)
 {
     const auto first = static_cast<unsigned char>(text[0]);
@@ -136,12 +138,12 @@ bool IsPlain(char c)
     return c >= 0x20 && c < 0x7F;
 }
 
-// Bytes at the start of the text that need no escape.
+// Returns the number of bytes at the start of the text that need no escape.
 std::size_t PrintableRun(std::string_view text)
 {
     std::size_t done = 0;
     while (done < text.size()) {
-        if (IsPlain(text[done])) {  // nearly every byte of nearly every path
+        if (IsPlain(text[done])) {  // fast path: nearly all bytes of nearly all paths
             ++done;
             continue;
         }
@@ -229,7 +231,7 @@ std::string ToNative(std::string_view path, const DriveMap& drives)
     if (drive == drives.end() || drive->second.empty() || drive->second.front() != '/') {
         return {};
     }
-    // ".." is resolved here because on a drive it never leads out of it.
+    // Resolve ".." as text: on a mapped drive it must not leave the mapped folder.
     return AppendResolved(std::string(WithoutClosingSeparators(drive->second, false)),
                           AfterDrive(path), true);
 }

@@ -18,7 +18,7 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::uint64_t kLargestFile = 1 << 20;  // bytes; a few thousand values
+constexpr std::uint64_t kLargestFile = 1 << 20;  // bytes; suffices for thousands of values
 
 const Error kNoSuchValue(ErrorKind::Missing, "There is no such value");
 
@@ -111,6 +111,7 @@ Status SettingsStore::Write(const std::vector<SettingsValue>& values) const
         return lock.GetError();
     }
 
+    // Read again under the lock, so that changes of other processes are kept.
     const auto before = ReadWholeFile(m_strPath, kLargestFile);
     if (!before && before.GetError().Kind() != ErrorKind::Missing) {
         return before.GetError();

@@ -220,6 +220,8 @@ Status PosixFileSystem::DeleteFile(const Folder& folder, const std::string& name
         return {};
     }
     const Error error = LastError();
+    // Some file systems, such as SMB shares, refuse to delete read-only files. Clear the attribute
+    // and try again.
     if (error.Kind() != ErrorKind::AccessDenied) {
         return error;
     }
@@ -254,6 +256,7 @@ Status MakeLike(int to, int like, bool inheritedAcl)
     if (!owned) {
         return owned.GetError();
     }
+    // Keep the set-ID bits only if owner and group could be kept.
     mode_t mode = model.st_mode & (*owned ? 07777U : 01777U);
     if (Status copied = CopyExtendedAttributes(like, to, {inheritedAcl, true, &mode}); !copied) {
         return copied;
@@ -270,6 +273,7 @@ Status PosixFileSystem::CreateFolder(const Folder& parent, const std::string& na
         return checked;
     }
     const PosixFolder& folder = Own(parent);
+    // Private until the permissions of `like` are copied.
     const mode_t mode = like != nullptr ? S_IRWXU : S_IRWXU | S_IRWXG | S_IRWXO;
     if (::mkdirat(folder.Descriptor(), name.c_str(), mode) != 0) {
         return LastError();
@@ -333,6 +337,7 @@ void PosixFileSystem::MarkWritten(const PosixFolder& folder)
 {
     const auto [position, isNew] = m_written.try_emplace(folder.Identity().device);
     if (isNew || !position->second.IsOpen()) {
+        // A duplicate, since the folder may be closed before SyncWritten.
         position->second = UniqueFd(::fcntl(folder.Descriptor(), F_DUPFD_CLOEXEC, 0));
     }
 }
@@ -342,6 +347,7 @@ Status PosixFileSystem::SyncWritten()
     Status result;
     for (const auto& [device, descriptor] : m_written) {
         if (!descriptor.IsOpen()) {
+            // MarkWritten could not duplicate the descriptor, so this device cannot be synced.
             result = ErrorFromErrno(EMFILE);
         } else if (::syncfs(descriptor.Get()) != 0 && result) {
             result = LastError();

@@ -46,7 +46,7 @@ PosixListing::PosixListing(std::shared_ptr<const UniqueFd> descriptor)
 
 Result<bool> PosixListing::Fill()
 {
-    // Call getdents64(2) directly: readdir(3) would add its own lock and a copy of each entry.
+    // Call getdents64(2) directly: readdir(3) would add its own lock and a smaller buffer.
     const long got = RetryInterrupted([this] {
         return ::syscall(SYS_getdents64, m_descriptor->Get(), m_buffer.get(), kBufferSize);
     });
@@ -74,8 +74,7 @@ Result<bool> PosixListing::Next(FindData& item)
                 return filled;
             }
         }
-        // struct linux_dirent64, see getdents(2). Records need not be aligned for the compiler, so
-        // copy the length.
+        // struct linux_dirent64, see getdents(2).
         const std::byte* record = m_buffer.get() + m_nPosition;
         std::uint16_t length = 0;
         std::memcpy(&length, record + offsetof(dirent64, d_reclen), sizeof(length));

@@ -64,7 +64,6 @@ void LimitOpenFiles(rlim_t soft)
 
 [[noreturn]] void BecomeProgram(const Launch& launch)
 {
-    // Own process group: a Ctrl+C on the terminal must not reach the started program.
     ::setpgid(0, 0);
     if ((launch.folder == nullptr || ::chdir(launch.folder) == 0) && EmptyStandardInput()) {
         LimitOpenFiles(launch.openFileLimit);
@@ -133,7 +132,7 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
             return ErrorFromErrno(EINVAL);
         }
         launch.arguments.push_back(
-            const_cast<char*>(argument.c_str()));  // execv(3) does not modify them
+            const_cast<char*>(argument.c_str()));  // execv(3) only reads them
     }
     if (arguments.empty() || HasNul(folder)) {
         return ErrorFromErrno(EINVAL);

@@ -69,7 +69,7 @@ Status PosixSourceFile::OpenRegular()
     const char* name = m_data.name.c_str();
     int fd = OpenNonBlocking(m_folder.Descriptor(), name);
     // Another process, such as a file server, holds a lease on the file. The failed open(2) has
-    // asked it to release the lease, so retry; see fcntl(2), "Leases".
+    // asked it to release the lease, so try again; see fcntl(2), "Leases".
     for (int step = 0; fd < 0 && errno == EWOULDBLOCK && step < kLeaseSteps; ++step) {
         std::this_thread::sleep_for(kLeaseStep);
         fd = OpenNonBlocking(m_folder.Descriptor(), name);

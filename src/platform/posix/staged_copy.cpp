@@ -183,6 +183,8 @@ Status StagedCopy::PublishOver(const std::string& name, bool sync)
     if (Status flushed = Flush(sync); !flushed) {
         return flushed;
     }
+    // linkat(2) cannot replace a file, so give an anonymous file a temporary name to rename. Lock
+    // it first, so that no sweep deletes it.
     if (m_strName.empty()) {
         (void)LockWaiting(m_descriptor.Get());
         std::string own = MakeLeftoverName();

@@ -134,6 +134,7 @@ std::uint64_t RaiseOpenFileLimit()
     constexpr rlim_t kEnough = 65536;
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) {
+        // The usual soft limit on Linux.
         return 1024;
     }
     const rlim_t before = limit.rlim_cur;

@@ -74,6 +74,8 @@ std::string VolumeRootOf(const std::string& path)
 
 std::optional<std::uint64_t> FreeSpaceKb(const std::string& path, std::chrono::milliseconds atMost)
 {
+    // statvfs(2) may block on a server. After a timeout the abandoned thread keeps its share of the
+    // task.
     const auto task = std::make_shared<std::packaged_task<std::optional<std::uint64_t>()>>(
         [path] { return AskFreeSpaceKb(path); });
     auto answer = task->get_future();

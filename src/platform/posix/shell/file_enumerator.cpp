@@ -25,16 +25,16 @@ namespace quorbit {
 
 namespace {
 
-// Where the links of a folder are counted so that a folder without subfolders has two: its name and
-// its own ".". Each subfolder adds its "..". Other file systems say 1, or what they like.
+// On these file systems the link count of a folder without subfolders is 2 (its name and its own
+// "."), and the ".." of each subfolder adds one. Other file systems report 1 or arbitrary counts.
 bool LinksTellSubfolders(std::uint32_t type)
 {
     constexpr std::uint32_t kXfs = 0x58465342;
     return type == EXT4_SUPER_MAGIC || type == kXfs || type == TMPFS_MAGIC;
 }
 
-// The path that the system has for an open folder, by proc(5); the folder itself is not looked at.
-// Empty if it is longer than PATH_MAX.
+// Returns the kernel's path of an open folder (proc(5)), without accessing the folder. Empty if it
+// is longer than PATH_MAX.
 std::string PathOfDescriptor(int descriptor)
 {
     std::array<char, PATH_MAX> buffer{};
@@ -45,7 +45,7 @@ std::string PathOfDescriptor(int descriptor)
                : std::string();
 }
 
-// Names in a folder on which something is mounted.
+// Returns the names in a folder that are mount points.
 std::set<std::string> MountNamesIn(const std::string& folder, const std::vector<MountEntry>& mounts)
 {
     const std::string prefix = WithSeparator(folder);
@@ -125,13 +125,13 @@ Result<std::optional<ItemIdList>> FileEnumerator::Next()
     return std::optional<ItemIdList>();
 }
 
-// A mount point is never looked at: its server may not answer.
+// Mount points are never accessed, since their server may not respond.
 bool FileEnumerator::IsMountPoint() const
 {
     return m_mountNames.contains(m_item.name);
 }
 
-// False if the item has gone meanwhile.
+// Returns false if the item was deleted in the meantime.
 bool FileEnumerator::FindKind()
 {
     if (m_item.kind != ItemKind::Unknown) {
@@ -154,7 +154,7 @@ bool FileEnumerator::IsWanted()
     return (m_dwFlags & SHCONTF_INCLUDEHIDDEN) != 0 || !IsHidden();
 }
 
-// Where the attributes cannot be read, the item is better shown than hidden.
+// If the attributes cannot be read, shows the item.
 bool FileEnumerator::IsHidden()
 {
     if (m_item.name.starts_with('.')) {
@@ -175,6 +175,7 @@ bool FileEnumerator::MayHaveSubfolder() const
         return ::statx(folder, m_item.name.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
                        STATX_NLINK, &details);
     });
+    // If statx(2) fails, assume that there are subfolders, so that the tree can be expanded.
     return done != 0 || details.stx_nlink != 2;
 }
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A walk over a folder on a disk. Opens it at the first Next, so that making one is done at once.
+// Enumerates a folder on a disk. Opens it at the first Next, so that creating an enumerator never
+// blocks.
 
 #pragma once
 
@@ -20,7 +21,7 @@ namespace quorbit {
 
 class FileEnumerator final : public ShellEnumerator {
 public:
-    // path: of the folder, absolute, native or of a mapped drive. flags: SHCONTF_.
+    // path: absolute path of the folder, native or of a mapped drive. flags: SHCONTF_.
     FileEnumerator(std::shared_ptr<const ShellContext> context, std::string path,
                    std::uint32_t flags, std::stop_token stop);
 
@@ -43,10 +44,10 @@ private:
 
     PosixFileSystem m_files;
     std::unique_ptr<Folder> m_folder;
-    std::unique_ptr<Listing> m_listing;  // null before the first Next
-    std::set<std::string> m_mountNames;  // what is a mount point in this folder
+    std::unique_ptr<Listing> m_listing;  // null until the first Next
+    std::set<std::string> m_mountNames;  // names in this folder that are mount points
     bool m_bLinksTellSubfolders = false;
-    FindData m_item;  // the one that Next gave last
+    FindData m_item;  // the item that Next returned last
 };
 
 }  // namespace quorbit

@@ -21,7 +21,7 @@ std::string Decode(std::string_view value)
         .toStdString();
 }
 
-// "key=value,key=value"
+// Parses "key=value,key=value" and decodes the values.
 std::map<std::string_view, std::string> ReadValues(std::string_view text)
 {
     std::map<std::string_view, std::string> values;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Names of the folders below a GVfs mount point, each of which is an open place.
+// Formats the names of folders below a GVfs mount point, each of which is a mounted location.
 
 #pragma once
 
@@ -10,8 +10,9 @@
 
 namespace quorbit {
 
-// For the screen: "docs on server" for "smb-share:server=server,share=docs". Values are
-// percent-encoded. A name of another form is shown as it is.
+// Returns a display name, e.g. "docs on server" for "smb-share:server=server,share=docs". Decodes
+// percent-encoded values. Names of another form are returned unchanged except for escapes of
+// Printable().
 [[nodiscard]] std::string GvfsLabel(std::string_view name);
 
 }  // namespace quorbit

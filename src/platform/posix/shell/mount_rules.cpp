@@ -14,8 +14,8 @@ namespace quorbit {
 
 namespace {
 
-// File systems of other machines and of the host of a virtual one; "fuse." stands before those that
-// a FUSE helper mounts.
+// File systems of other machines and of the host of a virtual machine. The types of FUSE mounts
+// have the prefix "fuse.".
 constexpr auto kNetworkTypes = std::to_array<std::string_view>(
     {"9p", "afs", "beegfs", "ceph", "cifs", "coda", "davfs", "glusterfs", "lustre", "ncpfs", "nfs",
      "nfs4", "orangefs", "prl_fs", "smb3", "smbfs", "vboxsf", "virtiofs"});
@@ -23,11 +23,11 @@ constexpr auto kNetworkFuseTypes = std::to_array<std::string_view>(
     {"ceph-fuse", "curlftpfs", "davfs", "gcsfuse", "glusterfs", "google-drive-ocamlfuse", "juicefs",
      "rclone", "s3fs", "smbnetfs", "sshfs", "vmhgfs-fuse"});
 
-// FUSE file systems that serve programs, not people.
+// FUSE file systems that are used by programs only.
 constexpr auto kPseudoFuseTypes = std::to_array<std::string_view>(
     {"gvfsd-fuse", "lxcfs", "portal", "snapfuse", "squashfuse", "squashfuse_ll"});
 
-// Where the system mounts what nobody keeps files on. The firmware's partition is among it.
+// Mount points of the system where users keep no files, including the EFI system partition.
 constexpr auto kSystemPlaces = std::to_array<std::string_view>(
     {"/boot", "/dev", "/efi", "/etc", "/gnu", "/nix", "/proc", "/run", "/snap", "/sys", "/sysroot",
      "/usr", "/var/lib", "/var/snap"});
@@ -38,7 +38,7 @@ bool Contains(const List& list, std::string_view text)
     return std::find(list.begin(), list.end(), text) != list.end();
 }
 
-// What follows "fuse." in the type; "fuse" alone gives an empty text, as does any other type.
+// Returns the type after "fuse."; empty for "fuse" alone and any other type.
 std::string_view FuseSubtype(const MountEntry& mount)
 {
     const std::string_view type = mount.type;
@@ -56,7 +56,8 @@ bool IsAtSystemPlace(std::string_view path)
 
 bool HasDevice(const MountEntry& mount)
 {
-    // btrfs, bcachefs and FUSE file systems have a device but no number of one, ZFS has a pool.
+    // btrfs, bcachefs and FUSE report major number 0 although they use a device; the source of ZFS
+    // is a pool.
     return mount.major != 0 || mount.source.starts_with("/dev/") || mount.type == "zfs";
 }
 
@@ -65,7 +66,8 @@ bool IsFuse(const MountEntry& mount)
     return mount.type == "fuse" || mount.type == "fuseblk" || mount.type.starts_with("fuse.");
 }
 
-// A mount that is made when somebody goes there. An indirect one is a folder of such.
+// Returns true for a direct automount, which is mounted on first access. An indirect automount is
+// only a folder of such mount points.
 bool IsAutomount(const MountEntry& mount)
 {
     return mount.type == "autofs" && HasMountOption(mount.superOptions, "direct");
@@ -77,7 +79,7 @@ std::string_view AfterUser(std::string_view server)
     return at == std::string_view::npos ? server : server.substr(at + 1);
 }
 
-// Server, and what follows it. No server if the text has none.
+// Splits a source into the server and the text after it. The server is empty if there is none.
 std::pair<std::string_view, std::string_view> SplitServer(std::string_view source)
 {
     const std::size_t scheme = source.find("://");
@@ -89,7 +91,7 @@ std::pair<std::string_view, std::string_view> SplitServer(std::string_view sourc
         const std::string_view server = source.substr(0, source.find('/'));
         return {AfterUser(server), source.substr(server.size())};
     }
-    const std::size_t bracket = source.find("]:");  // an IPv6 address holds colons itself
+    const std::size_t bracket = source.find("]:");  // an IPv6 address contains colons
     const std::size_t colon = bracket != std::string_view::npos ? bracket + 1 : source.find(':');
     if (colon == std::string_view::npos) {
         return {};
@@ -109,6 +111,7 @@ bool IsDriveMount(const MountEntry& mount)
     if (mount.mountPoint == "/") {
         return true;
     }
+    // The kernel appends "//deleted" to a mount point that was deleted.
     const bool gone = mount.mountPoint.ends_with("//deleted");
     const bool hidden = mount.mountPoint.find("/.") != std::string::npos;
     if (gone || hidden || IsAtSystemPlace(mount.mountPoint) ||

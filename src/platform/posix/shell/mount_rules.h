@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a line of the mount table says of a volume.
+// Classifies mounts by their lines in the mount table. Pure functions.
 
 #pragma once
 
@@ -15,17 +15,17 @@ namespace quorbit {
 
 enum class VolumeKind : std::uint8_t { Fixed, Removable, Optical, Network };
 
-// Whether the mount is a drive in a person's eyes; see ListVolumes.
+// Returns true if the mount is shown as a drive; see ListVolumes.
 [[nodiscard]] bool IsDriveMount(const MountEntry& mount);
 
-// Whether its files come from another machine, or from the host of a virtual one.
+// Returns true if the files are on another machine, or on the host of a virtual machine.
 [[nodiscard]] bool IsNetworkMount(const MountEntry& mount);
 
 [[nodiscard]] VolumeKind KindOfMount(const MountEntry& mount);
 
-// "docs on server" for the source of a network mount ("//server/docs", "server:/export/docs",
-// "me@server:docs", "https://server/docs"); the server alone if nothing follows it; empty if no
-// server can be made out.
+// Returns a title for the source of a network mount, e.g. "docs on server" for "//server/docs",
+// "server:/export/docs", "me@server:docs" and "https://server/docs". Returns only the server if
+// there is no path, and an empty string if no server can be determined.
 [[nodiscard]] std::string ShareName(std::string_view source);
 
 }  // namespace quorbit

@@ -37,7 +37,7 @@ int HexDigit(char c)
     return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
-// udev writes what is unsafe in a file name as \x20.
+// udev encodes characters that are unsafe in a file name as \x20.
 std::string DecodeLabel(std::string_view name)
 {
     std::string label;
@@ -67,7 +67,8 @@ std::string LastComponent(std::string_view path)
     return name.empty() ? VolumeName(path) : name;
 }
 
-// "docs on server" for a share, else the label of the file system, else the folder's name.
+// Returns "docs on server" for a share; otherwise the label of the file system or, if it has none,
+// the name of the folder.
 std::string VolumeTitle(const MountEntry& mount, const VolumeLabels& labels,
                         const std::string& deviceFolder)
 {
@@ -84,7 +85,7 @@ std::string WithPath(const std::string& title, const std::string& path)
     return Printable(title + " (" + path + ")");
 }
 
-// Whether the one mount shows something that the other one shows too.
+// Returns true if all content of a mount is also visible through another one.
 bool IsCovered(const MountEntry& mount, const MountEntry& by)
 {
     if (mount.major != by.major || mount.minor != by.minor) {
@@ -93,12 +94,12 @@ bool IsCovered(const MountEntry& mount, const MountEntry& by)
     if (IsNetworkMount(mount)) {
         return mount.root == by.root && mount.source == by.source;
     }
-    // What is mounted of btrfs is a subvolume, which its users see as a file system of its own.
+    // A btrfs mount shows a subvolume, which users regard as a separate file system.
     return mount.type == "btrfs" ? mount.root == by.root : IsAtOrBelow(mount.root, by.root);
 }
 
-// The mounts that are drives, each content once: the root folder whatever else shows it, then the
-// mount that shows most.
+// Returns the mounts that are drives, each content once. Prefers the root folder, then the mount
+// that shows the largest part of the file system.
 std::vector<const MountEntry*> ChooseDrives(const std::vector<MountEntry>& visible)
 {
     std::vector<const MountEntry*> candidates;
@@ -162,6 +163,7 @@ std::vector<ShellVolume> ListVolumes(const std::vector<MountEntry>& mounts, cons
                            WithPath(VolumeTitle(*mount, labels, deviceFolder), mount->mountPoint),
                            KindOfMount(*mount)});
     }
+    // Always list the root folder, even if the mount table is not readable.
     if (volumes.empty() || volumes.front().path != "/") {
         volumes.push_back({"/", WithPath(VolumeName("/"), "/"), VolumeKind::Fixed});
     }

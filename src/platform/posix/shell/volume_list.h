@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which mounted file systems a person would call a drive, and what to call them. Decided by the
-// mount table alone: no mount point is touched.
+// Selects the mounted file systems to show as drives, and their labels. Uses the mount table and
+// the labels of udev(7) only; mount points are never accessed. Any thread.
 
 #pragma once
 
@@ -17,29 +17,29 @@
 namespace quorbit {
 
 struct ShellVolume {
-    std::string path;   // with closing separator: "/", "/media/me/stick/", "C:\"
-    std::string label;  // for the screen, the path in brackets: "stick (/media/me/stick)"
+    std::string path;   // with trailing separator: "/", "/media/me/stick/", "C:\"
+    std::string label;  // display name with the path: "stick (/media/me/stick)"
     VolumeKind kind = VolumeKind::Fixed;
 };
 
-// Label of a file system by the canonical path of its device.
+// Maps the canonical path of a device to the label of its file system.
 using VolumeLabels = std::map<std::string, std::string>;
 
-// The labels that udev(7) lays down as links in the folder disk/by-label of a folder of devices.
+// Reads the labels that udev(7) creates as links in disk/by-label below deviceFolder. Empty if
+// there are none.
 [[nodiscard]] VolumeLabels ReadVolumeLabels(const std::string& deviceFolder);
 
-// The root folder, always; file systems on block devices, mounted shares and FUSE file systems;
-// mapped drives. Left out, since a person reaches them through the root folder at best: pseudo file
-// systems; what is mounted at places of the system (/boot and below, /run but for /run/media, ...)
-// or below a hidden folder; a second mount of something that is already listed, and a mounted part
-// of a listed file system, unless it is a subvolume or a share of its own.
-// By path. deviceFolder: where sources of mounts are devices, "/dev/".
+// Returns, sorted by path: the root folder, file systems on block devices, network shares, FUSE
+// file systems, and mapped drives. Omits pseudo file systems; mounts at system locations (/boot and
+// below, /run except /run/media, ...) or below a hidden folder; a second mount of a listed file
+// system; and a mounted part of a listed file system, unless it is a subvolume or a share of its
+// own. deviceFolder: the folder of device files, "/dev/".
 [[nodiscard]] std::vector<ShellVolume> ListVolumes(const std::vector<MountEntry>& mounts,
                                                    const DriveMap& drives,
                                                    const std::string& deviceFolder);
 
-// Mount points of the current user's GVfs, below which each open share is a folder. GVfs is the
-// desktop's own way to shares, cameras and phones.
+// Returns the GVfs mount points of the current user; each folder below one is an open share. GVfs
+// is the desktop's access to shares, cameras and phones.
 [[nodiscard]] std::vector<std::string> ListGvfsFolders(const std::vector<MountEntry>& mounts);
 
 }  // namespace quorbit
