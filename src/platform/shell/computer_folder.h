@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// "My Computer": the drives.
+// The "My Computer" folder, which contains the drives. Immutable; any thread.
 
 #pragma once
 

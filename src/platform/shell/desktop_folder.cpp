@@ -30,7 +30,7 @@ std::vector<ItemIdList> VirtualFolders(const ShellContext& context, std::uint32_
     return ids;
 }
 
-// The folder that holds what lies on the desktop; null if the user has none.
+// Returns the folder with the user's desktop items; null if the user has none.
 std::shared_ptr<const FileFolder> FilesOnDesktop(const std::shared_ptr<const ShellContext>& context)
 {
     const std::string& path = context->sources.desktopFolder;

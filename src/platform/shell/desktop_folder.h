@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The root of the shell namespace: "My Computer", "Network Neighborhood", then what the user has on
-// the desktop.
+// The root of the shell namespace: "My Computer", "Network Neighborhood", then the items of the
+// user's desktop folder. Immutable; any thread.
 
 #pragma once
 
@@ -18,7 +18,8 @@ class DesktopFolder final : public SystemFolder {
 public:
     explicit DesktopFolder(std::shared_ptr<const ShellContext> context);
 
-    // My Computer comes first, Network Neighborhood second, whatever becomes of the rest.
+    // Enumerates My Computer first and Network Neighborhood second, even if the desktop folder
+    // cannot be read.
     [[nodiscard]] std::unique_ptr<ShellEnumerator> EnumObjects(std::uint32_t flags,
                                                                std::stop_token stop) const override;
     Result<ItemIdList> ParseDisplayName(std::string_view name) const override;
@@ -28,7 +29,7 @@ private:
     [[nodiscard]] std::shared_ptr<const ShellFolder> Bind(const ItemIdContent& item) const override;
 };
 
-// A namespace by these sources.
+// Creates a shell namespace that uses these sources.
 [[nodiscard]] ShellFolderPtr MakeDesktopFolder(ShellSources sources);
 
 }  // namespace quorbit

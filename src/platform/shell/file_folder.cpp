@@ -26,7 +26,7 @@ std::string FileFolder::ParsingNameOf(const ItemIdContent& item) const
     if (item.kind < ShellItemKind::Folder) {
         return {};
     }
-    // On a mapped drive a name with a backslash in it would be the path of another item.
+    // On a mapped drive, a name that contains a backslash would be the path of another item.
     const char separator = SeparatorOf(m_strPath);
     if (item.name.find(separator) != std::string_view::npos) {
         return {};

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A folder on a disk, or a whole volume.
+// A folder on a disk, or the root folder of a volume. Immutable; any thread.
 
 #pragma once
 
@@ -14,7 +14,7 @@ namespace quorbit {
 
 class FileFolder final : public SystemFolder {
 public:
-    // path: absolute, native or of a mapped drive, with closing separator.
+    // path: absolute, native or of a mapped drive, with trailing separator.
     FileFolder(std::shared_ptr<const ShellContext> context, std::string path);
 
     [[nodiscard]] std::unique_ptr<ShellEnumerator> EnumObjects(std::uint32_t flags,

@@ -45,11 +45,11 @@ void FolderFeed::DeliverNow()
     FolderBatch batch = m_reader.Take(kMostItems);
     m_bNews = !batch.ended && batch.items.size() == kMostItems;
     if (m_bEnded || (batch.items.empty() && !batch.ended)) {
-        return;  // an announcement of what an earlier delivery has taken along
+        return;  // an earlier delivery has already taken these items
     }
     m_bEnded = batch.ended;
     m_pause.start();
-    // The last use of the feed: it may be gone when this returns.
+    // deliver may destroy the feed, so call a copy and do not use members afterwards.
     const Deliver deliver = m_deliver;
     deliver(std::move(batch));
 }

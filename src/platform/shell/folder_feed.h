@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Brings what a FolderReader reads into a thread with an event loop, in portions that such a thread
-// can take without standing still, at most about 30 times a second.
+// Delivers the items that a FolderReader reads to a thread with an event loop, in batches small
+// enough to keep it responsive, at most about 30 times per second.
 
 #pragma once
 
@@ -18,11 +18,11 @@ class FolderFeed {
 public:
     using Deliver = std::function<void(FolderBatch)>;
 
-    // Begins at once. deliver is called by the event loop of the thread that makes the feed, never
-    // from within the constructor; the last time with a batch that has ended, possibly without
-    // items. It may destroy the feed.
+    // Starts reading at once. deliver is called from the event loop of the thread that creates the
+    // feed, never from the constructor. The last call has batch.ended set and may contain no items.
+    // deliver may destroy the feed.
     FolderFeed(ShellFolderPtr folder, const FolderRequest& request, Deliver deliver);
-    // Stops the reading and returns at once. To be called in the thread that made it.
+    // Stops reading and returns at once. Call it in the thread that created the feed.
     ~FolderFeed() = default;
     FolderFeed(const FolderFeed&) = delete;
     FolderFeed& operator=(const FolderFeed&) = delete;
@@ -32,10 +32,10 @@ private:
     void DeliverNow();
 
     Deliver m_deliver;
-    bool m_bNews = false;   // something may be there that has not been delivered
-    bool m_bEnded = false;  // the last batch has been delivered
-    QTimer m_pause;         // runs for a while after each delivery
-    QObject m_receiver;     // what the reading thread posts to
+    bool m_bNews = false;   // undelivered items may exist
+    bool m_bEnded = false;  // the last batch was delivered
+    QTimer m_pause;         // active for a while after each delivery
+    QObject m_receiver;     // target of the events that the reading thread posts
     FolderReader m_reader;
 };
 

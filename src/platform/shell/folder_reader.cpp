@@ -16,19 +16,19 @@
 
 namespace quorbit {
 
-// What the reader and its thread share.
+// State shared by the reader and its thread.
 class FolderReader::Channel {
 public:
-    // Reading thread. Put returns whether there was nothing to take before.
+    // Reading thread. Put returns true if the queue was empty.
     bool Put(FolderItem item);
     void End(std::optional<Error> error);
 
-    // Thread of the reader.
+    // The reader's thread.
     [[nodiscard]] FolderBatch Take(std::size_t atMost);
     bool WaitForEnd(std::chrono::milliseconds atMost);
 
 private:
-    std::mutex m_mutex;  // for all of the below
+    std::mutex m_mutex;  // guards all members below
     std::condition_variable m_atEnd;
     std::deque<FolderItem> m_items;
     bool m_bEnded = false;
@@ -75,7 +75,7 @@ bool FolderReader::Channel::WaitForEnd(std::chrono::milliseconds atMost)
 
 namespace {
 
-// The work of the thread. An item that cannot be named ends it.
+// Reads the folder in the background thread. Stops at the first error.
 class Reading {
 public:
     Reading(ShellFolderPtr folder, const FolderRequest& request)

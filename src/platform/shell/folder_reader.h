@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Reads a folder of the shell namespace in a thread of its own, so that a window stays alive while
-// a server does not answer or a folder has a million items. The items are handed over as they come.
+// Reads a folder of the shell namespace in a background thread, so that a window stays responsive
+// while a server does not respond or a folder contains a million items. Items are available as soon
+// as they are read.
 
 #pragma once
 
@@ -25,43 +26,44 @@ namespace quorbit {
 
 struct FolderRequest {
     std::uint32_t flags = 0;       // SHCONTF_
-    std::uint32_t attributes = 0;  // SFGAO_ bits that are wanted
-    bool details = false;          // size, time and attribute word of what is no folder
-    bool types = false;            // names of types
+    std::uint32_t attributes = 0;  // requested SFGAO_ bits
+    bool details = false;  // read size, time and attribute word of items that are not folders
+    bool types = false;    // determine the names of types
 };
 
 struct FolderItem {
     ItemIdList id;  // single id
     std::uint32_t attributes = 0;
-    std::string name;                 // to be shown
-    std::string type;                 // if asked for
-    std::optional<FindData> details;  // if asked for; nothing where they could not be read
+    std::string name;                 // display name
+    std::string type;                 // if requested
+    std::optional<FindData> details;  // if requested; nullopt if they could not be read
 };
 
 struct FolderBatch {
     std::vector<FolderItem> items;  // in the order of the folder
-    bool ended = false;             // nothing comes after these
-    std::optional<Error> error;     // once ended: why the rest of the folder could not be read
+    bool ended = false;             // no more items follow
+    std::optional<Error> error;     // if ended: why the rest of the folder could not be read
 };
 
-// To be used in one thread. The reading goes on in another one, which is never waited for: when it
-// hangs in a call to the system, it is left behind, with what it holds, until the call returns.
+// One thread at a time. Reading runs in another thread that is never joined: if it hangs in a
+// system call, it is left behind with the memory that it uses until the call returns.
 class FolderReader {
 public:
-    // Begins at once. onNews is called in the reading thread when there is something to take after
-    // there was nothing, and at the end; it must return soon and must not use or destroy the
-    // reader. It may be empty.
+    // Starts reading at once. onNews is called in the reading thread when the first items become
+    // available after the queue was empty, and at the end. It must return soon and must not use or
+    // destroy the reader. It may be empty. If no thread can be created, it is called from the
+    // constructor and the batch contains the error.
     FolderReader(ShellFolderPtr folder, const FolderRequest& request,
                  std::function<void()> onNews = {});
-    // Stops the reading and returns at once; afterwards onNews is not called any more.
+    // Stops reading and returns at once. onNews is not called after that.
     ~FolderReader() = default;
     FolderReader(const FolderReader&) = delete;
     FolderReader& operator=(const FolderReader&) = delete;
 
-    // What has come since, that many items at most. Does not wait.
+    // Returns at most `atMost` items that were read since the last call. Does not block.
     [[nodiscard]] FolderBatch Take(std::size_t atMost = SIZE_MAX);
 
-    // Waits until everything has been read, or the time is over. Whether it has.
+    // Waits until the folder has been read. Returns false after `atMost`.
     bool WaitForEnd(std::chrono::milliseconds atMost);
 
 private:

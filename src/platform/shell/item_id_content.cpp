@@ -41,7 +41,7 @@ bool IsVolumePath(std::string_view path)
     return !path.empty() && path.find('\0') == std::string_view::npos;
 }
 
-// text is what stands behind kind and detail.
+// text: the content of the id after kind and detail.
 std::optional<ItemIdContent> ReadVolume(std::uint8_t detail, std::string_view text)
 {
     if (text.size() < kPathLengthSize) {
@@ -57,7 +57,8 @@ std::optional<ItemIdContent> ReadVolume(std::uint8_t detail, std::string_view te
                          text.substr(length)};
 }
 
-// All that are no folders count alike: a parsing name does not tell a link from a file.
+// Treats all items that are not folders alike, since a parsing name does not distinguish a link
+// from a file.
 int Rank(ShellItemKind kind)
 {
     return static_cast<int>(std::min(kind, ShellItemKind::File));

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the ids of our own folders hold: a byte for the kind, a byte of detail, and the name. The id
-// of a volume holds its path and its label; the path's length stands before them, u16 little
-// endian.
+// Encodes and decodes the ids of Quorbit's own folders: a byte for the kind, a byte of detail, and
+// the name. The id of a volume contains the length of its path (u16, little endian), its path and
+// its label.
 
 #pragma once
 
@@ -22,26 +22,28 @@ enum class ShellItemKind : std::uint8_t {
     Volume = 3,    // detail: a VolumeKind
     Folder = 4,
     File = 5,
-    Link = 6,     // an item of its own, never a folder, whatever it points to
+    Link = 6,     // a symbolic link itself; never a folder, whatever its target
     Special = 7,  // FIFO, socket, device
 };
 
-// Detail of Network and Folder: may have folders in it.
+// Detail of Network and Folder: may contain folders.
 inline constexpr std::uint8_t kHasSubfolder = 1;
 
-// The texts belong to the id that the content was read from, or to whoever makes one.
+// The decoded content of an id. Does not own its texts: they point into the id, or into strings of
+// the caller.
 struct ItemIdContent {
     ShellItemKind kind = ShellItemKind::File;
     std::uint8_t detail = 0;
-    std::string_view name;   // bytes; of a volume its path with closing separator
+    std::string_view name;   // bytes; for a volume its path with trailing separator
     std::string_view label;  // volumes only: the display name
 };
 
-// A single id; null if the texts do not fit into an id.
+// Returns a single id, or a null list if the texts are too long (65,535 bytes per id).
 [[nodiscard]] ItemIdList MakeItemId(const ItemIdContent& content);
 
-// Nothing if the view begins with no id of ours. A name that comes out of here is one component of
-// a path and leads nowhere else.
+// Decodes the first id of a view. Returns nullopt if it is not one of ours. The name of a folder,
+// file, link or special file is guaranteed to be one path component, so it cannot lead out of its
+// folder.
 [[nodiscard]] std::optional<ItemIdContent> ReadItemId(ItemIdView id);
 
 [[nodiscard]] constexpr bool IsFolderKind(ShellItemKind kind)
@@ -49,7 +51,7 @@ struct ItemIdContent {
     return kind <= ShellItemKind::Folder;
 }
 
-// The order of ShellFolder::CompareIDs.
+// Compares in the order of ShellFolder::CompareIDs.
 [[nodiscard]] int CompareContents(const ItemIdContent& first, const ItemIdContent& second,
                                   const NameOrder& order);
 

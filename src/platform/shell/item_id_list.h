@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Item id lists: how the shell namespace names its items. A list is a run of ids and a terminator:
+// Item id lists identify the items of the shell namespace. A list is a sequence of ids and a
+// terminator:
 //
-//   id          u16, little endian: size of the id in bytes, these two included; then its own bytes
+//   id          u16, little endian: size of the id in bytes, including these two; then its content
 //   terminator  u16, 0
 //
-// A list with one id (a single id) belongs to the folder that gave it out. A list from the desktop
-// down is an absolute list; the desktop itself is the list without an id, and no list at all means
-// the same.
+// A list with one id (a single id) belongs to the folder that returned it. A list that starts at
+// the desktop is an absolute list. The desktop itself is the list without ids or a null list.
 
 #pragma once
 
@@ -20,16 +20,16 @@
 
 namespace quorbit {
 
-// Bytes that begin at an id or at a terminator. Does not own them. A view that is cut short or
-// damaged ends at the last id that is whole.
+// Bytes that start at an id or a terminator. Not owned. A truncated or damaged view ends after its
+// last complete id.
 using ItemIdView = std::span<const std::uint8_t>;
 
-// A list that owns its bytes.
+// Owns the bytes of a list.
 class ItemIdList {
 public:
-    // No list at all.
+    // A null list.
     ItemIdList() = default;
-    // Bytes of the form above.
+    // bytes: in the format above.
     explicit ItemIdList(std::vector<std::uint8_t> bytes) : m_bytes(std::move(bytes)) {}
 
     [[nodiscard]] bool IsNull() const { return m_bytes.empty(); }
@@ -37,14 +37,15 @@ public:
     [[nodiscard]] ItemIdView View() const { return m_bytes; }
     operator ItemIdView() const { return m_bytes; }  // NOLINT(google-explicit-constructor)
 
-    // The same bytes. Two lists for one item need not be the same bytes; see ShellFolder.
+    // Compares bytes. Lists of the same item may differ; see ShellFolder.
     bool operator==(const ItemIdList&) const = default;
 
 private:
     std::vector<std::uint8_t> m_bytes;
 };
 
-// Size of the id that the view begins with; 0 at a terminator and at the end of the view.
+// Returns the size in bytes of the first id of the view, or 0 at a terminator and at the end of the
+// view.
 [[nodiscard]] std::size_t ItemIdSize(ItemIdView id);
 
 }  // namespace quorbit

@@ -17,8 +17,8 @@ namespace quorbit {
 
 namespace {
 
-// A look-up of a name that the database does not know takes it about 0.1 ms. Reading the patterns,
-// so that equal extensions are looked up once, takes it as long as some thousands of those.
+// Looking up a name that the database does not know takes about 0.1 ms. Reading all patterns, which
+// is needed to cache by extension, takes as long as a few thousand look-ups.
 constexpr std::size_t kLookUpsBeforePatterns = 2000;
 constexpr std::size_t kMostRemembered = 4096;
 
@@ -57,7 +57,8 @@ std::string TypeOfVolume(VolumeKind kind)
     }
 }
 
-// "QRB File" for "a.qrb", "File" without an extension; a leading dot begins none.
+// Returns "QRB File" for "a.qrb", and "File" without an extension. A leading dot does not start an
+// extension.
 std::string TypeByExtension(std::string_view name)
 {
     const std::size_t dot = name.rfind('.');
@@ -71,7 +72,7 @@ std::string TypeByExtension(std::string_view name)
     return Printable(extension) + " File";
 }
 
-// The name from the last dots on, that many at most; empty without a dot.
+// Returns the end of the name with at most that many dots; empty without a dot.
 std::string Extension(std::string_view name, std::size_t dots)
 {
     std::size_t start = name.size();
@@ -186,7 +187,7 @@ void ItemTypes::ReadPatterns()
     }
 }
 
-// False if the name as a whole may tell the type, as that of a "makefile" does.
+// Returns false if a pattern other than an extension matches the name, e.g. "makefile".
 bool ItemTypes::DependsOnExtension(const std::string& name) const
 {
     const QString text = QString::fromStdString(name);

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Types and icons of items by their names, from the system's database of MIME types. Contents are
-// never looked at.
+// Types and icons of items by name, from the shared MIME database. Never reads file contents.
 
 #pragma once
 
@@ -18,21 +17,21 @@
 
 namespace quorbit {
 
-// Names of the freedesktop Icon Naming Specification 0.8 and of MIME types; a theme may lack the
-// first, and then has the second.
+// Names of the freedesktop Icon Naming Specification 0.8 and of MIME types. `fallback` is used if
+// the theme lacks `name`.
 struct ItemIcon {
     std::string name;
     std::string fallback;
 };
 
-// Icon of a single id. Any thread.
+// Returns the icon of a single id. open: for a folder that is selected in a tree. Any thread.
 [[nodiscard]] ItemIcon IconOfItem(ItemIdView id, bool open);
 
-// Names of types, for many items in turn. One thread at a time.
+// Type names of many items. Caches by extension. One thread at a time.
 class ItemTypes {
 public:
-    // In the user's language where the database has it; a file that it does not know is called
-    // after its extension: "QRB File".
+    // Returns the type in the user's language, if the database has a translation. A file of unknown
+    // type is named after its extension: "QRB File". Empty for a foreign id.
     [[nodiscard]] std::string TypeOf(ItemIdView id);
 
 private:
@@ -44,8 +43,8 @@ private:
     QMimeDatabase m_database;
     std::size_t m_nLookUps = 0;
     bool m_bPatternsRead = false;
-    std::size_t m_nMostDots = 0;                      // in a pattern that is an extension
-    std::vector<QRegularExpression> m_otherPatterns;  // those that are not extensions
+    std::size_t m_nMostDots = 0;                      // in a pattern that is only an extension
+    std::vector<QRegularExpression> m_otherPatterns;  // patterns that are not only an extension
     std::unordered_map<std::string, std::string> m_byExtension;
 };
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A walk over items that are known when it begins, then over those of another walk.
+// Enumerates a list of ids that is computed at the first Next, then the items of another
+// enumerator.
 
 #pragma once
 
@@ -16,17 +17,17 @@ namespace quorbit {
 
 class ListEnumerator final : public ShellEnumerator {
 public:
-    // make: gives the ids, called at the first Next; null ids are passed over.
-    // rest: may be null. One whose folder is not there counts as empty.
+    // make: returns the ids; called at the first Next. Null ids are skipped. rest: may be null. It
+    // counts as empty if its folder does not exist.
     explicit ListEnumerator(std::function<std::vector<ItemIdList>()> make,
                             std::unique_ptr<ShellEnumerator> rest = nullptr);
 
     Result<std::optional<ItemIdList>> Next() override;
-    // Only an item of the rest has details.
+    // NotSupported unless the item is from `rest`.
     Result<FindData> ReadDetails() override;
 
 private:
-    std::function<std::vector<ItemIdList>()> m_make;  // empty once it has been called
+    std::function<std::vector<ItemIdList>()> m_make;  // empty after it was called
     std::vector<ItemIdList> m_ids;
     std::size_t m_nNext = 0;
     bool m_bInRest = false;

@@ -10,7 +10,7 @@ namespace quorbit {
 
 namespace {
 
-// Without a language there would be neither numbers nor letters, only code points.
+// The C locale compares code points and supports neither numeric order nor case folding.
 QLocale LanguageToSortBy()
 {
     const QLocale user;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The order in which a person expects names: numbers by their value, case aside, letters by the
-// rules of the user's language. Names that such an order calls equal are told apart by their bytes,
-// so that only one and the same name is equal.
+// Sorts names as users expect: numbers by value, ignoring case, letters by the rules of the user's
+// language. Names that compare equal by these rules are ordered by their bytes, so only identical
+// names are equal.
 
 #pragma once
 
@@ -15,14 +15,14 @@ namespace quorbit {
 
 class NameOrder {
 public:
-    // By the language that is set at that moment.
+    // Uses the default locale at the time of the call.
     NameOrder();
 
-    // Names are bytes. Any thread.
+    // Returns a negative value, 0 or a positive value. Names are bytes. Any thread.
     [[nodiscard]] int Compare(std::string_view first, std::string_view second) const;
 
 private:
-    mutable std::mutex m_mutex;  // a collator is not to be used by two threads at once
+    mutable std::mutex m_mutex;  // QCollator is not thread-safe
     QCollator m_collator;
 };
 

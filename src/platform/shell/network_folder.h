@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// "Network Neighborhood": network drives, and the places that the desktop has opened through GVfs.
+// The "Network Neighborhood" folder: network drives, and the locations that the desktop has mounted
+// through GVfs. Immutable; any thread.
 
 #pragma once
 
@@ -18,7 +19,7 @@ class NetworkFolder final : public SystemFolder {
 public:
     using SystemFolder::SystemFolder;
 
-    // The network drives come first: GVfs has to be asked for its places.
+    // Enumerates the network drives first, since listing the GVfs locations may block.
     [[nodiscard]] std::unique_ptr<ShellEnumerator> EnumObjects(std::uint32_t flags,
                                                                std::stop_token stop) const override;
 
@@ -27,7 +28,7 @@ private:
     [[nodiscard]] std::shared_ptr<const ShellFolder> Bind(const ItemIdContent& item) const override;
 };
 
-// Whether there may be anything in it.
+// Returns true if the folder may contain items. Accesses no mount point.
 [[nodiscard]] bool HasNetworkPlaces(const ShellContext& context,
                                     const std::vector<MountEntry>& mounts);
 

@@ -18,7 +18,7 @@ namespace quorbit {
 
 namespace {
 
-// An absolute list, and what of the path is not in it yet.
+// An absolute list, and the rest of the path to append to it.
 struct Start {
     ItemIdList list;
     std::string_view rest;
@@ -29,7 +29,7 @@ ItemIdList Single(ShellItemKind kind, std::string_view name = {})
     return MakeItemId({kind, kHasSubfolder, name, {}});
 }
 
-// The place below a GVfs mount point that the path lies in.
+// Returns the location below a GVfs mount point that contains the path.
 std::optional<Start> InGvfsPlace(const std::vector<MountEntry>& mounts, std::string_view path)
 {
     for (const std::string& mountPoint : ListGvfsFolders(mounts)) {
@@ -47,7 +47,7 @@ std::optional<Start> InGvfsPlace(const std::vector<MountEntry>& mounts, std::str
     return std::nullopt;
 }
 
-// The innermost volume that the path is or lies on.
+// Returns the innermost volume that contains the path.
 std::optional<Start> OnVolume(const std::vector<ShellVolume>& volumes, std::string_view path)
 {
     const ShellVolume* best = nullptr;
@@ -65,8 +65,8 @@ std::optional<Start> OnVolume(const std::vector<ShellVolume>& volumes, std::stri
                  path.substr(std::min(best->path.size(), path.size()))};
 }
 
-// Adds the components of the rest. Only the last can be anything but a folder, and it is if no
-// separator closes it.
+// Appends the components of the rest. All of them are folders except the last one without a
+// trailing separator.
 Result<ItemIdList> Descend(Start start, char separator)
 {
     std::string_view rest = start.rest;
@@ -86,7 +86,7 @@ Result<ItemIdList> Descend(Start start, char separator)
     return std::move(start.list);
 }
 
-// A drive letter is the same in both cases; the drives have capital ones.
+// Drive letters are case-insensitive; the ids of drives use upper case.
 std::string WithCapitalDrive(std::string_view path)
 {
     std::string text(path);

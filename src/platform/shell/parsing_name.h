@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// From a parsing name to an absolute item id list.
+// Converts a parsing name to an absolute item id list. Any thread.
 
 #pragma once
 
@@ -12,9 +12,10 @@
 
 namespace quorbit {
 
-// See ShellFolder::ParseDisplayName. A path leads through My Computer by the innermost volume that
-// it lies on, and through Network Neighborhood if it lies in a GVfs place. Missing if its drive is
-// not mapped.
+// See ShellFolder::ParseDisplayName. The list of a path goes through Network Neighborhood if the
+// path is in a GVfs location, and otherwise through My Computer and the innermost volume that
+// contains the path. Missing if its drive is not mapped; Invalid if the path is relative or
+// contains "." or "..".
 [[nodiscard]] Result<ItemIdList> ParseAbsoluteName(const ShellContext& context,
                                                    std::string_view name);
 

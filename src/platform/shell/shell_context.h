@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What all folders of one shell namespace share.
+// Data shared by all folders of a shell namespace. Any thread.
 
 #pragma once
 
@@ -24,17 +24,17 @@ struct ShellContext {
     ShellSources sources;
     NameOrder order;
 
-    // As it is now; empty if it cannot be read.
+    // Reads the current mount table; empty if it cannot be read.
     [[nodiscard]] std::vector<MountEntry> Mounts() const;
-    // Drives of My Computer, by path. Network drives are among them.
+    // Returns the drives of My Computer, sorted by path. Includes network drives.
     [[nodiscard]] std::vector<ShellVolume> Volumes(const std::vector<MountEntry>& mounts) const;
 };
 
-// The single id of a volume, and of a place below a GVfs mount point.
+// Create the single id of a volume, and of a location below a GVfs mount point.
 [[nodiscard]] ItemIdList MakeVolumeId(const ShellVolume& volume);
 [[nodiscard]] ItemIdList MakeGvfsId(const std::string& mountPoint, std::string_view name);
 
-// Parsing names of what has no path.
+// Parsing names of the folders that have no path.
 inline constexpr std::string_view kComputerParsingName = "::My Computer";
 inline constexpr std::string_view kNetworkParsingName = "::Network Neighborhood";
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A folder of the shell namespace: the desktop, "My Computer", "Network Neighborhood", a drive, a
-// folder on a drive.
+// A folder of the shell namespace: the desktop, "My Computer", "Network Neighborhood", a drive, or
+// a folder on a drive.
 //
-// Only an enumerator touches a disk. Everything else answers from the ids, so that it may be asked
-// in the window's thread though the disk behind the folder does not answer any more. What that
-// costs: a folder that has meanwhile gone can still be bound, and first its enumerator tells.
+// Only enumerators access a disk. All other functions use only the ids, so they can be called in
+// the user interface thread even if the disk does not respond. Therefore a deleted folder can still
+// be bound; only its enumerator reports the error.
 //
-// Folders are immutable and shared; any thread.
+// Folders are immutable and shared. Any thread.
 
 #pragma once
 
@@ -25,17 +25,17 @@
 
 namespace quorbit {
 
-// One walk over the items of a folder. One thread at a time; may wait for a disk, for ever if that
-// is a server that does not answer: FolderReader walks where nobody waits.
+// Enumerates the items of a folder. One thread at a time. May block for ever on a server that does
+// not respond, so the user interface uses FolderReader.
 class ShellEnumerator {
 public:
     virtual ~ShellEnumerator() = default;
 
-    // The single id of the next item, nothing at the end or after a stop. After an error the walk
-    // is over.
+    // Returns the single id of the next item, or nullopt at the end or after a stop. An error ends
+    // the enumeration.
     virtual Result<std::optional<ItemIdList>> Next() = 0;
 
-    // Name, kind, size, time and attribute word of the item that Next gave last.
+    // Returns name, kind, size, time and attribute word of the item that Next returned last.
     virtual Result<FindData> ReadDetails() = 0;
 };
 
@@ -43,36 +43,40 @@ class ShellFolder {
 public:
     virtual ~ShellFolder() = default;
 
-    // flags: SHCONTF_. The items come in no particular order. A stop that is asked for ends the
-    // walk at the next item. Never null; a folder that cannot be read shows at the first Next.
-    // Without SHCONTF_INCLUDEHIDDEN the attributes of each item have to be read; who needs folders
-    // alone saves much by asking for SHCONTF_FOLDERS alone.
+    // flags: SHCONTF_. Items are in no particular order. A stop request ends the enumeration at the
+    // next item. Never null; errors are reported by the first Next. Without SHCONTF_INCLUDEHIDDEN
+    // the attributes of each item must be read. Callers that need only folders should pass only
+    // SHCONTF_FOLDERS, since other items are then skipped unread.
     [[nodiscard]] virtual std::unique_ptr<ShellEnumerator> EnumObjects(
         std::uint32_t flags, std::stop_token stop) const = 0;
 
-    // Those bits of the mask (SFGAO_) that the item has.
+    // Returns the bits of the mask (SFGAO_) that the item has.
     [[nodiscard]] virtual Result<std::uint32_t> GetAttributesOf(ItemIdView id,
                                                                 std::uint32_t mask) const = 0;
 
-    // SHGDN_NORMAL: text for the screen. Control characters and bytes that are not UTF-8 are
-    // escaped, so it need not be a name that the system knows.
-    // SHGDN_FORPARSING: the item's path as bytes, with a closing separator for a folder; for what
-    // has no path, a name that ParseDisplayName of the desktop understands.
+    // SHGDN_NORMAL: returns text for display. Control characters and bytes that are not UTF-8 are
+    // escaped, so it may differ from the file name.
+    //
+    // SHGDN_FORPARSING: returns the item's path as bytes, with a trailing separator for a folder.
+    // If the item has no path, returns a name that the desktop's ParseDisplayName accepts, or
+    // Missing.
     [[nodiscard]] virtual Result<std::string> GetDisplayNameOf(ItemIdView id,
                                                                std::uint32_t flags) const = 0;
 
-    // The folder that an item of this folder is; NotAFolder for any other item.
+    // Returns the folder for an item of this folder; NotAFolder for any other item.
     [[nodiscard]] virtual Result<std::shared_ptr<const ShellFolder>> BindToObject(
         ItemIdView id) const = 0;
 
-    // Negative, zero or positive. Zero only for the same item of one folder: ids of two folders are
-    // compared by what they hold, which is a name. My Computer, Network Neighborhood, volumes,
-    // folders, then the rest; names as a person sorts them: numbers by their value, case aside.
+    // Returns a negative value, 0 or a positive value. Items of the same folder are equal only if
+    // they are the same item. Ids of different folders are compared by their content, which is a
+    // name. Order: My Computer, Network Neighborhood, volumes, folders, then all other items; names
+    // in the order of NameOrder.
     [[nodiscard]] virtual Result<int> CompareIDs(ItemIdView first, ItemIdView second) const = 0;
 
-    // The absolute list for a parsing name; only the desktop parses. A closing separator says that
-    // the last name is that of a folder, as in the names that folders give. Whether there is such
-    // an item is not looked at. Relative paths, and those with "." or ".." in them, are refused.
+    // Returns the absolute list of a parsing name; NotSupported except for the desktop. A trailing
+    // separator marks the last name as a folder, as in the names that folders return. Does not
+    // check that the item exists. Relative paths and paths with "." or ".." are rejected with
+    // Invalid.
     [[nodiscard]] virtual Result<ItemIdList> ParseDisplayName(std::string_view name) const = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What hangs on a row of a list of the shell namespace.
+// The data of a row in a list of the shell namespace.
 
 #pragma once
 
@@ -13,11 +13,11 @@
 
 namespace quorbit {
 
-// Texts are whole, whatever their length, and the time goes beyond 2038.
+// Texts are never truncated, and the time is not limited to 2038.
 struct ShellListItem {
-    ShellFolderPtr m_pFolder;          // the folder that is shown
+    ShellFolderPtr m_pFolder;          // the displayed folder
     ItemIdList m_pidlItem;             // single id of the row in that folder
-    std::int32_t m_nRow = 0;           // the row that it was inserted as
+    std::int32_t m_nRow = 0;           // the row number at insertion
     std::uint32_t m_dwAttributes = 0;  // SFGAO_ bits
     std::string m_szName;              // display name, as shown
     std::string m_szType;              // type name, as shown

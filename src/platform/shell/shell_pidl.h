@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What trees and lists of the shell namespace do with its items: the arithmetic of item id lists,
-// and look-ups of names and icons. Holds nothing and acts on its arguments alone; made to be a
-// second base class of a pane. None of it touches a disk. Failures give nothing and say nothing.
+// Functions on item id lists, and look-ups of names and icons, for trees and lists of the shell
+// namespace. Stateless, so it can be a second base class of a pane. Accesses no disk. On failure,
+// returns an empty result. Any thread.
 
 #pragma once
 
@@ -21,41 +21,44 @@ namespace quorbit {
 
 class CShellPidl {
 public:
-    // What stands behind the first id of the view; the view itself if it has none.
+    // Returns the view after its first id, or the view itself if it has none.
     [[nodiscard]] static ItemIdView GetNextItemId(ItemIdView id);
-    // Bytes of all ids and of the terminator; 0 for no list.
+    // Returns the size in bytes of all ids and the terminator; 0 for a null list.
     [[nodiscard]] static std::size_t GetIdListSize(ItemIdView list);
-    // That many zero bytes.
+    // Returns a list of `size` zero bytes.
     [[nodiscard]] static ItemIdList CreateIdList(std::size_t size);
-    // The ids of the first list, then those of the second. Either may be no list.
+    // Returns a list of the ids of the first list, then those of the second. Either may be null.
     [[nodiscard]] static ItemIdList ConcatIdLists(ItemIdView first, ItemIdView second);
-    // The first id and a terminator.
+    // Returns the first id and a terminator.
     [[nodiscard]] static ItemIdList CopySingleItemId(ItemIdView id);
 
-    // flags: SHGDN_. The name is whole, however long: one that is cut could be another item's.
+    // flags: SHGDN_. The name is never truncated, since a truncated name could be that of another
+    // item.
     [[nodiscard]] static std::optional<std::string> GetItemName(const ShellFolder& folder,
                                                                 ItemIdView id, std::uint32_t flags);
-    // By way of the item's parsing name, so that the list leads there by the shortest way and not
-    // by the one that was taken. Where the folder's own list is at hand, ConcatIdLists is cheaper.
+    // Converts the item's parsing name, so the list is the canonical one, regardless of the folders
+    // through which the item was reached. If the folder's own list is available, ConcatIdLists is
+    // cheaper.
     [[nodiscard]] static std::optional<ItemIdList> GetAbsoluteIdList(const ShellFolder& desktop,
                                                                      const ShellFolder& folder,
                                                                      ItemIdView id);
-    // Path of an item with SFGAO_FILESYSTEM, as bytes, without closing separator unless it is a
-    // root ("/", "C:\").
+    // Returns the path of an item with SFGAO_FILESYSTEM, as bytes, without trailing separator
+    // except for a root ("/", "C:\").
     [[nodiscard]] static std::optional<std::string> GetPathOf(const ShellFolder& folder,
                                                               ItemIdView id);
     [[nodiscard]] static std::optional<std::string> GetPathFromIdList(const ShellFolder& desktop,
                                                                       ItemIdView list);
 
-    // Icon of the last item of a list, which may be a single id. open: as of a selected tree node.
+    // Returns the icon of the last item of a list, which may be a single id. open: for a selected
+    // tree node.
     [[nodiscard]] static ItemIcon GetItemIcon(ItemIdView list, bool open);
 
-    // Whether two items are the same one, though they may come from two folders.
+    // Returns true if two items, possibly of different folders, have the same parsing name.
     [[nodiscard]] static bool IsSameItem(const ShellFolder& firstFolder, ItemIdView first,
                                          const ShellFolder& secondFolder, ItemIdView second);
 };
 
-// The order of two nodes below one parent. Equal if they cannot be compared.
+// Compares two nodes of the same parent. Returns 0 if they cannot be compared.
 [[nodiscard]] int CompareItemIds(const ShellTreeItem& first, const ShellTreeItem& second);
 
 }  // namespace quorbit

@@ -12,8 +12,7 @@ namespace quorbit {
 
 namespace {
 
-// By the xdg-user-dirs convention a user who wants no desktop folder has it point to the home
-// folder.
+// xdg-user-dirs: a desktop folder that is the home folder means that there is none.
 std::string FindDesktopFolder()
 {
     const QString folder =

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where the shell namespace has its knowledge of the machine from.
+// The system data that the shell namespace is built from; replaceable by tests.
 
 #pragma once
 
@@ -16,17 +16,17 @@
 namespace quorbit {
 
 struct ShellSources {
-    // The mount table as it is now. Called in any thread; must touch no mount point.
+    // Returns the current mount table. Called in any thread; must not access mount points.
     std::function<Result<std::vector<MountEntry>>()> readMounts;
     // The user's desktop folder, native and absolute; empty if there is none.
     std::string desktopFolder;
     DriveMap drives;
-    // Where devices are, with closing separator.
+    // Folder of device files, with trailing separator.
     std::string deviceFolder = "/dev/";
 };
 
-// Those of this machine and of the user who runs the program. The desktop folder is read from the
-// user's settings, once.
+// Returns the sources of this machine and the current user. Reads the desktop folder from the
+// user's settings once.
 [[nodiscard]] ShellSources SystemShellSources(DriveMap drives);
 
 }  // namespace quorbit

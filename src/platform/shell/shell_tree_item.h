@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What hangs on a node of a tree of the shell namespace.
+// The data of a node in a tree of the shell namespace.
 
 #pragma once
 

@@ -62,7 +62,7 @@ Result<std::uint32_t> SystemFolder::GetAttributesOf(ItemIdView id, std::uint32_t
     if (!item) {
         return NoSuchItem();
     }
-    // Without a path it is no object of a file system, whatever it is on the disk.
+    // Without a parsing name the item is not accessible as a file, whatever it is on the disk.
     constexpr std::uint32_t kNeedsPath =
         SFGAO_FILESYSTEM | SFGAO_FILESYSANCESTOR | SFGAO_HASSUBFOLDER | SFGAO_CANRENAME;
     const std::uint32_t attributes = AttributesOf(*item);

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the folders of our namespace have in common: they answer from the ids.
+// Common base class of the folders of the namespace; implements everything that needs only the ids.
+// Immutable; any thread.
 
 #pragma once
 
@@ -29,9 +30,9 @@ protected:
     [[nodiscard]] const std::shared_ptr<const ShellContext>& Context() const { return m_context; }
 
 private:
-    // For an item that this folder could have given out; empty if it has no parsing name.
+    // Returns the parsing name of an item of this folder; empty if it has none.
     [[nodiscard]] virtual std::string ParsingNameOf(const ItemIdContent& item) const = 0;
-    // The folder for such an item that is one; null if it has no parsing name.
+    // Returns the folder for an item of this folder; null if it has no parsing name.
     [[nodiscard]] virtual std::shared_ptr<const ShellFolder> Bind(
         const ItemIdContent& item) const = 0;
 
