@@ -127,8 +127,9 @@ Result<std::uint64_t> ContentCopier::CopyRange(const ContentJob& job, std::uint6
         if (copied < 0) {
             job.facts.rangeRefused = true;
         } else if (copied == 0) {
-            break;  // the end, or a file system that says so where it means "not by me": reading
-                    // tells
+            // The end of the source, or a file system that returns 0 instead of an error. Stream()
+            // reads from here and finds out which.
+            break;
         } else {
             offset += static_cast<std::uint64_t>(copied);
             Report(job, static_cast<std::uint64_t>(copied));

@@ -37,7 +37,7 @@ void ResetSignals()
     sigset_t none;
     ::sigemptyset(&none);
     for (int number = 1; number < NSIG; ++number) {
-        ::sigaction(number, &standard, nullptr);  // fails for SIGKILL and SIGSTOP
+        ::sigaction(number, &standard, nullptr);  // fails e.g. for SIGKILL
     }
     ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
 }
@@ -131,8 +131,8 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
         if (HasNul(argument)) {
             return ErrorFromErrno(EINVAL);
         }
-        launch.arguments.push_back(
-            const_cast<char*>(argument.c_str()));  // execv(3) only reads them
+        // The cast is safe: execv(3) does not modify the arguments.
+        launch.arguments.push_back(const_cast<char*>(argument.c_str()));
     }
     if (arguments.empty() || HasNul(folder)) {
         return ErrorFromErrno(EINVAL);

@@ -242,8 +242,9 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxByte
     if (static_cast<std::uint64_t>(details.st_size) > maxBytes) {
         return tooLarge;
     }
-    // Read one byte more than the size: a short read then proves the end of the file. The size is
-    // only a hint, since the file may grow and files in /proc report 0.
+    // Leave room for one byte more than the size, so that the read at the end of the file does not
+    // need a larger buffer. The size is only a hint, since the file may grow and files in /proc
+    // report 0.
     constexpr std::size_t kLeastRoom = 4096;
     std::string content;
     std::size_t done = 0;
