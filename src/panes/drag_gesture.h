@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The beginning of a drag with the left or the right button: pressed on an item, then moved far
-// enough. User interface thread only.
+// Recognises clicks and drags of the left and the right mouse button. A drag starts when the mouse
+// moves at least QApplication::startDragDistance() from the press. User interface thread only.
 
 #pragma once
 
@@ -17,14 +17,14 @@ namespace quorbit {
 class DragGesture {
 public:
     void Press(const QMouseEvent& event);
-    // The button that was pressed, when the drag with it is to begin: once a press, and letting go
-    // is no click then. NoButton otherwise.
+    // Returns the pressed button when a drag starts, once per press; its release is then not a
+    // click. Returns NoButton otherwise.
     [[nodiscard]] Qt::MouseButton Move(const QMouseEvent& event);
-    // Whether this button was pressed and no drag came of it: a click.
+    // Returns true if this button was pressed and no drag has started: a click.
     [[nodiscard]] bool Release(const QMouseEvent& event);
     void Cancel() { m_button = Qt::NoButton; }
 
-    // Where a button was pressed last.
+    // Position of the last press, in the coordinates of the widget.
     [[nodiscard]] QPoint Start() const { return m_start; }
 
 private:
@@ -32,7 +32,7 @@ private:
     QPoint m_start;
 };
 
-// Carries a payload of drag_payload until it is dropped or cancelled; returns then.
+// Runs a drag with a payload from drag_payload.h. Blocks until it is dropped or cancelled.
 using DragRunner = std::function<void(QWidget&, const std::string&, Qt::MouseButton)>;
 void RunDrag(QWidget& source, const std::string& payload, Qt::MouseButton button);
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a drag between the panes carries: plain text that begins with "QRB". Paths and names are
-// bytes as on the disk.
+// Encodes and decodes the data of a drag between the panes: plain text that starts with "QRB".
+// Paths and names are bytes as on the disk.
 //
-//   of a folder:  "QRBD", its path, a zero byte
-//   of the list:  "QRBF", names with ", " between them, then zero bytes up to a multiple of 4096;
-//                 none if the text has such a length by itself
+//   folder:     "QRBD", the path, a zero byte
+//   file list:  "QRBF", the names separated by ", ", zero bytes up to a multiple of 4096 (none if
+//               the length already is one)
 
 #pragma once
 
@@ -20,20 +20,21 @@
 namespace quorbit {
 
 [[nodiscard]] std::string FolderPayload(std::string_view path);
-// There is no quoting: a name with a comma in it reads as two.
+// Names are not quoted: a name that contains ", " reads as two names.
 [[nodiscard]] std::string ListPayload(const std::vector<std::string>& names);
 
-// What stands behind "QRB" up to the first zero byte or the end: D and a path, or F and names.
-// Nothing if the text does not begin so.
+// Returns the text between "QRB" and the first zero byte or the end: D and a path, or F and names.
+// Returns nullopt if the text does not start with "QRB".
 [[nodiscard]] std::optional<std::string> ReadPayload(std::string_view block);
 
-// The payload as plain text. Within this process the object also tells the button of the drag,
-// since not every platform tells a target what is pressed.
+// Returns the payload as plain text. Also stores the button in a property of the object, which is
+// available within this process only: some platforms do not report the pressed buttons to a drop
+// target.
 [[nodiscard]] std::unique_ptr<QMimeData> MakeDragData(std::string_view payload,
                                                       Qt::MouseButton button);
-// The plain text of a drag from anywhere; nothing if it has none.
+// Returns the plain text of a drag from any program, or nullopt if it has none.
 [[nodiscard]] std::optional<std::string> TextOf(const QMimeData& data);
-// NoButton if the drag does not tell.
+// Returns the button stored by MakeDragData, or NoButton for a drag from another process.
 [[nodiscard]] Qt::MouseButton ButtonOf(const QMimeData& data);
 
 }  // namespace quorbit

@@ -14,7 +14,7 @@ namespace quorbit {
 namespace {
 
 constexpr std::chrono::milliseconds kHoverTick{1000};
-constexpr int kHoverTicks = 3;  // the count that opens a node; it begins at 1
+constexpr int kHoverTicks = 3;  // expands a node at this count, which starts at 1: after two ticks
 constexpr std::chrono::milliseconds kScrollTick{100};
 
 std::optional<std::string> PayloadOf(const QMimeData* data)
@@ -41,7 +41,7 @@ void DriveDropTarget::Enter(QDragEnterEvent& event)
     if (m_keyState == Qt::NoButton && event.mimeData() != nullptr) {
         m_keyState = ButtonOf(*event.mimeData());
     }
-    // Without this no move would be told of.
+    // Qt sends no move events unless the enter event is accepted, so decide in Move().
     event.setDropAction(Qt::CopyAction);
     event.accept();
 }
@@ -151,7 +151,7 @@ void DriveDropTarget::Drop(QDropEvent& event)
         event.ignore();
         return;
     }
-    // Always a copy, so that a source elsewhere does not take it for moved.
+    // Always report a copy: after a move, the source program might delete its data.
     event.setDropAction(Qt::CopyAction);
     event.accept();
     QTimer::singleShot(0, &m_hoverTimer, [this, drop] { m_onDrop(drop); });

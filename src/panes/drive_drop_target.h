@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The tree as the target of a drag: highlight, opening of nodes, scrolling, and what was dropped.
-// User interface thread only.
+// Handles drags over the drive tree: highlights and expands nodes, scrolls, and records what was
+// dropped. User interface thread only.
 
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace quorbit {
 
-// Something of ours was dropped on a node.
+// A drop of a drag from one of the panes onto a node.
 struct TreeDrop {
     NodeRef node;
     QPoint position;  // in the viewport
@@ -25,22 +25,23 @@ struct TreeDrop {
 
 class DriveDropTarget {
 public:
-    // tree outlives this object. onDrop is called after the drop has returned, by the event loop,
-    // so that whoever carries the drag does not wait.
+    // `tree` must outlive this object. onDrop is called from the event loop after the drop event
+    // has returned, so that the source of the drag is not blocked.
     DriveDropTarget(ShellTree& tree, std::function<void(const TreeDrop&)> onDrop);
 
-    // What button makes the drag is decided here and nowhere else.
+    // Records the button of the drag: the pressed buttons, or if the platform reports none, the one
+    // stored in the data.
     void Enter(QDragEnterEvent& event);
-    // Accepts what is ours over any node but the root one. Whatever is dragged, the node under it
-    // is highlighted, and opened after two seconds.
+    // Accepts drags from the panes over any node but the root node. Highlights the node under any
+    // drag and expands it after two seconds.
     void Move(QDragMoveEvent& event);
     void Leave();
     void Drop(QDropEvent& event);
 
-    // The node that was last under a drag, which is the destination; null for none. Stays when the
-    // drag is over.
+    // The destination: the last node under a drag, also after the drag has ended. Null if there is
+    // none or it was removed.
     [[nodiscard]] ShellTreeNode* DropNode() const { return m_dropNode.Get(); }
-    // The last drop: D and a path, or F and names; empty if it was not ours.
+    // The last drop: D and a path, or F and names. Empty if the drop was not accepted.
     [[nodiscard]] const std::string& DropText() const { return m_strDropText; }
 
 private:
@@ -56,7 +57,7 @@ private:
     NodeRef m_dropNode;
     NodeRef m_highlight;
     NodeRef m_savedSelection;
-    Qt::MouseButtons m_keyState;  // when the drag entered
+    Qt::MouseButtons m_keyState;  // buttons when the drag entered
     std::string m_strDropText;
     int m_nHoverCount = 0;
     QTimer m_hoverTimer;

@@ -31,7 +31,7 @@ std::string ParsingName(const ShellFolder& folder, ItemIdView id)
     return CShellPidl::GetItemName(folder, id, SHGDN_FORPARSING).value_or("");
 }
 
-// Folders may have come into a folder that had none.
+// Shows the expand mark if a folder without subfolders now has some.
 void UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
 {
     if ((attributes & SFGAO_HASSUBFOLDER) != 0 && node.m_fill == nullptr &&
@@ -43,13 +43,13 @@ void UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
 
 }  // namespace
 
-// The reading of one node's folder, or of the desktop.
+// A read of one node's folder, or of the desktop, in progress.
 struct DriveRefresh::Read {
     bool desktop = false;
     NodeRef node;
     ShellFolderPtr folder;
     Apply apply = nullptr;
-    bool again = false;  // asked for once more meanwhile
+    bool again = false;  // requested again during the read
     std::vector<FolderItem> items;
     std::shared_ptr<void> running;
     std::unique_ptr<FolderFeed> feed;
@@ -90,8 +90,8 @@ void DriveRefresh::UpdateIfOpen(ShellTreeNode& node)
 
 void DriveRefresh::Update(ShellTreeNode* node)
 {
-    // Hidden folders stay if they still exist, so they are asked for. That also saves the look at
-    // each folder's attributes.
+    // Include hidden folders: their nodes stay as long as the folders exist. This also avoids
+    // reading the attributes of each folder.
     Begin(node, kAllFolders, &DriveRefresh::ApplyFolder);
 }
 
@@ -138,13 +138,15 @@ void DriveRefresh::OnBatch(Read& read, FolderBatch batch)
         node == m_tree.RootNode() ? Start() : Update(node);
         return;
     }
-    // Of a folder that could not be read to its end it is not known what is missing in it.
+    // An incomplete listing does not show which folders were deleted, so keep all nodes. Missing:
+    // the folder itself was deleted and its nodes go.
     if (!batch.error || batch.error->Kind() == ErrorKind::Missing) {
         (this->*ended->apply)(node, *ended);
     }
 }
 
-// Of the desktop only the folders, not the places beside them.
+// Returns the child nodes. For the desktop (null), only folders, without special places such as the
+// network.
 std::vector<ShellTreeNode*> DriveRefresh::Children(const ShellTreeNode* node) const
 {
     std::vector<ShellTreeNode*> children;
@@ -208,7 +210,8 @@ void DriveRefresh::ApplyFolder(ShellTreeNode* node, const Read& read)
     }
 }
 
-// What has been read here is without the hidden ones, which a refresh does not add.
+// Inserts nodes for new folders. This listing excludes hidden folders, because a refresh does not
+// add them.
 void DriveRefresh::AddMissing(ShellTreeNode* node, const Read& read)
 {
     const ByName children = ChildrenByName(node);
@@ -241,7 +244,7 @@ void DriveRefresh::RemoveVanished(ShellTreeNode* node, const Read& read)
     }
     if (removed && node != nullptr && node->childCount() == 0) {
         node->setExpanded(false);
-        // Whatever comes into it later is found when it is opened again.
+        // Read the folder again when it is next expanded.
         node->m_bFilled = false;
         node->SetMark(true);
     }

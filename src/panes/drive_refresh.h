@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Brings a tree in step with the disk: drives and folders of the desktop that came and went, and
-// folders that came and went below nodes that are expanded. What stands is not made anew. Each
-// folder is read in a thread that nobody waits for, so that a mount that does not answer holds up
-// itself alone; a folder that cannot be read keeps its nodes. User interface thread only.
+// Updates a tree to match the disk: adds and removes drives, folders of the desktop, and folders
+// below expanded nodes. Existing nodes are kept. Each folder is read in a thread of its own, so a
+// mount that does not respond blocks only its own node. A folder that cannot be read keeps its
+// nodes. User interface thread only.
 
 #pragma once
 
@@ -22,21 +22,21 @@ namespace quorbit {
 
 class DriveRefresh {
 public:
-    // tree outlives this object.
+    // `tree` must outlive this object.
     explicit DriveRefresh(ShellTree& tree);
     ~DriveRefresh();
     DriveRefresh(const DriveRefresh&) = delete;
     DriveRefresh& operator=(const DriveRefresh&) = delete;
 
-    // Begins with the drives and with the folders of the desktop. What is still being read for an
-    // earlier refresh is read once more when it has been; the tree does not wait for it again.
+    // Starts to read the drives and the folders of the desktop. Folders that an earlier refresh is
+    // still reading are read again afterwards, without showing the wait cursor for them again.
     void Start();
-    // Nothing is being read.
+    // Returns true if no folder is being read.
     [[nodiscard]] bool IsOver() const { return m_reads.empty(); }
 
 private:
     struct Read;
-    // A node that is null stands for the desktop, whose folders follow the root node.
+    // A null node means the desktop, whose folders follow the root node.
     using Apply = void (DriveRefresh::*)(ShellTreeNode*, const Read&);
     using ByName = std::unordered_map<std::string, ShellTreeNode*>;  // by parsing name
 

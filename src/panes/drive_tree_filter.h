@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What of the shell namespace the tree of the main window shows.
+// Selects the items that the drive tree shows.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace quorbit {
 
-// Folders that hold files. At the top level those without a path only if they come first or are
-// "Network Neighborhood".
+// Accepts folders of the file system and containers of such folders. At the top level, an item
+// outside the file system is accepted only if it is the first one or "Network Neighborhood".
 [[nodiscard]] TreeVerdict DriveTreeVerdict(const TreeCandidate& item);
 
 }  // namespace quorbit

@@ -18,12 +18,13 @@ namespace quorbit {
 
 namespace {
 
-// By their commands from CMD_DROP_ADD_FILE_TYPES on.
+// Indexed by command, from CMD_DROP_ADD_FILE_TYPES on.
 constexpr std::array<const char*, 4> kMenuTexts = {
     "Add &File Types", "Add &Default File Configuration", "&Add *.* with defaults",
     "&Delete Folder Setup"};
 
-// The first node, from this one and its next siblings on and depth first, that an item is.
+// Returns the first node of an item in depth-first order, starting at `node` and continuing with
+// its next siblings. Null if there is none.
 ShellTreeNode* FindItem(ShellTreeNode* node, const ShellListItem& item)
 {
     const auto isIt = [&](const ShellTreeItem& record) {
@@ -31,7 +32,7 @@ ShellTreeNode* FindItem(ShellTreeNode* node, const ShellListItem& item)
                CShellPidl::IsSameItem(*item.m_pFolder, item.m_pidlItem, *record.m_pFolder,
                                       record.m_pidlItem);
     };
-    // Without recursion: a path may have more components than the stack has room for.
+    // Not recursive: a deep path could overflow the stack.
     QTreeWidgetItemIterator next(node);
     const QTreeWidgetItem* parent = node->parent();
     for (; *next != nullptr; ++next) {
@@ -71,7 +72,8 @@ CDriveView::CDriveView(PaneServices services, QWidget* parent)
 
 CDriveView::~CDriveView()
 {
-    // The nodes go after the members of this class, which would still be told of it.
+    // The base class deletes the nodes after the members of this class are destroyed; its signals
+    // must not reach them.
     blockSignals(true);
 }
 
@@ -154,8 +156,9 @@ void CDriveView::Refresh()
 {
     StopWaiting();
     m_refresh.Start();
-    // At once: the list reads the disk by itself, and a drive that does not answer would hold it
-    // up. If the selected node turns out to be gone, the selection that follows fills it again.
+    // Update the list now: it reads the disk itself and must not wait for a drive that does not
+    // respond. If the selected node turns out to be deleted, the new selection fills the list
+    // again.
     RefreshFileList();
 }
 
@@ -196,7 +199,7 @@ std::string CDriveView::GetDestPath() const
 std::string CDriveView::GetDeletePath() const
 {
     const ShellTreeNode* context = std::exchange(m_contextItem, {}).Get();
-    // Never a path of earlier: it is the folder that will be deleted.
+    // Never return the path of an earlier call: this folder will be deleted.
     m_strSourcePath.clear();
     GetItemPath(context != nullptr ? context : SelectedNode(), m_strSourcePath);
     return m_strSourcePath;
@@ -223,7 +226,7 @@ void CDriveView::OnUpdate(CView*, int nHint, const HintObject* object)
             m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_NOT_FOUND, &hint);
         });
     } else if (nHint == HINT_DELETE && m_bFocus && SelectedNode() != nullptr) {
-        m_contextItem = {};  // of a menu that was left without a choice
+        m_contextItem = {};  // set by a context menu that was dismissed
         SetUpDelete();
     }
 }
@@ -318,7 +321,7 @@ void CDriveView::OpenMenu(int firstCommand, int lastCommand, const QPoint& scree
     m_pPopupMenu = std::make_unique<QMenu>(this);
     for (int id = firstCommand; id <= lastCommand; ++id) {
         const char* text = kMenuTexts.at(static_cast<std::size_t>(id - CMD_DROP_ADD_FILE_TYPES));
-        // Carried out when the menu has closed: a dialog may follow.
+        // Queued, so that the menu has closed before a dialog opens.
         connect(
             m_pPopupMenu->addAction(QString::fromLatin1(text)), &QAction::triggered, this,
             [this, id] { OnCommand(id); }, Qt::QueuedConnection);

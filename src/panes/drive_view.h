@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The left pane: a tree of what holds files, from the desktop down. It tells the list of files
-// which folder to show, it is the source of folder drags and the only target of drags: what is
-// dragged is the source of a batch entry, the folder dropped upon its destination. Its context menu
-// begins a delete entry. User interface thread only.
+// The drive tree, the left pane. Selecting a folder shows it in the file list. The tree is a source
+// of folder drags and the only drop target: the dragged item becomes the source of a batch entry,
+// the folder under the drop its destination. The context menu creates delete entries. User
+// interface thread only.
 
 #pragma once
 
@@ -26,7 +26,7 @@
 
 namespace quorbit {
 
-// Commands of the tree's own menus.
+// Commands of the drop menu and the context menu.
 enum : int {
     CMD_DROP_ADD_FILE_TYPES = 1000,
     CMD_DROP_ADD_DEFAULT = 1001,
@@ -36,30 +36,32 @@ enum : int {
 
 class CDriveView final : public ShellTree, public CView, public FolderTree {
 public:
-    // Begins to fill itself, unless the program was started to run or show a batch. The services
-    // are copied; the pane is no view of the document yet.
+    // Starts to fill the tree, unless the program was started to run or show a batch (nRunMode is
+    // not 0). Copies the services. Does not add the view to the document.
     explicit CDriveView(PaneServices services, QWidget* parent = nullptr);
     ~CDriveView() override;
 
-    // Path of the folder that a node is, as bytes. False, and path untouched, if it has none.
+    // Sets `path` to the path of a node's folder, as bytes. Returns false and leaves `path`
+    // unchanged if the node has none.
     bool GetItemPath(const QTreeWidgetItem* item, std::string& path) const;
-    // The node of the folder at a path, of those that are in the tree. The volume's node where the
-    // path goes no further or the volume's children have not been read; null if there is none.
+    // Returns the loaded node of the folder at a path, or null if there is none. Returns the node
+    // of the volume if `path` is its root or its children have not been read.
     [[nodiscard]] ShellTreeNode* FindNodeByPath(std::string_view path) const;
-    // Selects the node that a row of the list is: the first from the selected node on, depth first.
-    // Waits for the children of the selected node if they are just being read. onMissing is called
-    // if the row is no node.
+    // Selects the node of a row of the file list: the first match in depth-first order, starting at
+    // the selected node. If the children of the selected node are being read, searches when they
+    // are complete. Calls onMissing if no node matches.
     void FindListRow(const ShellListItem& row, std::function<void()> onMissing);
-    // Tells the other views to show the selected folder.
+    // Asks the other views to show the selected folder (HINT_FOLDER_SELECTED).
     void RefreshFileList();
 
-    // Stores the size of the pane in the profile, unless the frame is minimised.
+    // Saves the size of the pane to the profile, unless the frame is minimised.
     void SaveLayout() const;
 
-    // After a drag from the list it is the folder that the list shows.
+    // Path of the source of the last drag or context menu. After a drag from the file list, the
+    // folder that the list shows.
     [[nodiscard]] std::string GetSourcePath() const;
-    // Of the node that was dropped upon last. What it was before, if that node has no path
-    // ("Network Neighborhood"); empty if it is gone.
+    // Path of the node of the last drop. Returns the previous result if that node has no path
+    // ("Network Neighborhood"), or an empty string if the node was removed.
     [[nodiscard]] std::string GetDestPath() const;
     [[nodiscard]] std::string GetDeletePath() const;
     [[nodiscard]] bool DeleteMode() const { return m_bDeleteMode; }
@@ -77,9 +79,9 @@ public:
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
-    // The menu that was opened last; null if there was none.
+    // The last menu opened, or null. Owned by this object.
     [[nodiscard]] QMenu* PopupMenu() const { return m_pPopupMenu.get(); }
-    // Carries drags in place of RunDrag.
+    // Replaces RunDrag.
     void SetDragRunner(DragRunner runner) { m_runDrag = std::move(runner); }
 
 protected:
@@ -109,12 +111,12 @@ private:
     PaneServices m_services;
     bool m_bFocus = false;
     bool m_bDeleteMode = false;           // while the dialog of a delete setup is open
-    std::string m_strCurrentPath;         // of the folder selected last, or "My Computer"
-    mutable std::string m_strSourcePath;  // the last results
+    std::string m_strCurrentPath;         // of the last selected folder, or "My Computer"
+    mutable std::string m_strSourcePath;  // previous results
     mutable std::string m_strDestPath;
-    NodeRef m_sourceItem;           // where a drag began, or what was clicked for a menu
-    bool m_bSourceIsList = false;   // the last drag came from the list of files
-    mutable NodeRef m_contextItem;  // for the delete setup; used up by it
+    NodeRef m_sourceItem;           // start of a drag, or the node of a context menu
+    bool m_bSourceIsList = false;   // the last drop came from the file list
+    mutable NodeRef m_contextItem;  // for the delete setup, which clears it
     std::unique_ptr<QMenu> m_pPopupMenu;
     DragGesture m_gesture;
     DragRunner m_runDrag = RunDrag;

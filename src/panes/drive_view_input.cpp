@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What mouse, keys and drags do to the tree.
+// The event handlers of CDriveView: focus, mouse, context menu and drags.
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -27,8 +27,8 @@ void CDriveView::focusOutEvent(QFocusEvent* event)
     m_bFocus = false;
 }
 
-// A press on an item does not select it yet: it may be the beginning of a drag, which leaves the
-// list of files as it is.
+// A press on an item does not select it, because a drag may follow, which must not change the file
+// list. The release selects it.
 void CDriveView::mousePressEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
@@ -43,7 +43,7 @@ void CDriveView::mousePressEvent(QMouseEvent* event)
     }
 }
 
-// A button that is held may begin a drag, and never selects what it passes over.
+// With a button pressed, a move may start a drag but never selects items.
 void CDriveView::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() == Qt::NoButton) {
@@ -82,8 +82,8 @@ void CDriveView::mouseDoubleClickEvent(QMouseEvent* event)
     }
 }
 
-// The menu of the mouse comes when the button is released, since a drag may begin with the right
-// one.
+// Handles the menu key only. The mouse opens the menu when the button is released, because the
+// right button may start a drag.
 void CDriveView::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
