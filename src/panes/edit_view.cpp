@@ -107,7 +107,7 @@ void CQRBEditView::OnContextMenu(int, const QPoint& position, Qt::KeyboardModifi
     const auto add = [&](const char* text, int nId, bool enabled) {
         QAction* action =
             menu.addAction(QLatin1String(text), this, [this, nId] { m_services.postCommand(nId); });
-        action->setData(nId);  // by which the menu finds its picture
+        action->setData(nId);  // the menu looks up the icon by this command
         action->setEnabled(enabled);
     };
     add("&Edit", CMD_EDIT_ENTRY, selected == 1);

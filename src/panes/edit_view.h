@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The pane that shows the entries of the document, one row each, in document order. It holds copies
-// for display only; rows are matched to entries by their numbers. User interface thread only.
+// The entry list: shows the entries of the document, one row each, in document order. Rows are
+// copies for display, matched to entries by their numbers. User interface thread only.
 
 #pragma once
 
@@ -17,22 +17,22 @@ namespace quorbit {
 
 class CQRBEditView : public CListViewEx {
 public:
-    // Reads the column widths of the profile. Shows no rows until it is told to refresh. Does not
-    // add itself to the document.
+    // Reads the column widths from the profile. The list is empty until the first
+    // HINT_REFRESH_ENTRIES. Does not add the view to the document.
     explicit CQRBEditView(const PaneServices& services, QWidget* parent = nullptr);
     ~CQRBEditView() override;
 
-    // Rows for all entries of the document, in the place of those that are there. Nothing is
-    // selected then; an entry that has been added is brought into sight, and otherwise the list
-    // stays where it is as long as it is still the same one.
+    // Replaces the rows with those of the document and clears the selection. Scrolls to a newly
+    // added entry, keeps the scroll position if at most one row has changed, and otherwise scrolls
+    // to the top.
     virtual void FillEntries();
-    // Writes size and column widths to the profile, unless the frame is minimised.
+    // Saves the size and the column widths to the profile, unless the frame is minimised.
     void SaveLayout() const;
     [[nodiscard]] const EntryListModel& Model() const { return m_model; }
 
     [[nodiscard]] ViewKind Kind() const override { return ViewKind::EntryList; }
     void OnUpdate(CView* sender, int nHint, const HintObject* object) override;
-    // Takes the Edit command while it has the focus.
+    // Handles the Edit command while the list has the focus.
     bool OnCommand(int nId) override;
     bool OnUpdateCommand(int nId, CommandState& state) override;
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The rows of the list of entries. User interface thread only.
+// The model of the entry list. User interface thread only.
 
 #pragma once
 
@@ -16,13 +16,13 @@ namespace quorbit {
 
 class EntryListModel final : public QAbstractTableModel {
 public:
-    // Marks of an entry that deletes, and of every other one.
+    // Icons of delete entries and of all other entries.
     EntryListModel(QIcon deletes, QIcon others);
 
     void SetRows(std::vector<EntryRow> rows);
-    // How many of the rows that are there stand at the same place in the others.
+    // Returns the number of rows that are equal to the row at the same position in `others`.
     [[nodiscard]] int SameRows(const std::vector<EntryRow>& others) const;
-    // Removes the row of that entry; the others stay as they are.
+    // Removes the row of an entry, if there is one.
     void Remove(std::uint32_t nId);
     [[nodiscard]] const EntryRow& RowAt(int row) const;
 

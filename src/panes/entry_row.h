@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A row of the list of entries: what it shows of an entry.
+// A row of the entry list and its texts.
 
 #pragma once
 
@@ -18,10 +18,10 @@ enum EntryColumn : int {
     kEntryDest,
     kEntryItems,
     kEntryFolderTypes,
-    kEntryColumns,  // how many there are
+    kEntryColumns,  // number of columns
 };
 
-// Texts are whole.
+// The texts are complete; CellText shortens them.
 struct EntryRow {
     std::string strSource;
     std::string strDest;
@@ -29,16 +29,16 @@ struct EntryRow {
     std::string strFolderTypes;
     std::uint32_t dwFlags = 0;
     std::uint32_t nKind = DCK_TYPES;
-    std::uint32_t nId = 0;  // of the entry
+    std::uint32_t nId = 0;  // number of the entry
     bool operator==(const EntryRow&) const = default;
 };
 
-// Names stand with ", " between them, masks with nothing.
+// Separates names with ", " and joins masks without a separator.
 [[nodiscard]] EntryRow MakeEntryRow(const CDirCopy& entry);
-// The first 1000 characters and "..." of a longer text. A character that takes two code units is
-// kept or dropped whole.
+// Shortens a text of more than 1000 UTF-16 code units to 1000 and "...". Does not split surrogate
+// pairs.
 [[nodiscard]] QString CutForList(const QString& text);
-// For the screen; every column but the source is cut.
+// Returns the display text of a cell; all columns except the source are shortened.
 [[nodiscard]] QString CellText(const EntryRow& row, int column);
 
 }  // namespace quorbit

@@ -13,7 +13,7 @@
 namespace quorbit {
 namespace {
 
-// Of a file whose details are known the size is never 0.
+// The size is 0 only if the details are unknown (see SizeInKb).
 bool HasDetails(const ShellListItem& item)
 {
     return item.m_dwSizeKB != 0;

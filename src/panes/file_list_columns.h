@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the columns of the list of files say, and how its rows are ordered.
+// Column texts and sort order of the file list.
 
 #pragma once
 
@@ -18,23 +18,25 @@ enum FileColumn : int {
     kFileType,
     kFileModified,
     kFileAttributes,
-    kFileColumns,  // how many there are
+    kFileColumns,  // number of columns
 };
 
-// As the column shows a size in bytes: every begun unit of 1024 bytes and one more where the last
-// one is full, so that no file shows 0.
+// Converts a size in bytes to the KB of the size column: bytes / 1024 rounded down, plus 1. No file
+// shows 0; an exact multiple of 1024 shows one more than its size.
 [[nodiscard]] std::uint64_t SizeInKb(std::uint64_t bytes);
 [[nodiscard]] std::string SizeText(std::uint64_t kb);
-// "R", "H", "S" and "A" of an attribute word (platform/find_data.h), in this order.
+// Returns the letters R, H, S and A, in this order, of the attributes set in `word`
+// (platform/find_data.h).
 [[nodiscard]] std::string AttributeLetters(std::uint32_t word);
-// Local time as "12/31/99 01:05 PM"; AM and PM in every language. Seconds since 1970 UTC.
+// Formats seconds since 1970-01-01 UTC as local time, "12/31/99 01:05 PM". AM and PM are not
+// translated. Returns an empty string if the time cannot be converted.
 [[nodiscard]] std::string TimeText(std::int64_t seconds);
 
 [[nodiscard]] bool IsFolderRow(const ShellListItem& item);
-// What a row says in a column, UTF-8. A file whose details could not be read says nothing of them.
+// Returns the text of a cell, UTF-8. Columns of a file whose details could not be read are empty.
 [[nodiscard]] std::string CellText(const ShellListItem& item, int column);
-// Whether the first row stands above the second when the list is sorted by the column: folders
-// first, texts by their bytes, sizes and times by value.
+// Returns true if the first row sorts above the second by the column: folders first, texts in byte
+// order, sizes and times by value.
 [[nodiscard]] bool StandsAbove(const ShellListItem& first, const ShellListItem& second, int column);
 
 }  // namespace quorbit

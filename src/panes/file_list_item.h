@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// From what a folder tells of an item to a row of the list of files.
+// Converts an item of a folder to a row of the file list.
 
 #pragma once
 
@@ -14,11 +14,12 @@
 
 namespace quorbit {
 
-// SFGAO_ bits that MakeListItem wants to know.
+// The SFGAO_ bits that MakeListItem requires in FolderItem::attributes.
 inline constexpr std::uint32_t kListAttributes = 0xF0000170;
 
-// Nothing for an item that no batch could name: neither with a path nor a way to one. parentText:
-// the node whose folder it is, as shown; a name on a server is cut by it. m_nRow is left 0.
+// Returns nullopt for an item that no batch can name: one that neither has a path nor leads to
+// items that have one. parentText is the display name of the tree node of the folder; it is cut
+// from names on a server (see CutNetworkName). Leaves m_nRow 0.
 [[nodiscard]] std::optional<ShellListItem> MakeListItem(FolderItem item,
                                                         const ShellFolderPtr& folder,
                                                         const std::string& parentText);

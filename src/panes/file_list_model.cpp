@@ -45,7 +45,7 @@ void FileListModel::SetOrder(std::vector<const ShellListItem*> order)
         return;
     }
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    std::vector<int> placeOf(order.size());  // by the rows that they were inserted as
+    std::vector<int> placeOf(order.size());  // new row, indexed by m_nRow
     for (std::size_t place = 0; place < order.size(); ++place) {
         placeOf[static_cast<std::size_t>(order[place]->m_nRow)] = static_cast<int>(place);
     }
@@ -71,7 +71,7 @@ int FileListModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : kFileColumns;
 }
 
-// Found when a row is first drawn, and not asked for again.
+// Looks up the icon when a row is first drawn and caches it.
 const QIcon& FileListModel::IconOf(const ShellListItem& item) const
 {
     const auto found = m_drawn.find(&item);

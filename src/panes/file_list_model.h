@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The rows of the list of files. User interface thread only.
+// The model of the file list. User interface thread only.
 
 #pragma once
 
@@ -16,7 +16,8 @@
 
 namespace quorbit {
 
-// Rows in some order, and what they point into, which never changes.
+// Rows in some order. `order` points into `portions`, which are immutable and shared, so a copy
+// keeps its rows alive.
 struct FileRows {
     std::vector<std::shared_ptr<const std::vector<ShellListItem>>> portions;
     std::vector<const ShellListItem*> order;
@@ -24,16 +25,16 @@ struct FileRows {
 
 class FileListModel final : public QAbstractTableModel {
 public:
-    // icons outlives the model.
+    // `icons` must outlive the model.
     explicit FileListModel(const ItemIcons& icons) : m_icons(icons) {}
 
     void Clear();
-    // Behind the rows that are there; gives each its m_nRow.
+    // Appends rows and sets their m_nRow.
     void Append(std::vector<ShellListItem> items);
-    // The rows that are there; they stay alive as long as the copy does.
+    // Returns the current rows; a copy keeps them alive.
     [[nodiscard]] const FileRows& Rows() const { return m_rows; }
-    // Rows() as they were a while ago, since the last Clear, in another order. Rows that came since
-    // stay behind them. What is selected stays so.
+    // Reorders the rows. `order` is a permutation of an earlier Rows() since the last Clear; rows
+    // appended since then stay at the end. Keeps the selection.
     void SetOrder(std::vector<const ShellListItem*> order);
     // Valid until Clear.
     [[nodiscard]] const ShellListItem& ItemAt(int row) const
@@ -54,7 +55,7 @@ private:
 
     const ItemIcons& m_icons;
     FileRows m_rows;
-    mutable std::unordered_map<const ShellListItem*, QIcon> m_drawn;  // icons found so far
+    mutable std::unordered_map<const ShellListItem*, QIcon> m_drawn;  // icon cache
 };
 
 }  // namespace quorbit

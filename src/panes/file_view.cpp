@@ -30,11 +30,11 @@ bool IsVolume(const ShellListItem& item)
     return content && content->kind == ShellItemKind::Volume;
 }
 
-// What a command of the view menu sets.
+// The style that a command of the View menu sets.
 struct ViewCommand {
     int nId;
     ListStyle style;
-    std::optional<bool> fullRow;  // nothing: left as it is
+    std::optional<bool> fullRow;  // nullopt: unchanged
 };
 
 constexpr ViewCommand kViewCommands[] = {
@@ -132,7 +132,7 @@ void CFileView::OnPortion(FolderBatch batch)
     if (batch.ended) {
         OnEnd(batch.error);
     }
-    // Few rows are in order with every portion, many in the end only.
+    // Sort few rows after every portion, but many only once, at the end.
     if (batch.ended || m_model.RowCount() <= RowSorter::kFew) {
         Sort(Keep::TopRow);
     }
@@ -161,7 +161,7 @@ void CFileView::Sort(Keep keep)
     ShowWaiting();
 }
 
-// The cursor of the rows alone: the rest of the window can be used meanwhile.
+// Sets the cursor of the list only: the rest of the window stays usable.
 void CFileView::ShowWaiting()
 {
     IsReading() ? setCursor(Qt::WaitCursor) : unsetCursor();
@@ -233,12 +233,12 @@ std::vector<std::string> CFileView::GetSelectedNames() const
 bool CFileView::OnRowPressed(int row, Qt::KeyboardModifiers modifiers)
 {
     const bool uniform = CheckSelection(row, modifiers);
-    return !uniform && m_nSelectionKind == SelectionKind::None;  // the rows are others now
+    return !uniform && m_nSelectionKind == SelectionKind::None;  // the list was refilled
 }
 
 void CFileView::OnRowDoubleClicked(int row)
 {
-    const ShellListItem item = m_model.ItemAt(row);  // the tree may have other rows shown
+    const ShellListItem item = m_model.ItemAt(row);  // a copy: the tree may refill the list
     const ListItemHint hint(item);
     m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_OPENED, &hint);
 }
@@ -278,8 +278,8 @@ void CFileView::OnUpdate(CView*, int nHint, const HintObject* object)
     }
 }
 
-// Keys select without a check, so that it comes here: names that are taken for the wrong kind would
-// make an entry that deletes something else.
+// The keyboard selects without a check, so check here: names taken for the wrong kind would create
+// an entry that deletes other items.
 void CFileView::SetUpDelete()
 {
     if (!CheckSelection(-1)) {

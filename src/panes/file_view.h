@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The pane that shows what is in the folder selected in the tree. What is selected in it is dragged
-// onto the tree, or becomes the setup of a delete entry; files or folders, never both. It changes
-// nothing on a disk. User interface thread only.
+// The file list: shows the content of the folder selected in the drive tree. Selected files or
+// folders, never both, are dragged onto the tree or become a delete entry. Never changes the file
+// system. User interface thread only.
 
 #pragma once
 
@@ -28,27 +28,29 @@ namespace quorbit {
 
 class CFileView final : public CListViewEx, public CShellPidl {
 public:
-    // Reads column widths and styles of the profile. Does not add itself to the document.
-    // runDrag: what carries a drag until it is over.
+    // Reads column widths and styles from the profile. Does not add the view to the document.
+    // runDrag runs a drag until it ends.
     explicit CFileView(const PaneServices& services, QWidget* parent = nullptr,
                        DragRunner runDrag = RunDrag);
     ~CFileView() override;
 
-    // Empties the list and begins to fill it with what is in the folder, which is that of the
-    // tree's selected node; the rows come while the event loop runs, sorted by name in the end.
-    // False without a folder.
+    // Clears the list and starts to fill it with the content of `folder`, the folder of the node
+    // selected in the tree. Rows are added by the event loop and finally sorted by name. Returns
+    // false if `folder` is null.
     bool ShowFolder(const ShellFolderPtr& folder);
-    // Whether rows are still to come, or to be put into their order.
+    // Returns true while rows are being read or sorted.
     [[nodiscard]] bool IsReading() const { return m_feed != nullptr || m_sorter.IsRunning(); }
 
-    // Whether the selection, with the row (-1: none) that is about to be added, is of one kind; the
-    // kind is kept. With the Ctrl key a mixture is warned of and the list is filled again.
+    // Returns true if the selected rows, together with `row` (-1: none), are all files or all
+    // folders, and stores the kind. If they are mixed and Ctrl is pressed, shows a warning and
+    // refills the list.
     bool CheckSelection(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     [[nodiscard]] SelectionKind CheckedKind() const { return m_nSelectionKind; }
-    // Path of a row, or with bareName its last component; a drive is always a path. Nothing if
-    // there is no such row, or it has no path.
+    // Returns the path of a row, or its last component if bareName is set; volumes and roots always
+    // return the path. Returns nullopt if there is no such row or it has no path.
     [[nodiscard]] std::optional<std::string> GetRowName(int row, bool bareName) const;
-    // Writes size, styles and, in report style, the column widths to the profile.
+    // Saves the styles to the profile; unless the frame is minimised, also the size and, in report
+    // style, the column widths.
     void SaveLayout() const;
     [[nodiscard]] const FileListModel& Model() const { return m_model; }
 
@@ -73,8 +75,8 @@ private:
     void ShowSelectedNode();
     void OnPortion(FolderBatch batch);
     void OnEnd(const std::optional<Error>& error);
-    // Who has scrolled keeps the row at the top while rows come and find their places; a click on
-    // a column leaves the scroll bar alone.
+    // TopRow keeps the top row in place while rows are added and sorted, if the user has scrolled
+    // down; ScrollPlace keeps the scroll bar position after a click on a column header.
     enum class Keep { TopRow, ScrollPlace };
     void Sort(Keep keep);
     void ShowWaiting();
@@ -88,8 +90,8 @@ private:
     FileListModel m_model;
     std::unique_ptr<FolderFeed> m_feed;  // while reading
     RowSorter m_sorter;
-    ShellFolderPtr m_folder;      // the one that is shown
-    std::string m_strParentText;  // its node in the tree, as shown
+    ShellFolderPtr m_folder;      // the folder shown
+    std::string m_strParentText;  // display name of its node in the tree
     int m_nSortColumn = 0;
     bool m_bDeleteMode = false;
     SelectionKind m_nSelectionKind = SelectionKind::None;

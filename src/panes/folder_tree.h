@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the list of files asks of the tree. User interface thread only.
+// Interface of the drive tree for the file list. User interface thread only.
 
 #pragma once
 
@@ -14,10 +14,10 @@ namespace quorbit {
 class FolderTree {
 public:
     virtual ~FolderTree() = default;
-    // The record of the selected node, owned by the tree and valid until control returns to the
-    // event loop; null if no node is selected.
+    // Returns the record of the selected node, or null if no node is selected. Owned by the tree;
+    // valid until control returns to the event loop.
     [[nodiscard]] virtual const ShellTreeItem* GetSelectedItemData() const = 0;
-    // As shown, UTF-8; empty if no node is selected.
+    // Returns the text of the selected node, UTF-8, or an empty string if no node is selected.
     [[nodiscard]] virtual std::string GetSelectedText() const = 0;
 };
 

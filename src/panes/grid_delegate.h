@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Draws the items of the icon styles, all of one size: what an item needs would have to be asked of
-// each, and with it the icon.
+// Draws the items of the icon styles in cells of equal size. Individual sizes would require the
+// icon of every item.
 
 #pragma once
 
@@ -21,7 +21,7 @@ public:
     }
 
 protected:
-    // The columns of a report have sides; a name below its icon stands in the middle.
+    // The model aligns texts for report columns; a name below its icon is centred.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);

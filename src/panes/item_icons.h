@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Icons of the shell namespace from the icon theme of the desktop. User interface thread only.
+// Finds icons for shell items in the icon theme of the desktop and caches them. User interface
+// thread only.
 
 #pragma once
 
@@ -15,8 +16,8 @@ namespace quorbit {
 
 class ItemIcons {
 public:
-    // Icon of the last item of a list, which may be a single id; with a picture of the widget style
-    // where the theme has none. open: as of a selected tree node.
+    // Returns the icon of the last item of an id list, which may be a single id. Uses a standard
+    // icon of the widget style if the theme has none. `open`: the icon of a selected tree node.
     [[nodiscard]] QIcon IconOf(ItemIdView list, bool open) const;
 
 private:

@@ -16,7 +16,7 @@
 namespace quorbit {
 namespace {
 
-constexpr int kDefaultDigit = 5;  // width in pixels that the default widths of columns are for
+constexpr int kDefaultDigit = 5;  // digit width, in pixels, that the default column widths assume
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void CListViewEx::SetUp(QAbstractItemView& view, const QString& name)
     view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view.setDragEnabled(true);  // a press on a selected row leaves the others selected
+    view.setDragEnabled(true);  // keeps a multiple selection when a selected row is pressed
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
     addWidget(&view);
@@ -96,7 +96,7 @@ void CListViewEx::SetStyle(ListStyle style)
     const bool hadFocus = ActiveView().hasFocus();
     m_style = style;
     if (style == ListStyle::Report) {
-        m_icons->setModel(nullptr);  // its layout of many rows is not for nothing
+        m_icons->setModel(nullptr);  // avoids the layout of many rows in a hidden view
     } else {
         ArrangeIcons();
         if (m_icons->model() == nullptr && m_pModel != nullptr) {
@@ -128,7 +128,7 @@ void CListViewEx::ArrangeIcons()
     m_icons->setWrapping(true);
     m_icons->setWordWrap(large);
     m_icons->setMovement(QListView::Static);
-    m_icons->setDragEnabled(true);  // the movement has switched it
+    m_icons->setDragEnabled(true);  // setMovement(Static) disables it
     m_icons->setResizeMode(QListView::Adjust);
     m_icons->setIconSize({icon, icon});
     m_gridDelegate.SetCell(cell);
@@ -222,7 +222,7 @@ QMenu& CListViewEx::NewPopupMenu()
 
 // --- focus and mouse ----------------------------------------------------------------------------
 
-// A menu bar that is used by keys borrows the focus.
+// Ignores menus and menu bars, which take the focus only while they are used with the keyboard.
 void CListViewEx::OnFocusChanged(const QWidget* now)
 {
     if (dynamic_cast<const QMenuBar*>(now) != nullptr ||
@@ -250,7 +250,7 @@ bool CListViewEx::eventFilter(QObject* watched, QEvent* event)
     return QStackedWidget::eventFilter(watched, event);
 }
 
-// The menu key works where the keys are.
+// Opens the context menu of the menu key at the current row.
 void CListViewEx::OnMenuKey()
 {
     QAbstractItemView& view = ActiveView();
@@ -276,7 +276,7 @@ bool CListViewEx::OnViewportEvent(QEvent& event)
         case QEvent::MouseButtonDblClick:
             return OnDoubleClick(static_cast<QMouseEvent&>(event));
         case QEvent::ContextMenu:
-            // The mouse brings its menu when the button goes up, so that it can drag before.
+            // The mouse opens the menu on release, because the right button may start a drag.
             return static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
         default:
             return false;
@@ -299,7 +299,8 @@ bool CListViewEx::OnRowPressed(int, Qt::KeyboardModifiers)
 
 void CListViewEx::OnBeginDrag(int, Qt::MouseButton, Qt::KeyboardModifiers) {}
 
-// A press beside the rows may go on to select with a band.
+// Lets the view handle moves only after a press outside the rows, which starts a rubber band
+// selection.
 bool CListViewEx::OnMouseMove(const QMouseEvent& event)
 {
     if (event.buttons() == Qt::NoButton) {

@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The base of the two lists: a report whose whole rows are selected and highlighted, or, if the
-// derived class wants it, icons; one selection for all styles. User interface thread only.
-//
-// A derived class is told of mouse, menu and focus by the virtual functions. Rows that something
-// hangs on are rows of the model.
+// Base class of the entry list and the file list: a report view and, for derived classes that use
+// it, an icon view, with one model and one selection. Derived classes handle mouse, menu and focus
+// in virtual functions. Row numbers are rows of the model. User interface thread only.
 
 #pragma once
 
@@ -31,7 +29,7 @@ class QMenu;
 
 namespace quorbit {
 
-// The values are those of the stored setting.
+// Values as stored in the profile (Setting::ViewStyle).
 enum class ListStyle : int {
     Icon = 0,
     Report = 1,
@@ -43,54 +41,56 @@ class CListViewEx : public QStackedWidget, public CView {
 public:
     ~CListViewEx() override;
 
-    // Whole rows in the report, or the first cell alone. Whether that changed anything.
+    // Selects whole rows or only the first cell in the report. Returns true if this was a change.
     bool SetFullRow(bool bFull);
     [[nodiscard]] bool GetFullRow() const { return m_report->FullRow(); }
     [[nodiscard]] ListStyle Style() const { return m_style; }
     void SetStyle(ListStyle style);
 
-    // In row order; however many.
+    // Returns all selected rows in row order.
     [[nodiscard]] std::vector<int> SelectedRows() const;
-    // The row that the list's keys start from; -1 if there is none.
+    // The row with the keyboard cursor, or -1 if there is none.
     [[nodiscard]] int CurrentRow() const;
-    // Row at a position of Viewport(); -1 if there is none.
+    // Returns the row at a position in the viewport of ActiveView(), or -1 if there is none.
     [[nodiscard]] int RowAt(const QPoint& position) const;
 
-    // What the rows are drawn on at the moment.
+    // The view of the current style.
     [[nodiscard]] QAbstractItemView& ActiveView() const;
     [[nodiscard]] ReportView& Report() const { return *m_report; }
-    // The last context menu; null if there was none. Owned by the list.
+    // The last context menu, or null. Owned by the list.
     [[nodiscard]] QMenu* PopupMenu() const { return m_pPopupMenu.get(); }
     [[nodiscard]] bool HasFocus() const { return m_bFocus; }
 
 protected:
-    // setActive: called with this when the list gets the focus; may be empty. name: for those who
-    // hear the screen.
+    // setActive is called with this object when the list gets the focus; may be empty. `name` is
+    // the accessible name for screen readers.
     CListViewEx(std::function<void(CView*)> setActive, const QString& name, QWidget* parent);
 
-    // Once, with a model that outlives the use of this list.
+    // Must be called once. `model` is not owned and must outlive this object.
     void SetModel(QAbstractItemModel& model);
-    // Column widths of the profile, pixels, under settings from first on. Where none is stored, or
-    // just the default, that is for digits 5 pixels wide and grows with the font; a title fits.
+    // Reads the column widths (pixels) from the settings starting at `first`. The default widths
+    // assume digits 5 pixels wide: a width that is missing or equal to its default is scaled to the
+    // font and is at least as wide as the title.
     void ReadColumnWidths(const Profile& profile, Setting first);
-    // The widths as they are, to be stored.
+    // Returns the current widths (pixels), with the settings to store them in.
     [[nodiscard]] std::vector<std::pair<Setting, std::int32_t>> ColumnWidths(Setting first) const;
-    // Where the keys start from; selects nothing. Scrolls there.
+    // Moves the keyboard cursor to a row and scrolls to it, without selecting it.
     void SetCurrentRow(int row);
     void SetKeepsSelection(bool keeps) { m_report->SetKeepsSelection(keeps); }
-    // A line in the place of rows; empty for none.
+    // Shows a text in place of rows; an empty text hides it.
     void SetNotice(const QString& text);
-    // Makes a new context menu in the place of the last one.
+    // Replaces the last context menu with a new, empty one.
     QMenu& NewPopupMenu();
 
-    // The left button goes down on a row, before that selects anything. True if it shall not.
+    // Called when the left button is pressed on a row, before the view changes the selection.
+    // Return true to keep the view from handling the press.
     virtual bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers);
     virtual void OnRowDoubleClicked(int row) = 0;
-    // row: -1 beside the rows. position: on the screen.
+    // `row` is -1 outside the rows. `position` is in screen coordinates.
     virtual void OnContextMenu(int row, const QPoint& position,
                                Qt::KeyboardModifiers modifiers) = 0;
-    // A button went down on the row and is dragged away, the left or the right one. There is no
-    // drag unless it is begun here.
+    // Called when a drag of a row with the left or the right button starts. The view itself starts
+    // no drags.
     virtual void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -110,20 +110,20 @@ private:
     bool OnMouseRelease(const QMouseEvent& event);
 
     std::function<void(CView*)> m_setActive;
-    ReportView* m_report;  // owned by this widget, as the next ones
+    ReportView* m_report;  // owned by this widget, like the next two
     QListView* m_icons;
     QLabel* m_notice;
     GridDelegate m_gridDelegate;
     QAbstractItemModel* m_pModel = nullptr;
-    QItemSelectionModel* m_selection = nullptr;  // of the report; the icons have the same
+    QItemSelectionModel* m_selection = nullptr;  // of the report, shared with the icon view
     std::unique_ptr<QMenu> m_pPopupMenu;
     ListStyle m_style = ListStyle::Report;
     bool m_bFocus = false;
     QMetaObject::Connection m_focusConnection;
 
     DragGesture m_gesture;
-    QPersistentModelIndex m_pressedIndex;  // where a button went down last
-    bool m_bTakenOver = false;             // what follows until it goes up is not for the view
+    QPersistentModelIndex m_pressedIndex;  // position of the last press
+    bool m_bTakenOver = false;             // the view gets no mouse events until the release
 };
 
 }  // namespace quorbit

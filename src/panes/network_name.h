@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Names of what lies on a server.
+// Display names of items on a server.
 
 #pragma once
 
@@ -10,9 +10,10 @@
 
 namespace quorbit {
 
-// "docs on server1" below the node "server1" is "docs": the name is cut at its first " on " if it
-// holds " on " and the parent's text. Left whole below another node, and where nothing would be
-// left. Both as shown, UTF-8. For items with SFGAO_FILESYSANCESTOR.
+// Shortens "docs on server1" below the node "server1" to "docs": cuts the name at its first " on "
+// if it contains " on " followed by the parent's text. Other names, and those of which nothing
+// would remain, are returned unchanged. Both are display names, UTF-8. For items with
+// SFGAO_FILESYSANCESTOR.
 [[nodiscard]] std::string CutNetworkName(std::string name, std::string_view parentText);
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The reading of one node's children, as long as it goes on. Stops when it is destroyed. User
-// interface thread only.
+// Reads the children of one node in the background. Destruction stops the read. User interface
+// thread only.
 
 #pragma once
 
@@ -22,10 +22,10 @@ class NodeFill {
 public:
     explicit NodeFill(ShellFolderPtr folder) : m_folder(std::move(folder)) {}
 
-    // Kept until the reading is over, however it ends.
+    // Keeps the token of ShellTree::ShowRunning until this object is destroyed.
     void SetRunning(std::shared_ptr<void> running) { m_running = std::move(running); }
 
-    // deliver: as of FolderFeed; it may destroy this object.
+    // `deliver` as for FolderFeed; it may destroy this object.
     void Start(const FolderRequest& request, FolderFeed::Deliver deliver)
     {
         m_feed = std::make_unique<FolderFeed>(m_folder, request, std::move(deliver));
@@ -33,9 +33,9 @@ public:
 
     [[nodiscard]] const ShellFolderPtr& Folder() const { return m_folder; }
 
-    std::size_t m_nConsidered = 0;              // items that count as considered so far
-    std::vector<FolderItem> m_wanted;           // those that nodes are to be made of
-    std::vector<std::function<void()>> m_done;  // called when the children stand in the tree
+    std::size_t m_nConsidered = 0;              // items counted so far; see TreeVerdict
+    std::vector<FolderItem> m_wanted;           // items accepted by the filter, without nodes yet
+    std::vector<std::function<void()>> m_done;  // called when the children are in the tree
 
 private:
     ShellFolderPtr m_folder;

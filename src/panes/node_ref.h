@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Remembers a node of a tree for as long as it is there. User interface thread only.
+// Weak reference to a node of a tree: becomes null when the node is removed. User interface thread
+// only.
 
 #pragma once
 
@@ -14,13 +15,13 @@ namespace quorbit {
 class NodeRef {
 public:
     NodeRef() = default;
-    // node: null for none.
+    // `node` may be null.
     NodeRef(const ShellTree& tree, const ShellTreeNode* node)
         : m_pTree(&tree), m_place(node != nullptr ? tree.indexFromItem(node) : QModelIndex())
     {
     }
 
-    // Null if there is none, or none any more. The tree must still be there.
+    // Returns null if there is no node or it was removed. The tree must still exist.
     [[nodiscard]] ShellTreeNode* Get() const
     {
         return m_place.isValid() ? NodeOf(m_pTree->itemFromIndex(m_place)) : nullptr;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What travels with the hints between tree and list of files.
+// Objects sent with the update hints between drive tree and file list.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace quorbit {
 
-// With HINT_FOLDER_SELECTED. The item belongs to the tree.
+// Sent with HINT_FOLDER_SELECTED. The item belongs to the tree.
 class TreeItemHint final : public HintObject {
 public:
     explicit TreeItemHint(const ShellTreeItem& item) : m_item(item) {}
@@ -21,7 +21,8 @@ private:
     const ShellTreeItem& m_item;
 };
 
-// With HINT_FOLDER_OPENED and HINT_FOLDER_NOT_FOUND. The item belongs to the list.
+// Sent with HINT_FOLDER_OPENED and HINT_FOLDER_NOT_FOUND. The item belongs to the sender and is
+// valid during the call.
 class ListItemHint final : public HintObject {
 public:
     explicit ListItemHint(const ShellListItem& item) : m_item(item) {}

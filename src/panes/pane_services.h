@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the panes work with. Nothing is owned, all of it outlives the panes. User interface thread
-// only.
+// Services used by the panes. Pointers are not owned and must outlive the panes. User interface
+// thread only.
 
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace quorbit {
 
-// Pictures in front of the entries: of one that deletes, and of every other one.
+// Icons of delete entries and of all other entries.
 struct EntryMarks {
     QIcon deletes;
     QIcon others;
@@ -31,10 +31,10 @@ struct PaneServices {
     const ItemIcons* pIcons = nullptr;
     EntryMarks marks{};
     ShellFolderPtr desktop;
-    std::uint32_t nRunMode = 0;             // of the application; 0 in an interactive start
-    std::function<void(int)> sendCommand;   // to the main window; returns when it is carried out
-    std::function<void(int)> postCommand;   // the same, once the event loop is free
-    std::function<void(CView*)> setActive;  // the pane has got the focus
+    std::uint32_t nRunMode = 0;             // run mode of the application; 0 if interactive
+    std::function<void(int)> sendCommand;   // sends to the main window; returns when handled
+    std::function<void(int)> postCommand;   // the same, but from the event loop
+    std::function<void(CView*)> setActive;  // called when a pane gets the focus
     std::function<bool()> isFrameMinimised;
 };
 

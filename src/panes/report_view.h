@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A list in report style whose rows are drawn as a whole.
+// A list in report style that draws whole rows. User interface thread only.
 
 #pragma once
 
@@ -15,20 +15,20 @@ class ReportView final : public QTreeView {
 public:
     explicit ReportView(QWidget* parent);
 
-    // Whether the highlight, and what counts as a hit, is the whole row or the first cell alone.
+    // Sets whether the whole row or only the first cell is highlighted and responds to the mouse.
     void SetFullRow(bool full);
     [[nodiscard]] bool FullRow() const { return m_bFullRow; }
-    // Whether a selection shows while the list lacks the focus.
+    // Sets whether the selection is visible while the list does not have the focus.
     void SetKeepsSelection(bool keeps) { m_bKeepsSelection = keeps; }
-    // The row that something dragged would land on; -1 for none.
+    // Highlights a row as the drop target of a drag; -1 for none.
     void SetDropRow(int row);
 
-    // The row at the upper edge; invalid if there is none.
+    // Returns the top visible row, or an invalid index if there is none.
     [[nodiscard]] QModelIndex TopRow() const { return QTreeView::indexAt({}); }
-    // Scrolls up or down until the row is there, or none comes below.
+    // Scrolls vertically so that the row is at the top, or as near as the scroll range allows.
     void PutOnTop(const QModelIndex& row);
 
-    // Nothing beside the first cell, unless the whole row counts.
+    // Returns an invalid index outside the first cell, unless full rows are on.
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
 
 protected:

@@ -13,9 +13,9 @@
 namespace quorbit {
 namespace {
 
-constexpr int kMostCharacters = 259;  // of a cell that are drawn
+constexpr int kMostCharacters = 259;  // drawn per cell
 constexpr int kFirstMargin = 2;       // pixels on each side of the first text
-constexpr int kMargin = 6;            // of the others
+constexpr int kMargin = 6;            // on each side of the other texts
 
 QStyle& StyleOf(const QStyleOptionViewItem& option)
 {
@@ -27,7 +27,7 @@ QString TextOf(const QModelIndex& index)
     return index.data(Qt::DisplayRole).toString().left(kMostCharacters);
 }
 
-// Where the icon is, and what is left for the text; the same without an icon.
+// The areas of the icon and of the text; the icon's space is reserved even if there is no icon.
 QRect IconRect(const QStyleOptionViewItem& option, const QRect& cell)
 {
     const int gap = (cell.height() - option.decorationSize.height()) / 2;

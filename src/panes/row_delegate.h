@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Draws the rows of a report.
+// Draws the rows of a ReportView.
 
 #pragma once
 
@@ -10,20 +10,20 @@
 
 namespace quorbit {
 
-// How a row stands when it is drawn.
+// State of a row to draw.
 struct RowState {
     bool selected = false;
     bool dropTarget = false;
-    bool current = false;  // the one that keys start from
+    bool current = false;  // has the keyboard cursor
     bool listHasFocus = false;
-    bool keepsSelection = true;  // a selection shows without the focus, too
-    bool fullRow = true;         // the highlight runs along the whole row, not the first text alone
+    bool keepsSelection = true;  // show the selection even without the focus
+    bool fullRow = true;         // highlight the whole row, not only the first text
 };
 
-// Whether the row is drawn as a selected one.
+// Returns true if the row is drawn as selected.
 [[nodiscard]] bool ShowsSelected(const RowState& state);
 
-// Where a cell is, in the coordinates of the painter.
+// A cell and its position in painter coordinates.
 struct RowCell {
     QModelIndex index;
     QRect rect;
@@ -33,8 +33,8 @@ class RowDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // cells: the columns from left to right, the first one with the icon. clientRight: the last
-    // pixel that a highlight may reach.
+    // `cells` are ordered from left to right; the first has the icon. clientRight is the x
+    // coordinate of the last pixel of the viewport; a full row highlight extends at least to it.
     void PaintRow(QPainter& painter, const QStyleOptionViewItem& option,
                   const std::vector<RowCell>& cells, const RowState& state, int clientRight) const;
 

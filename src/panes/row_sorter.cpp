@@ -15,9 +15,9 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kPiece = 4096;  // sorted in one go; between two, the work may be abandoned
+constexpr std::size_t kPiece = 4096;  // rows sorted between two checks of the stop token
 
-// A merge sort from the bottom up.
+// Bottom-up merge sort, so that `stop` can be checked between the steps.
 void Sort(FileRows& rows, int column, const std::stop_token& stop)
 {
     const auto above = [column](const ShellListItem* first, const ShellListItem* second) {
@@ -70,7 +70,7 @@ void RowSorter::Cancel()
 void RowSorter::Finish(FileRows& rows)
 {
     Cancel();
-    // The receiver of the rows may start another sort.
+    // Move `deliver` out first: it may start another sort.
     const Deliver deliver = std::move(m_deliver);
     deliver(std::move(rows.order));
 }

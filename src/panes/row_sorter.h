@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Sorts the rows of the list of files; many of them in the background. User
-// interface thread only.
+// Sorts the rows of the file list, large lists in a background thread. User interface thread only.
 
 #pragma once
 
@@ -20,27 +19,27 @@ class RowSorter {
 public:
     using Deliver = std::function<void(std::vector<const ShellListItem*>)>;
 
-    // As many rows are sorted at once.
+    // Up to this many rows are sorted synchronously.
     static constexpr int kFew = 5000;
 
     RowSorter() = default;
-    // Gives up what is being sorted.
+    // Cancels a sort in progress.
     ~RowSorter() { Cancel(); }
     RowSorter(const RowSorter&) = delete;
     RowSorter& operator=(const RowSorter&) = delete;
 
-    // By StandsAbove; rows that are equal there keep their order. Gives up what is being sorted
-    // before. deliver is called once: before this returns if there are few rows, else by the event
-    // loop.
+    // Starts a stable sort by StandsAbove and cancels the one in progress. `deliver` is called
+    // once: before this function returns if there are at most kFew rows or no thread can be
+    // created, otherwise from the event loop.
     void Start(FileRows rows, int column, Deliver deliver);
-    // deliver is not called any more.
+    // Cancels the sort; `deliver` is not called.
     void Cancel();
     [[nodiscard]] bool IsRunning() const { return m_receiver != nullptr; }
 
 private:
     void Finish(FileRows& rows);
 
-    std::unique_ptr<QObject> m_receiver;  // of the thread's event; null if nothing is being sorted
+    std::unique_ptr<QObject> m_receiver;  // of the thread's event; null unless sorting
     Deliver m_deliver;
     BackgroundTask m_task;
 };

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whether a selection in the list of files is all files or all folders: an entry names one or the
-// other.
+// Checks that a selection in the file list is all files or all folders, because an entry names only
+// one kind. Pure functions.
 
 #pragma once
 
@@ -11,24 +11,25 @@
 namespace quorbit {
 
 enum class SelectionKind : int {
-    None = 0,  // not known yet
+    None = 0,  // not yet known
     Files = 1,
     Folders = 2,
 };
 
 struct SelectionVerdict {
-    bool uniform = true;                       // one kind throughout
-    bool warn = false;                         // tell the person, and drop the selection
-    SelectionKind kind = SelectionKind::None;  // from now on
+    bool uniform = true;                       // all of one kind
+    bool warn = false;                         // warn the user and clear the selection
+    SelectionKind kind = SelectionKind::None;  // the kind to remember
     bool operator==(const SelectionVerdict&) const = default;
 };
 
-// The selected rows in row order, with the row that a click is about to add behind them; -1 if
-// there is none.
+// Returns the selected rows, in row order, followed by the row that a click is about to add, unless
+// it is selected already; -1 if there is none.
 [[nodiscard]] std::vector<int> RowsToCheck(std::vector<int> selected, int row);
 
-// isFolder: each row in turn. No rows count as folders. before: what the last verdict said.
-// ctrl: the key is held, so that a click adds to the selection and does not replace it.
+// isFolder contains one value per row; no rows count as folders. `before` is the kind of the last
+// verdict. `ctrl` is true if Ctrl is pressed, so that a click adds to the selection instead of
+// replacing it.
 [[nodiscard]] SelectionVerdict JudgeSelection(const std::vector<bool>& isFolder,
                                               SelectionKind before, bool ctrl);
 

@@ -28,8 +28,8 @@ bool IsBelow(const QTreeWidgetItem* item, const QTreeWidgetItem& node)
     return item != nullptr;
 }
 
-// Whether a path is a folder or lies below it; both without closing separator unless roots. The
-// case of a drive letter does not count.
+// Returns true if `path` is `volume` or is below it. Neither has a trailing separator unless it is
+// a root. Drive letters are compared ignoring case.
 bool LiesOn(std::string_view path, std::string_view volume)
 {
     if (IsDrivePath(path) && IsDrivePath(volume)) {
@@ -66,7 +66,7 @@ ShellTree::ShellTree(ShellFolderPtr desktop, const ItemIcons& icons, std::uint32
 
 ShellTree::~ShellTree()
 {
-    // What the nodes hold uses the members of this class.
+    // Destroy the nodes here: their read tokens use members of this class.
     const QSignalBlocker silent(this);
     m_fill.reset();
     clear();
@@ -115,7 +115,7 @@ void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
         }
     }
     if (node.m_fill != nullptr) {
-        node.m_fill->SetRunning(ShowRunning());  // waited for again, if it was not any more
+        node.m_fill->SetRunning(ShowRunning());  // show the wait cursor again
         node.m_fill->m_done.push_back(std::move(done));
     } else if (done) {
         done();
@@ -127,7 +127,7 @@ void ShellTree::OnBatch(ShellTreeNode* node, FolderBatch batch)
     NodeFill& fill = node != nullptr ? *node->m_fill : *m_fill;
     KeepWanted(node, fill, std::move(batch.items));
     if (node == nullptr) {
-        // The drives need not wait for the files on the desktop.
+        // Show the drives before all files on the desktop have been read.
         InsertWanted(nullptr, fill);
     }
     if (batch.ended) {
@@ -160,7 +160,7 @@ void ShellTree::InsertWanted(ShellTreeNode* node, NodeFill& fill)
     QList<QTreeWidgetItem*> items;
     items.reserve(static_cast<qsizetype>(made.size()));
     for (auto& one : made) {
-        items.append(one.release());  // the tree's from here on
+        items.append(one.release());  // now owned by the tree
     }
     if (node != nullptr) {
         node->addChildren(items);
@@ -180,7 +180,7 @@ void ShellTree::EndFill(ShellTreeNode* node, bool failed)
         invisibleRootItem()->sortChildren(0, Qt::AscendingOrder);
     } else {
         InsertWanted(node, *fill);
-        // What could not be read may be tried again.
+        // Keep the mark if the read has failed, so that the user can try again.
         node->m_bFilled = !failed || node->childCount() > 0;
         node->SetMark(!node->m_bFilled);
         if (node->childCount() == 0) {
@@ -220,7 +220,7 @@ void ShellTree::InsertNode(ShellTreeNode* parent, int place, const ShellFolderPt
 {
     std::unique_ptr<ShellTreeNode> node = MakeNode(parent, folder, item);
     QTreeWidgetItem* above = parent != nullptr ? parent : invisibleRootItem();
-    above->insertChild(place, node.release());  // the tree's from here on
+    above->insertChild(place, node.release());  // now owned by the tree
 }
 
 void ShellTree::SortByText(ShellTreeNode* parent)

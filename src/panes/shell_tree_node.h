@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A node of a tree of the shell namespace. User interface thread only.
+// A node of a ShellTree. User interface thread only.
 
 #pragma once
 
@@ -17,33 +17,33 @@ namespace quorbit {
 
 class NodeFill;
 
-// What the nodes of one tree have in common. Nothing is owned.
+// State shared by the nodes of one tree. Pointers are not owned.
 struct ShellTreeLook {
     const ItemIcons* pIcons = nullptr;
-    const QTreeWidgetItem* pSelected = nullptr;     // has its open icon
-    const QTreeWidgetItem* pHighlighted = nullptr;  // the target of a drag; may be null
-    bool bSortByText = false;                       // else by CompareItemIds
+    const QTreeWidgetItem* pSelected = nullptr;     // shown with the open icon
+    const QTreeWidgetItem* pHighlighted = nullptr;  // drop target of a drag; may be null
+    bool bSortByText = false;                       // otherwise by CompareItemIds
 };
 
 class ShellTreeNode final : public QTreeWidgetItem {
 public:
-    // text: as shown, UTF-8. look outlives the node.
+    // `text` is the display text, UTF-8. `look` must outlive the node.
     ShellTreeNode(ShellTreeItem item, const std::string& text, const ShellTreeLook& look);
     ~ShellTreeNode() override;
     ShellTreeNode(const ShellTreeNode&) = delete;
     ShellTreeNode& operator=(const ShellTreeNode&) = delete;
 
     [[nodiscard]] const ShellTreeItem& Item() const { return m_item; }
-    // Path of the folder, as bytes, without closing separator unless it is a root. Nothing if it
-    // has none.
+    // Returns the path of the folder, as bytes, without a trailing separator unless it is a root.
+    // Returns nullopt if it has none.
     [[nodiscard]] std::optional<std::string> Path() const;
 
-    // Whether the mark for expanding shows though there may be no children yet.
+    // Returns true if the expand mark is shown even without children.
     [[nodiscard]] bool HasMark() const;
     void SetMark(bool mark);
 
     bool m_bFilled = false;            // its children have been read
-    std::unique_ptr<NodeFill> m_fill;  // while they are being read
+    std::unique_ptr<NodeFill> m_fill;  // non-null while they are being read
 
     [[nodiscard]] QVariant data(int column, int role) const override;
     bool operator<(const QTreeWidgetItem& other) const override;
@@ -53,7 +53,7 @@ private:
     const ShellTreeLook& m_look;
 };
 
-// The node that an item of such a tree is; null for null.
+// Casts an item of a ShellTree to its node; null stays null.
 [[nodiscard]] inline ShellTreeNode* NodeOf(QTreeWidgetItem* item)
 {
     return static_cast<ShellTreeNode*>(item);

@@ -6,7 +6,7 @@
 namespace quorbit {
 namespace {
 
-// The beginning of that many code units, without half a character at its end.
+// Returns the prefix of at most `length` code units that does not end within a surrogate pair.
 QString WholeCharacters(const QString& text, qsizetype length)
 {
     const bool splits = length > 0 && length < text.size() && text[length - 1].isHighSurrogate() &&

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes a text fit into a width.
+// Shortens a text to fit a width. Pure function.
 
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace quorbit {
 
-// The text itself if its width and the allowance fit; otherwise its longest beginning that fits
-// with "..." behind it, and if none does, its first character with "...". Widths in the unit that
-// measure gives; a longer text must not measure less than its beginning. A character that takes two
-// code units is kept or dropped whole.
+// Returns `text` if its width plus `allowance` fits into `width`; otherwise its longest prefix that
+// fits, followed by "..."; if none fits, the first character followed by "...". Widths are in the
+// unit of `measure`, which must not return less for a text than for its prefix. Does not split
+// surrogate pairs.
 [[nodiscard]] QString ShortenText(const QString& text, int width, int allowance,
                                   const std::function<int(const QString&)>& measure);
 
