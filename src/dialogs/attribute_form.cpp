@@ -14,7 +14,7 @@ AttributeForm OpenAttributeForm(std::uint32_t word)
         return ClickDontApply(form, true);
     }
     form.attributes = word & DCF_ATTR_MASK;
-    // Of one group of radio buttons the one that is selected last stays.
+    // If both bits are set, And wins: like a radio button that is selected last.
     if ((word & DCF_ATTR_AND) != 0) {
         form.relation = AttributeRelation::And;
     } else if ((word & DCF_ATTR_OR) != 0) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of the attribute filter, without its window. Pure functions over a flag word of
-// batch/dir_copy.h.
+// The logic of the attribute filter dialog, without its window. Pure functions on the flags of an
+// entry (DCF_ bits, batch/dir_copy.h).
 
 #pragma once
 
@@ -20,7 +20,7 @@ struct AttributeForm {
 
 [[nodiscard]] AttributeForm OpenAttributeForm(std::uint32_t word);
 [[nodiscard]] AttributeForm ClickDontApply(AttributeForm form, bool on);
-// The whole word: no other bit survives.
+// Returns the flags of the form. All bits other than those of the filter are 0.
 [[nodiscard]] std::uint32_t WordOf(const AttributeForm& form);
 
 }  // namespace quorbit

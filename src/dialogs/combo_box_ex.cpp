@@ -27,7 +27,8 @@ void CComboBoxEx::SetLines(QAbstractItemModel* lines)
 {
     setModel(lines);
     Clear();
-    // The base shows the first line that comes into an empty list, also over what was typed.
+    // QComboBox selects the first line inserted into an empty list, which would replace the typed
+    // text.
     connect(lines, &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
         if (count() == 0) {
             const QString typed = currentText();
@@ -77,7 +78,7 @@ int CComboBoxEx::FindBeginning(const QString& typed) const
     if (const auto* names = dynamic_cast<const NameListModel*>(model())) {
         return names->FindBeginning(typed);
     }
-    return findText(typed, Qt::MatchStartsWith);  // without case
+    return findText(typed, Qt::MatchStartsWith);  // ignores case
 }
 
 void CComboBoxEx::OnEditUpdate(const QString& typed)
@@ -90,7 +91,7 @@ void CComboBoxEx::OnEditUpdate(const QString& typed)
     if (line < 0) {
         setEditText(typed);
     } else {
-        setEditText(itemText(line));  // also where that line was the current one already
+        setEditText(itemText(line));  // setCurrentIndex changes nothing if the line is current
     }
     const auto length = static_cast<int>(typed.size());
     lineEdit()->setSelection(length, static_cast<int>(currentText().size()) - length);

@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The speed typing box: completes what is typed to the first line that begins so.
+// The speed typing box: completes the typed text to the first line that starts with it, ignoring
+// case. The completed tail is selected, so that the next key replaces it. Delete and Backspace
+// suspend completion until the next other key. Inserting lines does not change the typed text. User
+// interface thread only.
 
 #pragma once
 
@@ -16,9 +19,10 @@ class CComboBoxEx final : public QComboBox {
 public:
     explicit CComboBoxEx(QWidget* parent = nullptr);
 
-    // For setModel, which the base does not let a subclass override.
+    // Sets the lines to complete from; use this instead of setModel, which is not virtual. `lines`
+    // is not owned and must outlive this object.
     void SetLines(QAbstractItemModel* lines);
-    // Empties the box; the lines stay.
+    // Clears the text, not the lines.
     void Clear();
 
 protected:

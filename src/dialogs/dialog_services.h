@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the dialogs work with. Nothing is owned, all of it outlives the dialogs. User interface
+// Services used by the dialogs. Pointers are not owned and must outlive the dialogs. User interface
 // thread only.
 
 #pragma once
@@ -20,10 +20,10 @@ namespace quorbit {
 struct DialogServices {
     Prompts* pPrompts = nullptr;
     const ItemIcons* pIcons = nullptr;
-    ShellFolderPtr desktop;  // null: folders show nothing
+    ShellFolderPtr desktop;  // null: folders are shown empty
     DriveMap drives;
-    const Profile* pProfile = nullptr;  // null: no dialog remembers its size
-    std::function<QWidget*()> parent;   // window over which a dialog opens; may be empty
+    const Profile* pProfile = nullptr;  // null: sizes are not remembered
+    std::function<QWidget*()> parent;   // parent window of a dialog; may be empty
 
     [[nodiscard]] QWidget* Parent() const { return parent ? parent() : nullptr; }
 };

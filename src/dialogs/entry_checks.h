@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The check boxes that the dialogs of file entries and of file-type entries share, and how one acts
-// on the others. Pure functions; each flag of an entry has one box.
+// The check boxes shared by the dialogs of file entries and file type entries, and how they affect
+// each other. Pure functions. Each box stands for one flag of an entry.
 
 #pragma once
 
@@ -24,7 +24,7 @@ enum class EntryBox : std::uint8_t {
 };
 inline constexpr std::size_t kEntryBoxes = 8;
 
-// A yes or no for each box.
+// One bool for each box.
 class EntryChecks {
 public:
     [[nodiscard]] bool operator[](EntryBox box) const { return m_on[At(box)]; }
@@ -37,17 +37,18 @@ private:
     std::array<bool, kEntryBoxes> m_on{};
 };
 
-// The boxes of an entry's flags, without DeleteFolder and AllTypes, which hang on more than the
-// flags. Preserve needs SubFolders; Sync wins over Incremental, and a delete entry has neither.
+// Returns the boxes for the flags of an entry, except DeleteFolder and AllTypes, which do not
+// depend on the flags alone. Preserve requires SubFolders; Sync excludes Incremental; a delete
+// entry has neither Sync nor Incremental.
 [[nodiscard]] EntryChecks ChecksOfFlags(std::uint32_t flags, bool bDelete);
 
-// The flags with that box's bit set or cleared.
+// Returns the flags with the bit of a box set or cleared.
 [[nodiscard]] std::uint32_t WithBox(std::uint32_t flags, EntryBox box, bool on);
 
-// What a click on a box does to all of them.
+// Returns the state of all boxes after a click sets a box to `on`.
 [[nodiscard]] EntryChecks ClickBox(EntryChecks checks, EntryBox box, bool on);
 
-// Which boxes can be clicked.
+// Returns which boxes are enabled.
 [[nodiscard]] EntryChecks EnabledBoxes(const EntryChecks& checks);
 
 }  // namespace quorbit

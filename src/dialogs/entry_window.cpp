@@ -96,7 +96,7 @@ void EntryWindow::LayOut(const EntryWindowTexts& texts)
     auto* destLabel = new QLabel(QStringLiteral("D&estination folder:"), this);
     sourceLabel->setBuddy(m_source->Edit());
     destLabel->setBuddy(m_dest->Edit());
-    // Level with the text boxes, also while a hint stands below these.
+    // Keep the labels level with the text boxes, even while a hint is shown below a box.
     const int height = m_source->Edit()->sizeHint().height();
     sourceLabel->setMinimumHeight(height);
     destLabel->setMinimumHeight(height);

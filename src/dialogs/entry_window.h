@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the windows of file entries and of file-type entries have in common: folders, check boxes,
-// two lists, buttons. A control that a mode does not show takes no room. User interface thread
-// only.
+// Base class of the windows of file entries and file type entries: folders, check boxes, two lists
+// and buttons. Controls that a mode does not show take no space. User interface thread only.
 
 #pragma once
 
@@ -41,24 +40,25 @@ struct EntryWindowTexts {
 
 class EntryWindow : public QDialog {
 public:
-    // What "..." has put into the boxes, also if the window ended with Cancel.
+    // The folders last picked with "...", even if the window was cancelled. Nullopt if none was
+    // picked.
     [[nodiscard]] const std::optional<std::string>& PickedSource() const { return m_pickedSource; }
     [[nodiscard]] const std::optional<std::string>& PickedDest() const { return m_pickedDest; }
 
 protected:
-    // services outlive the window.
+    // `services` must outlive the window.
     EntryWindow(const DialogServices& services, const EntryWindowTexts& texts);
 
-    // Puts a button into the tab order and beside the lists; before SetTabOrder.
+    // Adds a button to the lists and the tab order. Must be called before SetTabOrder.
     void AddExtraButton(QPushButton* button);
-    // Once all controls are there. The overwrite box comes last.
+    // Sets the tab order; must be called when all controls exist. The overwrite box comes last.
     void SetTabOrder();
     void ShowChecks(const EntryChecks& checks, const EntryChecks& enabled);
     void Tell(const char* text, const char* caption, PromptIcon icon) const;
 
-    // A person has clicked a box.
+    // Called when the user clicks a box.
     virtual void OnBox(EntryBox box, bool on) = 0;
-    // The word that "Advanced" edits.
+    // The flags that the "Advanced" dialog edits.
     virtual std::uint32_t& Flags() = 0;
 
     [[nodiscard]] const DialogServices& Services() const { return m_services; }
@@ -79,7 +79,7 @@ private:
     std::optional<std::string> m_pickedDest;
     FolderBox* m_source;
     FolderBox* m_dest;
-    std::array<QCheckBox*, kEntryBoxes> m_boxes{};  // null where there is none
+    std::array<QCheckBox*, kEntryBoxes> m_boxes{};  // null if the window does not have the box
     std::vector<QCheckBox*> m_boxOrder;
     SelectionLists* m_lists;
     QPushButton* m_ok;

@@ -12,7 +12,7 @@
 
 namespace quorbit {
 
-// Lives as long as its document. Nothing carries over from one use to the next.
+// Lives as long as its document. Keeps no state between uses.
 class CExternalFile final : public ScriptDialog {
 public:
     explicit CExternalFile(DialogServices services) : m_services(std::move(services)) {}

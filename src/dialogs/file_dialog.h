@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of the entries that name single files or folders. User interface thread only.
+// The dialog of file entries, which name individual files or folders. User interface thread only.
 
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace quorbit {
 
-// Lives as long as its document; a destination carries over from one use to the next.
+// Lives as long as its document. Remembers the destination between uses.
 class CFileDlg final : public FileDialog {
 public:
     explicit CFileDlg(DialogServices services) : m_services(std::move(services)) {}

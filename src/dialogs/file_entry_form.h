@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of the entries that name single files or folders, without its window: what opening
-// makes of an entry, and what OK makes of the controls. Pure functions.
+// The logic of the file entry dialog, without its window: converts entries to the values of the
+// controls and back. A file entry names individual files or folders. Pure functions.
 
 #pragma once
 
@@ -17,36 +17,36 @@
 namespace quorbit {
 
 struct FileEntryForm {
-    bool bFiles = true;  // the names are those of files, else of folders
+    bool bFiles = true;  // the names are files, otherwise folders
     bool bDelete = false;
-    std::uint32_t flags = DCF_NO_ATTRS;  // working copy; the attribute dialog rewrites it
+    std::uint32_t flags = DCF_NO_ATTRS;  // working copy, edited by the attribute dialog
     std::string source;
     std::string dest;
-    std::vector<std::string> names;        // of the process list
-    std::vector<std::string> folderTypes;  // masks inside the folders
+    std::vector<std::string> names;        // in the process list
+    std::vector<std::string> folderTypes;  // masks for the files in the folders
     EntryChecks checks;
 };
 
-// For a new entry. The names are taken as they are.
+// Returns the form of a new entry. The names are used unchanged.
 [[nodiscard]] FileEntryForm NewFileEntryForm(bool bFiles, bool bDelete, std::string source,
                                              std::string dest, std::vector<std::string> names);
 
-// For an entry that is edited. One with masks for its folders is a folder entry, whatever bFiles
-// says.
+// Returns the form of an existing entry. An entry with folder masks is a folder entry even if
+// bFiles is true.
 [[nodiscard]] FileEntryForm EditFileEntryForm(bool bFiles, bool bDelete, const CDirCopy& entry);
 
-// The names in the text of a drop: the letter F, then names with ", " between them. A name that
-// holds a comma is cut there. Another text than a list of names gives none.
+// Returns the names in the text of a drop: the letter F, then names separated by ", ". A name that
+// contains a comma is split there. Returns no names for the text of a folder drop.
 [[nodiscard]] std::vector<std::string> NamesOfDropText(const std::string& text);
 
 [[nodiscard]] const char* TitleOf(const FileEntryForm& form);
 
-// Whether OK puts "*.*" in the place of masks that nobody set.
+// Returns true if OK uses "*.*" because no masks were set.
 [[nodiscard]] bool TakesEveryType(const FileEntryForm& form);
 
 [[nodiscard]] EntryValues ValuesOf(const FileEntryForm& form);
 
-// A text that is a mask and no name.
+// Returns true if the text is a mask, not a name.
 [[nodiscard]] bool IsMaskText(const std::string& text);
 
 }  // namespace quorbit

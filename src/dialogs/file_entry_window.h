@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The window in which an entry that names single files or folders is set up. User interface thread
-// only.
+// The window of a file entry, which names individual files or folders. User interface thread only.
 
 #pragma once
 
@@ -16,10 +15,10 @@ namespace quorbit {
 
 class FileEntryWindow final : public EntryWindow {
 public:
-    // Shows the form and begins to read its source folder. services outlive the window.
+    // Shows the form and starts to read its source folder. `services` must outlive the window.
     FileEntryWindow(const DialogServices& services, FileEntryForm form);
 
-    // As OK has left it.
+    // The edited form; valid after OK.
     [[nodiscard]] const FileEntryForm& Form() const { return m_form; }
 
     void accept() override;

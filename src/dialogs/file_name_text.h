@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Names between disk and screen.
+// Converts file names between bytes and display text.
 
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace quorbit {
 
-// For the screen. Not always a name that the system knows.
+// Returns the display text of a name. It is not always a valid file name: see Printable().
 [[nodiscard]] inline QString ShownText(const std::string& name)
 {
     return QString::fromStdString(Printable(name));
 }
 
-// What a person has typed, as the system takes it.
+// Returns a typed name as the bytes that the file system uses.
 [[nodiscard]] inline std::string TypedName(const QString& text)
 {
     return QFile::encodeName(text).toStdString();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of the entries that select files by masks. User interface thread only.
+// The dialog of file type entries, which select files by masks. User interface thread only.
 
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace quorbit {
 
-// Lives as long as its document; both folders carry over from one use to the next.
+// Lives as long as its document. Remembers both folders between uses.
 class CFileTypeDlg final : public FileTypeDialog {
 public:
     explicit CFileTypeDlg(DialogServices services) : m_services(std::move(services)) {}

@@ -55,7 +55,8 @@ std::string ComposeDestination(const std::string& source, const std::string& des
     if (dest.empty() || source.size() < 2) {
         return dest;
     }
-    // The first character of a native path is the root folder, that of a drive path the drive.
+    // The first character is the root folder in a native path, and the drive letter in a drive
+    // path.
     const bool native = !IsDrivePath(source) && source.front() == '/';
     std::size_t cut = source.rfind(SeparatorOf(source));
     bool hasSeparator = cut != std::string::npos && (cut > 0 || native);

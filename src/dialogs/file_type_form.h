@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of the entries that select files by masks, without its window: what opening makes of
-// an entry, how the boxes act on each other, and what OK makes of the controls. Pure functions.
+// The logic of the file type dialog, without its window: converts entries to the values of the
+// controls and back, and defines how the boxes affect each other. A file type entry selects files
+// by masks. Pure functions.
 
 #pragma once
 
@@ -18,28 +19,28 @@ namespace quorbit {
 
 struct FileTypeForm {
     bool bDelete = false;
-    std::uint32_t flags = DCF_NO_ATTRS;  // working copy; the attribute dialog rewrites it
+    std::uint32_t flags = DCF_NO_ATTRS;  // working copy, edited by the attribute dialog
     std::string source;
     std::string dest;
-    std::vector<std::string> masks;  // of the process list
+    std::vector<std::string> masks;  // in the process list
     EntryChecks checks;
 };
 
-// For a new entry; the destination is composed of both folders.
+// Returns the form of a new entry; its destination is composed by ComposeDestination.
 [[nodiscard]] FileTypeForm NewFileTypeForm(bool bDelete, std::string source,
                                            const std::string& dest);
 [[nodiscard]] FileTypeForm EditFileTypeForm(bool bDelete, const CDirCopy& entry);
 
-// The destination with the last component of the source below it; with the separators of the
-// destination. Empty if the destination is.
+// Returns `dest` with the last component of `source` appended, separated as in `dest`. Returns
+// `dest` unchanged if it is empty or `source` has fewer than two characters.
 [[nodiscard]] std::string ComposeDestination(const std::string& source, const std::string& dest);
 
 [[nodiscard]] EntryChecks ClickTypeBox(const EntryChecks& checks, EntryBox box, bool on);
 [[nodiscard]] EntryChecks EnabledTypeBoxes(const EntryChecks& checks);
-// Whether lists, their buttons and the speed typing box can be used.
+// Returns true if the lists, their buttons and the speed typing box are enabled.
 [[nodiscard]] bool ListsEnabled(const EntryChecks& checks);
 
-// Whether OK warns that nothing is selected.
+// Returns true if the form selects no files; OK then shows a warning.
 [[nodiscard]] bool SelectsNothing(const FileTypeForm& form);
 
 [[nodiscard]] EntryValues ValuesOf(const FileTypeForm& form);

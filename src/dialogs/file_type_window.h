@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The window in which an entry that selects files by masks is set up. User interface thread only.
+// The window of a file type entry, which selects files by masks. User interface thread only.
 
 #pragma once
 
@@ -12,10 +12,10 @@ namespace quorbit {
 
 class FileTypeWindow final : public EntryWindow {
 public:
-    // Shows the form and loads the masks. services outlive the window.
+    // Shows the form and loads the masks. `services` must outlive the window.
     FileTypeWindow(const DialogServices& services, FileTypeForm form);
 
-    // As OK has left it.
+    // The edited form; valid after OK.
     [[nodiscard]] const FileTypeForm& Form() const { return m_form; }
 
     void accept() override;

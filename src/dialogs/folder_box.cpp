@@ -81,7 +81,7 @@ void FolderBox::LookForFolder()
     }
     const std::string native = ToNative(folder, m_drives);
     if (native.empty()) {
-        ShowHint(true);  // of a drive that is not mapped
+        ShowHint(true);  // the drive is not mapped
         return;
     }
     m_probe.Ask(native, [this](bool missing) { ShowHint(missing); });
@@ -93,7 +93,7 @@ void FolderBox::ShowHint(bool show)
     m_hint->setVisible(show);
 }
 
-// A window does not grow by itself for lines that are broken.
+// Qt does not resize a window for a label with word wrap, so set its height here.
 void FolderBox::FitHint()
 {
     m_hint->setMinimumHeight(m_hint->heightForWidth(width()));

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A text box for a folder, with "..." beside it and, below, a hint if there is no such folder.
-// Takes every text.
+// A text box for a folder with a "..." button and a hint, below the box, if the folder does not
+// exist. Accepts any text. User interface thread only.
 
 #pragma once
 
@@ -22,18 +22,20 @@ namespace quorbit {
 class FolderBox final : public QWidget {
 public:
     enum class Role {
-        Source,       // a hint if the folder is missing
-        Destination,  // a hint if the folder above it is missing too: the folder itself gets made
+        Source,       // shows a hint if the folder does not exist
+        Destination,  // shows a hint if the parent does not exist; a run creates the folder
     };
-    // Asks for a folder, beginning at one; nothing on Cancel.
+    // Asks the user for a folder, starting at the given one. Returns nullopt on Cancel.
     using Pick = std::function<std::optional<std::string>(const std::string&)>;
 
-    // name: what the box is for, for those who hear the window, e.g. "source folder".
+    // `name` is the accessible name for screen readers, such as "source folder". `services` is not
+    // kept.
     FolderBox(const DialogServices& services, Role role, const QString& name, Pick pick,
               QWidget* parent);
 
     void SetFolder(const std::string& folder);
-    // What was set, to the byte, if nobody has changed the text since.
+    // Returns the bytes passed to SetFolder unless the text was changed since, otherwise the text
+    // as bytes.
     [[nodiscard]] std::string Folder() const;
 
     [[nodiscard]] QLineEdit* Edit() { return m_edit; }

@@ -12,7 +12,7 @@
 namespace quorbit {
 namespace {
 
-// More than a person looks through.
+// Limits the work per batch of names; nobody scrolls through more.
 constexpr qsizetype kMostPaths = 5000;
 
 }  // namespace
@@ -48,7 +48,7 @@ void FolderCompleter::OnNames(const std::vector<std::string>& names)
 {
     QStringList paths = m_paths.stringList();
     for (const std::string& name : names) {
-        // A name that cannot be typed cannot be completed either.
+        // Skip names that cannot be typed: the completed text would not name the folder.
         const QString shown = ShownText(name);
         if (!name.starts_with('.') && TypedName(shown) == name && paths.size() < kMostPaths) {
             paths << m_strParent + shown;

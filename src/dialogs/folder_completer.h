@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Completes paths of folders in a line edit. Folders are read in a thread, so typing never waits.
+// Completes folder paths in a line edit. Folders are read in a background thread, so that typing is
+// never blocked. User interface thread only.
 
 #pragma once
 
@@ -19,7 +20,7 @@ namespace quorbit {
 
 class FolderCompleter {
 public:
-    // edit outlives the completer; desktop may be null.
+    // `edit` must outlive the completer; `desktop` may be null, which disables completion.
     FolderCompleter(QLineEdit& edit, ShellFolderPtr desktop);
 
 private:
@@ -30,7 +31,7 @@ private:
     ShellFolderPtr m_desktop;
     QStringListModel m_paths;
     QCompleter m_completer;
-    QString m_strParent;  // whose folders are offered, with closing separator
+    QString m_strParent;  // the folder whose subfolders are offered, with a trailing separator
     std::optional<FolderListing> m_listing;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The names in a folder, read in a thread of its own, so that a window stays alive while a disk
-// does not answer. User interface thread only.
+// Reads the names in a folder in a background thread, so that the window stays responsive while a
+// disk does not respond. User interface thread only.
 
 #pragma once
 
@@ -16,19 +16,19 @@
 
 namespace quorbit {
 
-// The folder of the namespace at a path, native or of a mapped drive; null if the text is no
-// absolute path. Touches no disk: whether there is such a folder shows when it is read.
+// Returns the shell folder of a path, native or on a mapped drive, or null if `path` is not
+// absolute. Does not access the disk: errors show when the folder is read.
 [[nodiscard]] ShellFolderPtr FindFolder(const ShellFolder& desktop, const std::string& path);
 
-enum class ListedKind : std::uint8_t { Files, Folders };  // files: all that is no folder
+enum class ListedKind : std::uint8_t { Files, Folders };  // Files: everything except folders
 
 class FolderListing {
 public:
-    // The names as bytes, hidden ones among them, in portions, in no order.
+    // Receives the names in portions: bytes, unsorted, including hidden ones.
     using Deliver = std::function<void(const std::vector<std::string>&)>;
 
-    // Begins at once; deliver is called by the event loop, and must not destroy the listing. A
-    // folder that cannot be read gives no names and no message. desktop may be null.
+    // Starts to read. `deliver` is called from the event loop and must not destroy the listing. A
+    // folder that cannot be read yields no names and no error. `desktop` may be null.
     FolderListing(const ShellFolderPtr& desktop, const std::string& path, ListedKind kind,
                   Deliver deliver);
 

@@ -29,7 +29,7 @@ void FolderProbe::Ask(const std::string& path, Answer answer)
         });
     });
     if (!started) {
-        Drop();  // without a thread the question stays without an answer
+        Drop();  // no thread: no answer
     }
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Looks whether there is a folder, in a thread of its own: a mount point whose server is gone holds
-// up that thread and no window.
+// Checks in a background thread whether a folder exists: a mount point whose server does not
+// respond blocks that thread, not the window. User interface thread only.
 
 #pragma once
 
@@ -18,22 +18,24 @@ namespace quorbit {
 // User interface thread only.
 class FolderProbe {
 public:
-    // missing: there is certainly no such folder; what could not be told counts as there.
+    // `missing` is true if the folder certainly does not exist or the path is not a folder; false
+    // also if this cannot be determined.
     using Answer = std::function<void(bool missing)>;
 
     FolderProbe() = default;
-    // Returns at once. No answer comes any more.
+    // Does not block. The callback is not called afterwards.
     ~FolderProbe() { Drop(); }
     FolderProbe(const FolderProbe&) = delete;
     FolderProbe& operator=(const FolderProbe&) = delete;
 
-    // path: native. The answer comes by the event loop, unless another question came meanwhile.
+    // `path` is a native path. Calls `answer` from the event loop, unless Ask or Drop is called
+    // first or the system cannot create a thread.
     void Ask(const std::string& path, Answer answer);
-    // Forgets the question.
+    // Cancels the check.
     void Drop();
 
 private:
-    std::unique_ptr<QObject> m_receiver;  // of the answer, in the user interface thread
+    std::unique_ptr<QObject> m_receiver;  // receives the answer in the user interface thread
     BackgroundTask m_task;
 };
 

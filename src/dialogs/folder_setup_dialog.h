@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The masks that apply inside the folders of a folder entry. User interface thread only.
+// The dialog of the masks for the files in the folders of a folder entry. User interface thread
+// only.
 
 #pragma once
 
@@ -17,10 +18,10 @@ namespace quorbit {
 
 class CFolderSetupDlg final : public QDialog {
 public:
-    // Loads the masks that are offered. services outlive the dialog.
+    // Loads the masks to choose from. `services` must outlive the constructor call only.
     CFolderSetupDlg(const DialogServices& services, QWidget* parent);
 
-    // OK replaces the list, Cancel leaves it.
+    // OK replaces folderTypes, Cancel leaves it unchanged.
     void DoModal(std::vector<std::string>& folderTypes);
 
 private:

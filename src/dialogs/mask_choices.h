@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The masks that a dialog offers, with what is told when there are none. User interface thread
-// only.
+// Loads the masks offered by a dialog. User interface thread only.
 
 #pragma once
 
@@ -13,8 +12,8 @@
 
 namespace quorbit {
 
-// Loads the masks under the wait cursor. If the machine knows no type of file, prompts (which may
-// be null) tell so, and the result is empty.
+// Returns the masks, loaded under the wait cursor. If the system knows no file types, shows a
+// message with `prompts` (may be null) and returns an empty list.
 [[nodiscard]] std::vector<std::string> MaskChoices(Prompts* prompts);
 
 }  // namespace quorbit

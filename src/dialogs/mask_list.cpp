@@ -10,14 +10,14 @@
 namespace quorbit {
 namespace {
 
-// Of the suffix with its dot, in characters.
+// Length of the suffix including the dot, in UTF-16 code units.
 constexpr qsizetype kLongestKey = 5;
 
 }  // namespace
 
 std::vector<std::string> MasksOfSuffixes(const QStringList& suffixes)
 {
-    std::map<QString, QString> masks;  // by the mask without case
+    std::map<QString, QString> masks;  // key: mask in lower case
     for (const QString& suffix : suffixes) {
         const QString key = QLatin1Char('.') + suffix;
         if (!suffix.isEmpty() && key.size() <= kLongestKey) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The masks that the dialogs offer: the file types that this machine knows.
+// Lists file masks for the file types known to the system (the MIME database).
 
 #pragma once
 
@@ -11,11 +11,12 @@
 
 namespace quorbit {
 
-// "*." and the suffix for each suffix of at most four characters, each once, case aside; sorted.
+// Returns "*.suffix" for each suffix of at most four characters, sorted and without duplicates,
+// both ignoring case.
 [[nodiscard]] std::vector<std::string> MasksOfSuffixes(const QStringList& suffixes);
 
-// From the types of files that the system has registered; reads that register anew at the first
-// use. Empty if there is none.
+// Returns the masks of all MIME types of the system, or an empty list if there are none. The first
+// call in a process loads the database and may be slow.
 [[nodiscard]] std::vector<std::string> LoadMasks();
 
 }  // namespace quorbit

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A sorted list of names: in the order of their shown texts, case aside. A name is bytes and stays
-// as it is, whatever the screen shows of it.
+// A list of names sorted by display text, ignoring case. Names are bytes and are kept unchanged,
+// whatever the display text shows. User interface thread only.
 
 #pragma once
 
@@ -17,21 +17,22 @@ class NameListModel final : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    // Each goes to its place; one that is there already is there twice then. Selections stay with
-    // their lines. Costs one pass over the list, however many they are.
+    // Inserts names in order; duplicates are kept. Selected lines stay selected. Takes time linear
+    // in the length of the list plus the time to sort the new names.
     void Add(const std::vector<std::string>& names);
     void RemoveLines(std::vector<int> rows);
 
     [[nodiscard]] std::vector<std::string> Names() const;
     [[nodiscard]] const std::string& NameAt(int row) const { return m_lines.at(row).name; }
 
-    // Comparisons are of shown texts, without case.
-    // The names of the lines with that text.
+    // The following functions compare display texts and, unless noted, ignore case.
+    //
+    // Returns the names of the lines with this text.
     [[nodiscard]] std::vector<std::string> NamesWithText(const QString& text) const;
     [[nodiscard]] bool HoldsTextBeginning(const QString& beginning) const;
-    // The first line that begins so; -1 if there is none.
+    // Returns the first line that starts with this text, or -1 if there is none.
     [[nodiscard]] int FindBeginning(const QString& beginning) const;
-    // The name of a line with exactly this text.
+    // Returns the name of a line with exactly this text, including case.
     [[nodiscard]] std::optional<std::string> NameShownAs(const QString& text) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -44,7 +45,7 @@ private:
     };
     [[nodiscard]] static bool Before(const Line& first, const Line& second);
     [[nodiscard]] std::vector<Line>::const_iterator LowerBound(const QString& text) const;
-    // Puts the lines from firstNew on between the others.
+    // Merges the lines from firstNew on into the sorted lines before them.
     void Merge(int firstNew);
 
     std::vector<Line> m_lines;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The last row of a dialog. User interface thread only.
+// The button row of a dialog. User interface thread only.
 
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace quorbit {
 
-// Two buttons at the right that accept and reject the dialog, which owns them; the first is the
-// default. The row is to be put into a layout.
+// Returns a row with two right-aligned buttons that accept and reject the dialog. The first is the
+// default button. The dialog owns the buttons; the caller must add the row to a layout.
 [[nodiscard]] QHBoxLayout* MakeOkCancelRow(QDialog& dialog,
                                            const QString& ok = QStringLiteral("OK"),
                                            const QString& cancel = QStringLiteral("Cancel"));

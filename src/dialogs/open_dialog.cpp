@@ -22,7 +22,7 @@
 namespace quorbit {
 namespace {
 
-// The columns in characters.
+// Column widths in average characters.
 constexpr int kWidths[kFileColumns] = {32, 12, 22, 22, 10};
 
 std::string StartFolder(const std::string& file)
@@ -117,7 +117,7 @@ void COpenDialog::ShowFolder(const std::string& folder)
     m_strFolder = WithSeparator(folder);
     m_lookIn->setText(ShownText(m_strFolder));
     if (NamesChosen()) {
-        m_name->clear();  // it lies in the folder that was shown
+        m_name->clear();  // the name belongs to the previous folder
     }
     m_strChosen.clear();
     m_sorter.Cancel();
@@ -158,7 +158,7 @@ void COpenDialog::OnPortion(FolderBatch batch)
         }
     }
     m_model.Append(std::move(rows));
-    // Few rows are in order with every portion, many in the end only.
+    // Sort few rows after every portion, but many only once, at the end.
     if (batch.ended || m_model.RowCount() <= RowSorter::kFew) {
         Sort();
     }
@@ -198,7 +198,7 @@ void COpenDialog::OnCurrentRow(const QModelIndex& row)
     }
     const bool isFolder = IsFolderRow(m_model.ItemAt(row.row()));
     if (isFolder && !NamesChosen()) {
-        return;  // what has been typed stays
+        return;  // keep the typed name
     }
     m_probe.Drop();
     m_strChosen = isFolder ? std::string() : *path;
@@ -260,7 +260,7 @@ void COpenDialog::TakePath(const std::string& path)
     };
     const std::string native = ToNative(path, m_services.drives);
     if (native.empty()) {
-        onAnswer(true);  // of a drive that is not mapped
+        onAnswer(true);  // the drive is not mapped
         return;
     }
     m_probe.Ask(native, onAnswer);

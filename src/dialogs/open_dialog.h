@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Picks a file of any name. A dialog of our own, since that of the toolkit asks the disk in the
-// window's thread and stands still at a mount that does not answer. User interface thread only.
+// Dialog to pick a file, which need not exist. Replaces QFileDialog, which accesses the disk in the
+// user interface thread and blocks if a mount does not respond. User interface thread only.
 
 #pragma once
 
@@ -26,15 +26,16 @@ namespace quorbit {
 
 class COpenDialog final : public QDialog {
 public:
-    // services need desktop and icons, and outlive the dialog. It starts in the folder of that
-    // file, which need not exist; in the current folder if file is empty.
+    // `services` must have `desktop` and `pIcons` and must outlive the dialog. The dialog starts in
+    // the folder of `file`, which need not exist, or in the current folder if `file` is empty.
     COpenDialog(const DialogServices& services, QWidget* parent, const std::string& file);
 
-    // True on OK; path is the chosen file then, as bytes, and left alone otherwise.
+    // Returns true on OK and sets `path` to the selected file, as bytes. Otherwise leaves `path`
+    // unchanged.
     bool DoModal(std::string& path);
 
-    // Ends the dialog with a file, whether there is one or not; goes on to a folder. While it is
-    // being found out which of both it is, the dialog stays as it is.
+    // Accepts the dialog if the name is a file or does not exist; opens it if it is a folder. The
+    // check runs in the background, and the dialog stays open until then.
     void accept() override;
 
 protected:
@@ -48,17 +49,17 @@ private:
     void OnPortion(FolderBatch batch);
     void Sort();
     void OnCurrentRow(const QModelIndex& row);
-    // Whether the box for the name still names the row that was chosen.
+    // Returns true if the name box still names the selected row.
     [[nodiscard]] bool NamesChosen() const;
-    // Into a folder, or the end with a file.
+    // Opens a folder, or accepts the dialog with a file.
     void OpenRow(const QModelIndex& row);
     void TakePath(const std::string& path);
     [[nodiscard]] std::optional<std::string> PathOf(const QModelIndex& row) const;
     [[nodiscard]] bool OnListKey(int key);
 
     const DialogServices& m_services;
-    std::string m_strFolder;  // that is shown, with closing separator
-    std::string m_strChosen;  // the path of the row whose name was put into the box; may be empty
+    std::string m_strFolder;  // the folder shown, with a trailing separator
+    std::string m_strChosen;  // path of the row whose name was put into the name box; may be empty
     std::string m_strPath;    // the result
     int m_nSortColumn = kFileName;
     ShellFolderPtr m_folder;

@@ -20,24 +20,25 @@
 
 namespace quorbit {
 
-// Where the dialog has its values from. The profile is not owned.
+// Sources of the values of the dialog. The profile is not owned.
 struct OptionSources {
     const Profile* pProfile = nullptr;
-    // The folder of the logs; nothing if it cannot be read.
+    // Returns the folder of the logs, or nullopt if it cannot be read.
     std::function<std::optional<std::string>()> readInstallPath;
-    // The log of the last run; nothing if it cannot be read, in which case the process ends.
+    // Returns the log of the last run, or nullopt if it cannot be read; the process then exits.
     std::function<std::optional<std::string>()> readLogFile;
 };
 
-// Made for each use.
+// Created for each use.
 class COptionsDlg final : public QDialog {
 public:
-    // services outlive the dialog.
+    // `services` must outlive the dialog.
     COptionsDlg(const DialogServices& services, OptionSources sources, QWidget* parent);
 
-    // Fills the controls; false if there is no log file to show: the dialog must not be run then.
+    // Fills the controls. Returns false if the log file cannot be read; the dialog must not be run
+    // then.
     [[nodiscard]] bool OnInitDialog();
-    // Fills and runs the dialog. True after OK, which has written the profile.
+    // Fills and runs the dialog. Returns true after OK, which has written the profile.
     bool DoModal();
 
     void accept() override;

@@ -10,7 +10,8 @@
 namespace quorbit {
 namespace {
 
-// What fits on the screen beside the frame, whose size nobody knows before the window shows.
+// Returns the largest size that fits the screen. The frame size is unknown until the window is
+// shown, so only the title bar is subtracted.
 QSize MostFor(const QDialog& dialog)
 {
     const int title = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &dialog);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The sizes that dialogs remember. User interface thread only.
+// Saves and restores the sizes of dialogs. User interface thread only.
 
 #pragma once
 
@@ -13,12 +13,12 @@
 
 namespace quorbit {
 
-// Gives the dialog the size that it was closed with the last time, within the screen, and stores
-// its size whenever it closes. To be called once its controls are laid out. The profile may be
-// null, and outlives the dialog; setting: one of the section "Dialogs".
+// Restores the size that the dialog had when it was last closed, limited to the screen, and saves
+// its size whenever it closes. Must be called after its controls are created and arranged.
+// `profile` may be null and must outlive the dialog. `setting` is one of the section "Dialogs".
 void RememberSize(QDialog& dialog, const Profile* profile, Setting setting);
 
-// The size in a text such as "640x480"; an invalid one if it is no such text.
+// Parses a size such as "640x480" (pixels). Returns an invalid size if the text is not one.
 [[nodiscard]] QSize SizeOfText(const std::string& text);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialog of script entries, without its window. Pure functions.
+// The logic of the script entry dialog, without its window. Pure functions.
 
 #pragma once
 
@@ -20,9 +20,9 @@ struct ScriptEntryForm {
     ScriptType type = ScriptType::None;
 };
 
-// entry: null for a new one.
+// `entry` is null for a new entry.
 [[nodiscard]] ScriptEntryForm OpenScriptEntryForm(const CDirCopy* entry);
-// Of a form with a type; the path is not looked at.
+// Returns the values of a form, which must have a type. The path is not checked.
 [[nodiscard]] EntryValues ValuesOf(const ScriptEntryForm& form);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The window in which a script entry is set up. User interface thread only.
+// The window of a script entry. User interface thread only.
 
 #pragma once
 
@@ -18,13 +18,13 @@ namespace quorbit {
 
 class ScriptEntryWindow final : public QDialog {
 public:
-    // services outlive the window.
+    // `services` must outlive the window.
     ScriptEntryWindow(const DialogServices& services, ScriptEntryForm form);
 
-    // As OK has left it.
+    // The edited form; valid after OK.
     [[nodiscard]] const ScriptEntryForm& Form() const { return m_form; }
 
-    // Does not close the window as long as no type is chosen.
+    // Does not close the window until a type is selected.
     void accept() override;
 
 private:

@@ -46,7 +46,7 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
     : QDialog(parent),
       m_strPath(std::move(strPath)),
       m_edit(new QLineEdit(this)),
-      // What is no folder never becomes a node, so it need not be read.
+      // Only folders become nodes, so read only folders.
       m_pTree(
           new ShellTree(services.desktop, *services.pIcons, SHCONTF_FOLDERS, SelDirFilter, this))
 {
@@ -59,7 +59,8 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
     setWindowFlag(Qt::WindowContextHelpButtonHint);
     SetHelpTopics({{m_edit, kTopicPickFolder}, {m_pTree, kTopicPickFolderTree}});
     RememberSize(*this, services.pProfile, Setting::SelectFolderSize);
-    // Until the tree has found its way, OK must not give a folder in the middle of it.
+    // Show the start folder now: until the tree has expanded it, OK must not return one of its
+    // parents.
     ShowPath(m_strPath);
     connect(m_pTree, &QTreeWidget::currentItemChanged, this, [this] { OnNodeSelected(); });
     m_pTree->FillFromDesktop(
@@ -86,7 +87,7 @@ void CSelDirDlg::ShowPath(const std::string& path)
 void CSelDirDlg::OnNodeSelected()
 {
     if (!m_bArrived && !m_pTree->hasFocus()) {
-        return;  // on the way; what stands in the box may have been typed meanwhile
+        return;  // still expanding; keep a text that the user may have typed
     }
     m_bArrived = true;
     const ShellTreeNode* node = m_pTree->SelectedNode();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Picks a folder from the tree of the shell namespace. User interface thread only.
+// Dialog to pick a folder from the tree of the shell namespace. User interface thread only.
 
 #pragma once
 
@@ -17,13 +17,13 @@ namespace quorbit {
 
 class CSelDirDlg final : public QDialog {
 public:
-    // services need desktop and icons, and outlive the dialog.
+    // `services` must have `desktop` and `pIcons` and must outlive the dialog.
     CSelDirDlg(const DialogServices& services, QWidget* parent, std::string strPath);
 
-    // The text of the box on OK, whatever stands there; nothing on Cancel.
+    // Returns the path in the text box on OK, which need not exist, or nullopt on Cancel.
     [[nodiscard]] std::optional<std::string> DoModal();
 
-    std::string m_strPath;  // bytes; the folder to start at, then the chosen one
+    std::string m_strPath;  // bytes; the start folder, then the selected one
 
 private:
     void LayOut();
@@ -33,14 +33,14 @@ private:
 
     QLineEdit* m_edit;
     ShellTree* m_pTree;
-    std::string m_strShown;   // the path whose text was put into the box
-    bool m_bArrived = false;  // the tree has gone to the folder to start at, as far as there is one
+    std::string m_strShown;   // path last shown in the text box
+    bool m_bArrived = false;  // the tree has expanded the start folder as far as it exists
 };
 
-// Which nodes its tree has: folders that have a path, and what leads to such.
+// Filter of the tree: accepts folders that have a path and containers of such folders.
 [[nodiscard]] TreeVerdict SelDirFilter(const TreeCandidate& candidate);
 
-// Runs the dialog over a window.
+// Runs the dialog. `parent` is its parent window, `start` the start folder; otherwise as DoModal.
 [[nodiscard]] std::optional<std::string> PickFolder(const DialogServices& services, QWidget* parent,
                                                     const std::string& start);
 

@@ -23,7 +23,7 @@ QString WithoutMnemonic(QString text)
     return text.remove(QLatin1Char('&'));
 }
 
-// Rows of the names, whatever stands between these and the list.
+// Returns the selected rows of the underlying NameListModel, in ascending order.
 std::vector<int> SelectedRows(const QListView& list)
 {
     std::vector<int> rows;
@@ -186,7 +186,8 @@ bool SelectionLists::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-// Enter presses Add Entry and not the dialog's OK.
+// Enter clicks Add Entry instead of the dialog's OK. Queued, so that the key event is handled
+// first.
 bool SelectionLists::OnSpeedBoxKey(const QKeyEvent& key)
 {
     if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
@@ -197,7 +198,8 @@ bool SelectionLists::OnSpeedBoxKey(const QKeyEvent& key)
     return true;
 }
 
-// Enter leads on to what the filter has found; Escape takes the filter away before it cancels.
+// Enter and Down move to the filtered list. Escape first clears the filter; only then it cancels
+// the dialog.
 bool SelectionLists::OnFilterKey(const QKeyEvent& key)
 {
     switch (key.key()) {
@@ -220,7 +222,7 @@ bool SelectionLists::OnFilterKey(const QKeyEvent& key)
     }
 }
 
-// What is typed into the list goes to its filter.
+// Redirects typing in the list to its filter.
 bool SelectionLists::OnChooseKey(QKeyEvent& key)
 {
     const Qt::KeyboardModifiers others =
@@ -242,8 +244,8 @@ bool SelectionLists::IsOffered(const std::string& name) const
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// Case aside; but where a folder holds two names that differ in nothing else, these are two things,
-// and none of them must be left out.
+// Compares ignoring case, unless the folder contains both names: names that differ only in case are
+// then different files, and each must be addable.
 bool SelectionLists::IsProcessed(const std::string& name) const
 {
     const std::vector<std::string> listed = m_processNames.NamesWithText(ShownText(name));

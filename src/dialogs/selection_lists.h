@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The middle of three dialogs: a list to choose from, a list of what will be processed, the buttons
-// between them, and the speed typing box over them. A filter stands above the list to choose from:
-// what it hides is not selected and cannot be moved.
+// Two lists, to choose from and to process, with Add and Remove buttons, the speed typing box and a
+// filter above the first list; shared by three dialogs. Items hidden by the filter are not selected
+// and cannot be added. User interface thread only.
 
 #pragma once
 
@@ -24,8 +24,8 @@ namespace quorbit {
 
 class SelectionLists final : public QWidget {
 public:
-    // When the Add button takes a line to be in the process list already: if the same text is
-    // there, or a text that begins so; case aside.
+    // How Add detects that a line is already in the process list: the list has the same text, or a
+    // text that starts with it. Both ignore case.
     enum class Compare { WholeText, Beginning };
 
     SelectionLists(const QString& chooseLabel, const QString& processLabel, Compare compare,
@@ -33,19 +33,19 @@ public:
 
     void AddToChoose(const std::vector<std::string>& names) { m_chooseNames.Add(names); }
     void AddToProcess(const std::vector<std::string>& names) { m_processNames.Add(names); }
-    // Top to bottom.
+    // The process list from top to bottom.
     [[nodiscard]] std::vector<std::string> ProcessNames() const { return m_processNames.Names(); }
 
-    // Asked before a text that was typed is looked at; false refuses it.
+    // Sets a check of typed entries; an entry is rejected if it returns false.
     void SetEntryCheck(std::function<bool(const std::string&)> accepts);
     void SetUsable(bool usable);
-    // Topics of the help for the two lists, which hold something else in each dialog.
+    // Sets the help topics of the two lists, whose content differs between the dialogs.
     void SetListTopics(int choose, int process);
-    // Puts a button of the dialog behind "Add Entry ->".
+    // Places a button of the dialog after "Add Entry ->"; this object becomes its parent.
     void SetExtraButton(QPushButton* button);
     void FocusSpeedBox();
 
-    // The controls in tab order.
+    // Returns the controls in tab order.
     [[nodiscard]] std::vector<QWidget*> TabChain() const;
 
 protected:
@@ -68,7 +68,7 @@ private:
     Compare m_compare;
     std::function<bool(const std::string&)> m_accepts;
     NameListModel m_chooseNames;
-    QSortFilterProxyModel m_offered;  // those of m_chooseNames that the filter lets through
+    QSortFilterProxyModel m_offered;  // the items of m_chooseNames that pass the filter
     NameListModel m_processNames;
     CComboBoxEx* m_speedBox;
     QPushButton* m_addEntry;

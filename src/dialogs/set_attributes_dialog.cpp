@@ -90,7 +90,8 @@ void CSetAttributes::ShowForm(const AttributeForm& form)
         m_attributes[i]->setChecked((form.attributes & kBoxes[i].bit) != 0);
         m_attributes[i]->setEnabled(!form.dontApply);
     }
-    // None of the two may be chosen, which a group does not allow a person to do.
+    // An exclusive group does not allow both buttons to be unchecked, so disable that while setting
+    // them.
     m_relation->setExclusive(false);
     m_or->setChecked(form.relation == AttributeRelation::Or);
     m_and->setChecked(form.relation == AttributeRelation::And);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The attribute filter of an entry. User interface thread only.
+// The dialog of the attribute filter of an entry. User interface thread only.
 
 #pragma once
 
@@ -21,7 +21,8 @@ class CSetAttributes final : public QDialog {
 public:
     explicit CSetAttributes(QWidget* parent);
 
-    // OK rewrites the whole word of DCF_ bits: none but those of the filter stay. Cancel leaves it.
+    // OK replaces all of the DCF_ flags: only the bits of the filter remain. Cancel leaves them
+    // unchanged.
     void DoModal(std::uint32_t& flags);
 
 private:
@@ -30,7 +31,7 @@ private:
     [[nodiscard]] AttributeForm ReadForm() const;
 
     QCheckBox* m_dontApply;
-    std::array<QCheckBox*, 4> m_attributes{};  // in the order of the bits
+    std::array<QCheckBox*, 4> m_attributes{};  // in the order of kBoxes
     QGroupBox* m_logical;
     QRadioButton* m_or;
     QRadioButton* m_and;
