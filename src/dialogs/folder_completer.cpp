@@ -12,7 +12,7 @@
 namespace quorbit {
 namespace {
 
-// Limits the work per batch of names; nobody scrolls through more.
+// Limits the completion list; nobody scrolls through more.
 constexpr qsizetype kMostPaths = 5000;
 
 }  // namespace

@@ -18,7 +18,7 @@ namespace quorbit {
 
 class CFolderSetupDlg final : public QDialog {
 public:
-    // Loads the masks to choose from. `services` must outlive the constructor call only.
+    // Loads the masks to choose from. The objects in `services` must outlive the dialog.
     CFolderSetupDlg(const DialogServices& services, QWidget* parent);
 
     // OK replaces folderTypes, Cancel leaves it unchanged.

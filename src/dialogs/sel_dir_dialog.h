@@ -34,7 +34,7 @@ private:
     QLineEdit* m_edit;
     ShellTree* m_pTree;
     std::string m_strShown;   // path last shown in the text box
-    bool m_bArrived = false;  // the tree has expanded the start folder as far as it exists
+    bool m_bArrived = false;  // reached the start folder, or the user selected another
 };
 
 // Filter of the tree: accepts folders that have a path and containers of such folders.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The commands of one target as a table: a row names the command, the function that carries it out
-// and, unless it is always enabled, the function that gives its state. User interface thread only.
+// Table of the commands of one target: a row contains the command, the function that runs it and,
+// unless it is always enabled, the function that returns its state. User interface thread only.
 //
 //   bool Pane::OnCommand(int nId) { return Commands().Run(*this, nId); }
 //   bool Pane::OnUpdateCommand(int nId, CommandState& state)
@@ -34,13 +34,13 @@ namespace quorbit {
 
 struct CommandRange {
     int first;
-    int last;  // included
+    int last;  // inclusive
 };
 
 template <class Target>
 class CommandMap {
 public:
-    // A state function gives nothing where the command is not the target's at the moment.
+    // A state function returns nullopt if the target does not handle the command at the moment.
     using State = std::optional<CommandState>;
 
     struct Row {
@@ -53,7 +53,7 @@ public:
                   [state = std::move(state)](const Target& target, int) { return state(target); })
         {
         }
-        // For commands that are told apart by their number.
+        // For a range of commands; the functions get the command number.
         Row(
             CommandRange range, std::function<void(Target&, int)> run,
             std::function<State(const Target&, int)> state = [](const Target&,
@@ -67,11 +67,10 @@ public:
         std::function<State(const Target&, int)> m_state;
     };
 
-    // No number stands in two rows.
+    // Each number must be in one row only.
     CommandMap(std::initializer_list<Row> rows) : m_rows(rows) {}
 
-    // Carries a command out, unless its state says that it cannot be now. False if it is not one of
-    // the target's.
+    // Runs a command, unless its state is disabled. Returns false if the target does not handle it.
     bool Run(Target& target, int nId) const
     {
         const Row* row = Find(nId);
@@ -82,7 +81,8 @@ public:
         return state.has_value();
     }
 
-    // False, and state untouched, if the command is not one of the target's.
+    // Sets `state`. Returns false and leaves it unchanged if the target does not handle the
+    // command.
     bool Update(const Target& target, int nId, CommandState& state) const
     {
         const Row* row = Find(nId);

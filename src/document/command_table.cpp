@@ -20,7 +20,7 @@ constexpr std::array kCommands{
     Command{CMD_START_BATCH, "Start &Batch File", "Start", "F8", "F8", "media-playback-start",
             "Carries out the entries of the batch"},
     Command{CMD_EXIT, "E&xit", "", "", "", "application-exit", "Ends the program"},
-    // The Delete key does the work; Ctrl+X is a label only.
+    // Ctrl+X is only shown; the shortcut is the Delete key.
     Command{CMD_EDIT_ENTRY, "Edi&t", "Edit", "Ctrl+E", "Ctrl+E", "document-edit",
             "Edits the selected entry"},
     Command{CMD_DELETE, "&Delete", "Delete", "Ctrl+X", "Delete", "edit-delete",

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Commands by number, and whoever carries them out. User interface thread only.
+// Command numbers and the interface of objects that handle commands. User interface thread only.
 
 #pragma once
 
 namespace quorbit {
 
-// Numbers of commands. The file that shows them to a person is command_table.
+// Command numbers. Their texts are in command_table.
 enum : int {
     CMD_VIEW_LARGE_ICONS = 110,
     CMD_VIEW_SMALL_ICONS = 111,
@@ -30,7 +30,7 @@ enum : int {
     CMD_FILE_OPEN = 57601,
     CMD_FILE_SAVE = 57603,
     CMD_FILE_SAVE_AS = 57604,
-    CMD_RECENT_FILE_FIRST = 57616,  // and the seven numbers behind it
+    CMD_RECENT_FILE_FIRST = 57616,  // to CMD_RECENT_FILE_LAST: eight files
     CMD_RECENT_FILE_LAST = 57623,
     CMD_DELETE = 57635,
     CMD_ABOUT = 57664,
@@ -46,20 +46,21 @@ enum : int {
     CMD_SHOW_STATUS_BAR = 59393,
 };
 
-// How a command shows in menus and bars.
+// State of a command in menus and toolbars.
 struct CommandState {
     bool enabled = true;
     bool checked = false;
 };
 
-// One stop on the way of a command: a view, the document, the frame, the application.
+// Handles commands: a view, the document, the main window or the application. A command is passed
+// from one to the next until one handles it.
 class CommandTarget {
 public:
     virtual ~CommandTarget() = default;
-    // Carries the command out. False if it is not one of this target's.
+    // Runs a command. Returns false if this target does not handle it.
     virtual bool OnCommand(int nId) = 0;
-    // Tells how the command stands. False if it is not one of this target's; state is untouched
-    // then.
+    // Sets the state of a command. Returns false and leaves `state` unchanged if this target does
+    // not handle it.
     virtual bool OnUpdateCommand(int nId, CommandState& state) = 0;
 };
 

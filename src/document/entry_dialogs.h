@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialogs that the document opens. The windows implement them, and tests replace them. User
+// Interfaces of the dialogs that the document opens. Tests replace the implementations. User
 // interface thread only.
 
 #pragma once
@@ -16,7 +16,7 @@
 
 namespace quorbit {
 
-// The values that a dialog returns. Valid after it ended with OK.
+// Values of an edited entry. Valid only if the dialog ended with OK.
 struct EntryValues {
     std::string m_strSource;
     std::string m_strDest;
@@ -25,8 +25,8 @@ struct EntryValues {
     std::vector<std::string> m_listFolderTypes;
 };
 
-// Each DoModal runs the dialog to edit `entry`, or to create one from what the panes had selected
-// if that is null. Returns whether it ended with OK. The entry is not owned.
+// DoModal runs the dialog to edit `entry` or, if it is null, to create an entry from the selection
+// of the panes. Returns true on OK. `entry` is not owned.
 class FileTypeDialog {
 public:
     virtual ~FileTypeDialog() = default;
@@ -37,7 +37,7 @@ public:
 class FileDialog {
 public:
     virtual ~FileDialog() = default;
-    // bFiles: the items are files, else folders.
+    // bFiles: the items are files, otherwise folders.
     virtual bool DoModal(const PaneAnswers& panes, bool bFiles, const CDirCopy* entry, bool bDelete,
                          EntryValues& values) = 0;
 };
@@ -45,15 +45,15 @@ public:
 class ScriptDialog {
 public:
     virtual ~ScriptDialog() = default;
-    // The script is m_strSource of the values.
+    // The path of the script is values.m_strSource.
     virtual bool DoModal(const CDirCopy* entry, EntryValues& values) = 0;
 };
 
-// The dialog in which a run happens.
+// The dialog that executes a run and shows its progress.
 class RunDialog {
 public:
     virtual ~RunDialog() = default;
-    // Returns when the run is over and the dialog is closed.
+    // Returns when the run has ended and the dialog is closed. `batch` must not change until then.
     virtual void DoModal(const Batch& batch) = 0;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which topic of the help tells of a control: a number that the control carries. 0: none. The
-// numbers are those of document/help_topics.h. User interface thread only.
+// Stores the help topic of a control in a dynamic property. Topics are the numbers of
+// document/help_topics.h; 0 means none. User interface thread only.
 
 #pragma once
 
@@ -24,7 +24,7 @@ inline void SetHelpTopic(QObject& control, int topic)
     return control.property(kHelpTopicProperty).toInt();
 }
 
-// A row of a dialog's table of controls and topics. The control is not owned and never null.
+// A control and its topic. The control is not owned and must not be null.
 struct ControlTopic {
     QObject* control;
     int topic;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The help topics by number. Each is a section of docs/help/controls.html with the number as its
-// anchor. Numbers keep their meaning, since an installed help may be older than the program.
+// Help topic numbers. Each is the anchor of a section in docs/help/controls.html. Never change the
+// meaning of a number: the installed help may be older than the program.
 
 #pragma once
 
@@ -11,7 +11,7 @@ namespace quorbit {
 enum HelpTopicNumber : int {
     kTopicNone = 0,
 
-    // Buttons that every dialog has.
+    // Buttons of all dialogs.
     kTopicOk = 1,
     kTopicCancel = 2,
 
@@ -134,7 +134,7 @@ enum HelpTopicNumber : int {
     kTopicTipClose = 603,
 };
 
-// The topic of a command; kTopicNone if it shows in no menu and on no bar.
+// Returns the topic of a command, or kTopicNone if it is in no menu and no toolbar.
 [[nodiscard]] int HelpTopicOfCommand(int nId);
 
 }  // namespace quorbit

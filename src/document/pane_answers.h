@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the panes had selected when a command began. A plain value: the dialogs see no view.
+// Selections of the panes when a command starts. A plain value, so that the dialogs do not depend
+// on the views.
 
 #pragma once
 
@@ -11,26 +12,26 @@
 
 namespace quorbit {
 
-// Of the folder tree. Paths are native, bytes; empty if there is none.
+// From the drive tree. Paths are bytes; empty if there is none.
 struct TreeAnswers {
     std::string sourcePath;
-    std::string destPath;    // of the node of the last drop
-    std::string deletePath;  //
-    // The folder that the file list shows; "My Computer" for the drives.
+    std::string destPath;    // folder of the last drop
+    std::string deletePath;  // folder to delete
+    // The last selected folder, which the file list shows; "My Computer" for the root node.
     std::string currentPath;
-    // The last drop: D and a path, or F and names with ", " between them; empty if there was none.
+    // The last drop: D and a path, or F and names separated by ", "; empty if there was none.
     std::string dropText;
-    bool deleteMode = false;  // the command is to set up a deletion
+    bool deleteMode = false;  // the command creates a delete entry
 };
 
-// Of the file list.
+// From the file list.
 struct ListAnswers {
     bool filesSelected = false;  // files, not folders
-    bool deleteMode = false;     // the command is to set up a deletion
+    bool deleteMode = false;     // the command creates a delete entry
     std::vector<std::string> selectedNames;
 };
 
-// A part is nothing if there is no such pane.
+// A part is nullopt if there is no such pane.
 struct PaneAnswers {
     std::optional<TreeAnswers> tree;
     std::optional<ListAnswers> list;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kEveryFile = "*.*";
 
-// Makes an entry of the values of a dialog, with no more than its kind has.
+// Creates an entry from the values of a dialog, using only the fields of its kind.
 CDirCopy MakeEntry(EntryValues values, std::uint32_t kind, std::uint32_t id)
 {
     CDirCopy entry(std::move(values.m_strSource), {}, values.m_dwFlags, kind, id);
@@ -170,7 +170,7 @@ CView* CQRBDoc::GetView(ViewKind kind) const
 
 void CQRBDoc::UpdateAllViews(CView* sender, int nHint, const HintObject* object)
 {
-    // A view may leave while it is told.
+    // Copy the list: an update may remove views.
     for (CView* view : std::vector<CView*>(m_views)) {
         if (view != sender && std::find(m_views.begin(), m_views.end(), view) != m_views.end()) {
             view->OnUpdate(sender, nHint, object);
@@ -262,7 +262,7 @@ DefaultEntry CQRBDoc::Standard() const
     return m_services.readDefaultEntry ? m_services.readDefaultEntry() : DefaultEntry();
 }
 
-// Leaves the modified flag alone: what it adds can be had again by the same command.
+// Does not set the modified flag: the same command recreates the entry.
 void CQRBDoc::AddDefault(std::uint32_t dwFlags, const std::string& fileTypes)
 {
     const TreeAnswers tree = AskPanes().tree.value_or(TreeAnswers());

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The document: one batch, and the commands that change it. It knows no window: the dialogs and
-// panes that it asks are given to it. User interface thread only; during a run the worker reads the
-// batch, which nothing changes then.
+// The document: a batch and the commands that change it. Uses the dialogs and views only through
+// interfaces. User interface thread only. During a run the worker thread reads the batch, so it
+// must not change.
 
 #pragma once
 
@@ -22,20 +22,20 @@
 
 namespace quorbit {
 
-// What "Add Default" makes an entry of.
+// Flags and masks of the entries that "Add Default" creates.
 struct DefaultEntry {
     std::uint32_t fileBits = 1;
     std::string fileTypes = "Default";
 };
 
-// What the document asks. Nothing is owned, all of it outlives the document. A command whose dialog
+// Services used by the document. Pointers are not owned and must outlive it. A command whose dialog
 // is null does nothing.
 struct DocumentServices {
     FileTypeDialog* fileTypeDialog = nullptr;
     FileDialog* fileDialog = nullptr;
     ScriptDialog* scriptDialog = nullptr;
     RunDialog* runDialog = nullptr;
-    std::function<DefaultEntry()> readDefaultEntry;  // read anew at each use
+    std::function<DefaultEntry()> readDefaultEntry;  // called at each use
 };
 
 class CQRBDoc : public CommandTarget, public Batch {
@@ -43,38 +43,38 @@ public:
     CQRBDoc() = default;
     explicit CQRBDoc(DocumentServices services) : m_services(std::move(services)) {}
 
-    // Becomes a new, empty document.
+    // Resets the document to a new, empty one.
     void OnNewDocument();
-    // Replaces the contents by those of the file. On failure nothing changes.
+    // Replaces the contents with those of a batch file. Changes nothing on failure.
     BatchFileStatus OnOpenDocument(const std::string& path);
-    // m_strFilePath becomes path even if the save fails; the file is replaced whole or left as it
-    // was.
+    // Writes the batch file and replaces it atomically; on failure the old file is unchanged. Sets
+    // m_strFilePath to `path` even on failure.
     BatchFileStatus OnSaveDocument(const std::string& path);
-    // Drops all entries; tells nobody.
+    // Removes all entries without updating the views.
     void DeleteContents();
 
     [[nodiscard]] bool IsModified() const { return m_bModified; }
     void SetModifiedFlag(bool modified = true) { m_bModified = modified; }
 
     [[nodiscard]] const CDirCopy& GetEntry(std::size_t index) const { return m_arrEntries[index]; }
-    // The smallest number that no entry has.
+    // Returns the lowest number that no entry has.
     [[nodiscard]] std::uint32_t GetNextId() const;
-    // Runs the dialog that fits the entry and puts what comes of it in the entry's place. An id
-    // that no entry has does nothing.
+    // Edits an entry in the dialog of its kind and replaces it on OK. The edited entry gets the
+    // lowest free number. Does nothing if there is no such entry.
     void EditEntry(std::uint32_t id);
     void DeleteEntry(std::uint32_t id);
 
-    // Whether the file list has files selected, not folders.
+    // Returns true if files, not folders, are selected in the file list.
     [[nodiscard]] bool IsFileSelection() const { return AskPanes().FilesSelected(); }
 
-    // Views are told of changes in the order in which they were added. Not owned: a view leaves
-    // before it goes.
+    // Views are updated in the order in which they were added. Not owned; a view must be removed
+    // before it is destroyed.
     void AddView(CView* view);
     void RemoveView(CView* view);
-    // The first view of a kind; null if there is none.
+    // Returns the first view of a kind, or null.
     [[nodiscard]] CView* GetView(ViewKind kind) const;
     void UpdateAllViews(CView* sender, int nHint, const HintObject* object = nullptr);
-    // Offers a command to every view but one; true at the first that takes it.
+    // Passes a command to all views except one, until one handles it. Returns true if one did.
     bool RouteCmdToViews(CView* activeView, int nId);
     bool RouteUpdateToViews(CView* activeView, int nId, CommandState& state);
 
@@ -87,14 +87,14 @@ private:
     void OnNewFileTypeEntry();
     void OnNewFileEntry();
     void OnNewScriptEntry();
-    // fileTypes: masks, one after the other.
+    // fileTypes: masks as for SplitMasks.
     void AddDefault(std::uint32_t dwFlags, const std::string& fileTypes);
     [[nodiscard]] DefaultEntry Standard() const;
     void OnStartBatch();
 
     void Append(CDirCopy entry);
     bool RunDialogFor(const CDirCopy& entry, EntryValues& values);
-    // Fills the entry list again.
+    // Refills the entry list.
     void RefreshEntries();
     [[nodiscard]] PaneAnswers AskPanes() const;
 
@@ -103,8 +103,7 @@ private:
     bool m_bModified = false;
 };
 
-// Cuts a run of masks with nothing between them ("*.txt*.doc") into masks. A text without any gives
-// "*.*".
+// Splits masks that are joined without a separator ("*.txt*.doc"). Returns "*.*" if there is none.
 [[nodiscard]] std::vector<std::string> SplitMasks(const std::string& text);
 
 }  // namespace quorbit

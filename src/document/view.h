@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A view: something that shows a part of the document or of the disk, is told of changes, and
-// handles commands. User interface thread only.
+// A view shows a part of the document or of the file system, receives update hints and handles
+// commands. User interface thread only.
 
 #pragma once
 
@@ -11,17 +11,17 @@
 
 namespace quorbit {
 
-// What a view is told.
+// Update hints.
 enum : int {
-    HINT_NONE = 0,                 // the document is another one
-    HINT_FOLDER_SELECTED = 1124,   // tree to list: show the folder of the object
-    HINT_FOLDER_OPENED = 1125,     // list to tree: go down into the folder of the object
-    HINT_FOLDER_NOT_FOUND = 1126,  // tree: that folder is no node; no view acts on it
-    HINT_DELETE = 1127,            // the delete command: whoever has the focus acts
-    HINT_REFRESH_ENTRIES = 1128,   // fill the entry list again
+    HINT_NONE = 0,                 // the document was replaced
+    HINT_FOLDER_SELECTED = 1124,   // tree to file list: show the folder of the object
+    HINT_FOLDER_OPENED = 1125,     // file list to tree: select the node of the object
+    HINT_FOLDER_NOT_FOUND = 1126,  // sent by the tree if it has no such node; no view handles it
+    HINT_DELETE = 1127,            // the delete command: the view with the focus handles it
+    HINT_REFRESH_ENTRIES = 1128,   // refill the entry list
 };
 
-// What comes with a hint, by the hint; the panes derive what they need.
+// Data of a hint; the panes derive their own types.
 class HintObject {
 public:
     virtual ~HintObject() = default;
@@ -36,10 +36,10 @@ enum class ViewKind {
 class CView : public CommandTarget {
 public:
     [[nodiscard]] virtual ViewKind Kind() const = 0;
-    // sender: the view that caused it, not told itself; null if none. object is only valid during
-    // the call; may be null.
+    // Handles a hint. `sender` is the view that caused it, which is not called itself; may be null.
+    // `object` may be null and is valid only during the call.
     virtual void OnUpdate(CView* sender, int nHint, const HintObject* object) = 0;
-    // A pane that entries are made from fills its part of the answers.
+    // Fills the view's part of the answers, if it has one.
     virtual void AnswerDocument(PaneAnswers& /*answers*/) const {}
 };
 

@@ -16,14 +16,15 @@
 namespace quorbit {
 namespace {
 
-// Editors with a window, those of the large desktops first.
+// Graphical editors, those of the large desktops first.
 constexpr std::array kEditors{
     "gnome-text-editor", "gedit",   "kwrite",  "kate",  "mousepad", "xed",   "pluma",
     "featherpad",        "l3afpad", "leafpad", "geany", "gvim",     "nedit", "emacs",
     "notepadqq",         "scite",   "xedit",
 };
 
-// Desktops that answer which program opens a text, as named by the desktop entry standard.
+// Returns true on a desktop that has default programs. XDG_CURRENT_DESKTOP is set by the login
+// manager (Desktop Entry Specification, OnlyShowIn).
 bool HasDesktop()
 {
     return !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
@@ -45,7 +46,7 @@ QString FindEditor()
     return {};
 }
 
-// QProcess gives the reason as text only; it ends in the system's own.
+// QProcess reports the reason only as text, which ends in that of strerror(3).
 EditorStart FaultOf(const QString& reason)
 {
     struct Fault {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The text editor of this computer: the person's choice where there is a desktop that knows it,
-// else the first well-known editor that is installed.
+// Opens files with the default program of the desktop if there is one, otherwise with the first
+// installed editor of a fixed list. User interface thread only.
 
 #pragma once
 
@@ -12,7 +12,9 @@ namespace quorbit {
 
 class DesktopTextEditor : public TextEditor {
 public:
-    // FileNotFound: no such file, or no editor. PathNotFound: the folder of the file is missing.
+    // Returns FileNotFound if there is no such file or no editor, PathNotFound if the folder of the
+    // file does not exist. The result of starting an editor is derived from the error of the
+    // system.
     [[nodiscard]] EditorStart Open(const std::string& path) override;
 };
 

@@ -32,7 +32,7 @@ void DialogSurface::OnPhase(RunPhase phase, std::int32_t total)
     });
 }
 
-// The error counter tells of it, and the log.
+// Does nothing: the error is in the log and in the error counter.
 void DialogSurface::ShowError(std::string_view) {}
 
 bool DialogSurface::AskYesNo(std::string_view text, std::string_view caption)

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A run as the progress dialog watches it. The worker leaves everything here and touches no widget
-// and no event queue; the dialog looks in many times a second.
+// The surface of a run in the progress dialog. The worker stores values and questions here without
+// accessing widgets or the event queue; the dialog polls them with a timer.
 
 #pragma once
 
@@ -18,7 +18,7 @@ namespace quorbit {
 
 class DialogSurface : public RunSurface {
 public:
-    // Worker.
+    // Worker thread only.
     void ShowText(RunText which, std::string_view text) override;
     void ShowCounter(RunCounter which, std::int32_t value) override;
     void AddBytes(std::uint64_t bytes) override;
@@ -26,10 +26,10 @@ public:
     void ShowError(std::string_view text) override;
     bool AskYesNo(std::string_view text, std::string_view caption) override;
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;
-    // The last thing that a worker does here.
+    // Must be the worker's last call.
     void SetWorkerDone() { m_bWorkerDone = true; }
 
-    // User interface.
+    // User interface thread only.
     [[nodiscard]] RunSnapshot& Snapshot() { return m_snapshot; }
     [[nodiscard]] WorkerPrompt& Prompt() { return m_prompt; }
     [[nodiscard]] bool WorkerDone() const { return m_bWorkerDone; }

@@ -16,7 +16,7 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent)
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
-// The width is the layout's to choose: a new path must not move the window.
+// The width is up to the layout: a new path must not resize the window.
 QSize PathLabel::sizeHint() const
 {
     const QMargins margins = contentsMargins();
@@ -28,7 +28,7 @@ QSize PathLabel::minimumSizeHint() const
     return sizeHint();
 }
 
-// Rich text, so that it may break, and break after any separator.
+// Rich text wraps; zero-width spaces allow breaks after separators.
 QString PathLabel::ToolTip() const
 {
     QString path = text().toHtmlEscaped();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// One line that shows a path. A path that is too long loses its middle; text() stays the whole one,
-// and a tool tip shows it.
+// A label that shows a path in one line, eliding the middle if it is too long. text() returns the
+// full path; a tool tip shows it if it is elided. User interface thread only.
 
 #pragma once
 

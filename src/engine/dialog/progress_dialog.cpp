@@ -18,7 +18,7 @@
 namespace quorbit {
 namespace {
 
-constexpr int kBetweenLooks = 34;  // ms; 30 times a second is as much as an eye can use
+constexpr int kBetweenLooks = 34;  // ms; updates above 30 per second are not visible
 
 QPushButton* Button(const char* name, const char* text, QWidget* parent)
 {
@@ -115,7 +115,7 @@ void CProgressDlg::OnInitDialog()
 {
     m_btnStopCounting->setEnabled(false);
     const auto start = [this] {
-        if (isVisible()) {  // it may have been closed before it came to that
+        if (isVisible()) {  // it may have been closed before this event
             m_btnStart->click();
         }
     };
@@ -149,7 +149,7 @@ void CProgressDlg::StartWorker()
 void CProgressDlg::RefuseRun(const RunRefusal& refusal)
 {
     if (refusal.text.empty()) {
-        return Close();  // the fatal handler ends the program
+        return Close();  // the fatal error handler exits the program
     }
     (void)m_services.pPrompts->Ask(refusal.text, "", PromptIcon::Stop, PromptButtons::Ok);
     Close();
@@ -173,14 +173,16 @@ void CProgressDlg::OnViewLog()
 
 void CProgressDlg::OnTimer()
 {
-    // Asked first: what it stored before is then sure to be among what is taken.
+    // Check this before reading the values: the values stored before SetWorkerDone() are then
+    // included.
     const bool done = m_surface.WorkerDone();
     ShowNewest();
     if (done) {
         EndOfWorker();
     } else if (auto question = m_surface.Prompt().Take()) {
         m_bAsking = true;
-        // Not from here: a timer is deaf while its own handler runs, and a box may stay open long.
+        // Queued: a QTimer does not fire again while its handler runs, and the message box may stay
+        // open for long.
         const auto ask = [this, question = std::move(*question)] { AnswerWorker(question); };
         QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
     }
@@ -188,7 +190,8 @@ void CProgressDlg::OnTimer()
 
 void CProgressDlg::AnswerWorker(const WorkerQuestion& question)
 {
-    const QPointer<CProgressDlg> alive(this);  // a box serves events, and they may do anything
+    const QPointer<CProgressDlg> alive(
+        this);  // the message box runs an event loop, in which this dialog may be deleted
     const PromptAnswer answer =
         m_services.pPrompts->Ask(question.text, question.caption, question.icon, question.buttons);
     if (!alive) {
@@ -226,7 +229,7 @@ void CProgressDlg::OnCancel()
     }
 }
 
-// The worker, if there was one, has ended and has closed the log.
+// Requires that the worker has ended, if there was one.
 void CProgressDlg::Close()
 {
     if (std::exchange(m_bClosed, true)) {
@@ -257,7 +260,7 @@ void CProgressDlg::ShowNewest()
         ShowStates();
     }
     ShowElapsed();
-    // Once more with the closing values, and then no longer.
+    // Measure the final values once, then stop.
     const RunFigures& figures = m_values.figures;
     if (figures.total && (changed || figures.phase < RunPhase::Ended)) {
         MeasureRate();
@@ -279,7 +282,7 @@ void CProgressDlg::ShowStates()
     }
 }
 
-// The clock stands still as soon as a stop is asked for.
+// The clock stops when a stop is requested.
 void CProgressDlg::ShowElapsed()
 {
     if (g_bStopRun) {
@@ -293,7 +296,8 @@ void CProgressDlg::ShowTransfer()
     const RunFigures& figures = m_values.figures;
     const bool ended = figures.phase >= RunPhase::Ended;
     const bool over = g_bStopRun || ended;
-    // Nothing is left, and still it is not over: the disk is waited for, or a last script.
+    // No files are left but the run has not ended: it waits for a sync of the disk or for the last
+    // script.
     const bool finishing = figures.Steps() > 0 && figures.Counter(RunCounter::FilesLeft) == 0;
     Transfer transfer;
     transfer.bytes = figures.bytes;

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// "Process Files": the window in which a run happens. It starts the run by itself as soon as it is
-// up, shows the counters, offers Cancel and Stop Counting, and closes the run. One run a dialog.
+// The "Process Files" dialog: starts the run when it is shown, shows its progress, offers Cancel
+// and Stop Counting, and closes at the end. One run per dialog. User interface thread only.
 //
-// The worker never waits for this window: it leaves what is to be shown with the surface, and a
-// timer takes it from there up to 30 times a second. The window never waits for the worker either:
-// told to close while the worker is in its last steps it closes a moment later, once the worker
-// has ended.
+// The worker never waits for the display of progress: it stores values in the surface, from where a
+// timer reads them up to 30 times per second. It waits only for answers to its questions
+// (WorkerPrompt). The dialog does not wait for the worker either: if it is closed while the worker
+// finishes, it closes after the worker has ended.
 
 #pragma once
 
@@ -29,15 +29,15 @@ namespace quorbit {
 
 class CProgressDlg : public QDialog {
 public:
-    // pDoc must outlive the dialog and must not change while the run is on. Every control has the
-    // name of its member as object name.
+    // pDoc is not owned, must outlive the dialog and must not change during the run. The object
+    // name of every control is its member name.
     CProgressDlg(QWidget* parent, const Batch* pDoc, ProgressServices services);
-    // Leaves clean flags for the next dialog. A run that is still on is stopped and waited for,
-    // with a No to all that it asks.
+    // Stops a run in progress, answers No to all of its questions and waits for the worker. Resets
+    // the global run flags for the next dialog.
     ~CProgressDlg() override;
 
-    // The Cancel button, Esc and the close box: closes, if the run is over or was never started;
-    // otherwise asks the run to stop.
+    // Handles Cancel, Esc and the close button: closes the dialog if the run has ended or was not
+    // started, otherwise stops the run.
     void reject() override;
 
 protected:
@@ -80,11 +80,11 @@ private:
     std::jthread m_thread;
 
     QTimer m_timer;
-    RunValues m_values;  // as shown
+    RunValues m_values;  // values shown
     RateEstimator m_rate;
     bool m_bInitialised = false;
     bool m_bAsking = false;       // the worker waits for an answer
-    bool m_bCloseWanted = false;  // as soon as the worker has ended
+    bool m_bCloseWanted = false;  // close when the worker has ended
     bool m_bClosed = false;
 };
 

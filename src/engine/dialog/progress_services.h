@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a run in a window needs from the program around it.
+// Services used by the progress dialog.
 
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace quorbit {
 
-// The functions are called on the user interface thread. The objects are not owned and must outlive
+// The functions are called in the user interface thread. The objects are not owned and must outlive
 // the dialog.
 struct ProgressServices {
     RunServices run;
@@ -22,9 +22,9 @@ struct ProgressServices {
     Required<TextEditor*> pTextEditor;
 
     Required<std::function<void(int)>> setExitCode;  // sets the exit code of the process
-    Required<std::function<void()>> postRefresh;     // asks the main window for a refresh, later
-    Required<std::function<void()>> postExit;        // asks the main window to close, later
-    Required<std::function<void(int)>> endProgram;   // ends the program now, with this exit code
+    Required<std::function<void()>> postRefresh;     // posts a refresh to the main window
+    Required<std::function<void()>> postExit;        // posts a close to the main window
+    Required<std::function<void(int)>> endProgram;   // exits at once with this exit code
 };
 
 }  // namespace quorbit

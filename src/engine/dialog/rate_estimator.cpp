@@ -9,17 +9,17 @@
 namespace quorbit {
 namespace {
 
-// The bytes that take as long as everything else about a file: between an SSD, where it is a
-// quarter of this, and a disk or a share, where it is four times as much.
+// Overhead of a file, expressed in bytes copied in the same time. A compromise: about a quarter of
+// this on an SSD, about four times as much on a hard disk or a network share.
 constexpr double kFileInBytes = 256 * 1024;
 
 constexpr double kTellingSpeedAfter = 0.5;  // seconds
-constexpr double kDamping = 5;              // seconds in which a new forecast is mostly taken over
-constexpr double kSteadyAfter = 3;          // seconds that a forecast must hold before it is shown
-constexpr double kSteadyWithin = 0.25;  // how far it may be off meanwhile, as a part of the larger
-constexpr double kLostBeyond = 0.6;     // a forecast that is off by so much is given up
-constexpr double kLeast = 4;            // seconds: what is off is a part of at least this
-constexpr double kMost = 400.0 * 3600;  // seconds: beyond this nothing is told
+constexpr double kDamping = 5;              // seconds; time constant for following a new forecast
+constexpr double kSteadyAfter = 3;  // seconds; a forecast is shown when it was stable for so long
+constexpr double kSteadyWithin = 0.25;  // largest relative deviation of a stable forecast
+constexpr double kLostBeyond = 0.6;     // discard the forecast above this relative deviation
+constexpr double kLeast = 4;            // seconds; deviations are relative to at least this
+constexpr double kMost = 400.0 * 3600;  // seconds; longer forecasts are not shown
 
 double Work(std::int64_t files, std::uint64_t bytes)
 {
@@ -70,8 +70,8 @@ std::optional<double> RateEstimator::Forecast() const
     return static_cast<double>(*m_progress.filesLeft) * workAFile / m_work.Rate();
 }
 
-// Damped, so that the figure runs down like a clock. Watches how well the forecast of a moment ago
-// agrees with that of now.
+// Smooths the forecast so that the time left counts down steadily, and checks how well the previous
+// forecast agrees with the new one.
 void RateEstimator::Follow(std::optional<double> forecast, double inSeconds)
 {
     const double expected = m_secondsLeft.value_or(0) - inSeconds;
@@ -87,7 +87,7 @@ void RateEstimator::Follow(std::optional<double> forecast, double inSeconds)
     } else if (m_steadySeconds < kSteadyAfter) {
         m_steadySeconds = 0;
     }
-    // The first forecasts are made of little, so later ones soon outweigh them.
+    // The first forecasts are based on little data, so follow later ones faster at first.
     const double taken = 1 - std::exp(-inSeconds / std::min(kDamping, m_workedSeconds));
     m_secondsLeft = std::max(0.0, expected + (*forecast - expected) * taken);
 }

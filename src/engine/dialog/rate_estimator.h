@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How fast a run is, and how long it may still take. A run knows how many files are left, not how
-// large they are. So work is measured in files and in bytes together: a file costs as much as so
-// many bytes, and those that are left are taken to be as large as those that are done. The pace is
-// that of the last half minute.
+// Estimates the speed of a run and the time left. The run knows the number of files left but not
+// their sizes, so work is measured in files plus bytes: each file costs a fixed number of bytes in
+// addition to its size, and the files left are assumed to have the average size of those done. The
+// pace is averaged over the last 30 seconds. One thread at a time.
 
 #pragma once
 
@@ -16,7 +16,7 @@ namespace quorbit {
 
 struct RunProgress {
     std::int64_t filesDone = 0;
-    std::optional<std::int64_t> filesLeft;  // nothing if the count was given up
+    std::optional<std::int64_t> filesLeft;  // nullopt if counting was stopped
     std::uint64_t bytesDone = 0;
 };
 
@@ -24,19 +24,20 @@ class RateEstimator {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
 
-    // How far the run has come at a time. The first call is the start. Times do not run backwards.
+    // Reports the progress at a time. The first call marks the start. Times must not decrease.
     void Update(TimePoint now, const RunProgress& progress);
-    // As Update, but the time since the last call was no time of work: a box was open.
+    // Like Update, but excludes the time since the last call, during which a message box was open.
     void Skip(TimePoint now, const RunProgress& progress);
 
-    // Of the last seconds, and over the whole run. Nothing in the first half second.
+    // Speed of the last seconds and of the whole run. Nullopt during the first half second of work.
     [[nodiscard]] std::optional<double> BytesPerSecond() const;
     [[nodiscard]] std::optional<double> MeanBytesPerSecond() const;
-    // Nothing until the forecast has held for a few seconds, and while it does not.
+    // Nullopt until the forecast has been stable for a few seconds, and again when it becomes
+    // unstable.
     [[nodiscard]] std::optional<std::chrono::seconds> TimeLeft() const;
 
 private:
-    // A rate that forgets: what lies `memory` seconds back counts a third.
+    // Exponentially weighted average: an amount `memory` seconds ago has the weight 1/e.
     struct FadingRate {
         double memory;
         double amount = 0;
@@ -55,7 +56,7 @@ private:
     FadingRate m_bytes{3};
     FadingRate m_work{30};
     std::optional<double> m_secondsLeft;
-    double m_steadySeconds = 0;  // for how long the forecast has held
+    double m_steadySeconds = 0;  // seconds for which the forecast has been stable
 };
 
 }  // namespace quorbit

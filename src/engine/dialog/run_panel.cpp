@@ -16,7 +16,7 @@
 namespace quorbit {
 namespace {
 
-// Names hold anything; on the screen they are one line.
+// Names may contain control characters; escape them so that the text stays on one line.
 QString OnScreen(const std::string& text)
 {
     return QString::fromStdString(Printable(text));
@@ -36,7 +36,7 @@ Widget* Named(const char* name, const QString& text, QWidget* parent)
     return widget;
 }
 
-// Leaves a label alone that shows the text already.
+// Sets the text of a label only if it differs, which avoids repaints.
 void Show(QLabel* label, const QString& text)
 {
     if (label->text() != text) {
@@ -44,7 +44,7 @@ void Show(QLabel* label, const QString& text)
     }
 }
 
-// A label that shows a value.
+// Creates a label for a value.
 QLabel* Value(const char* name, const char* text, QWidget* parent)
 {
     auto* label = Named<QLabel>(name, Name(text), parent);
@@ -89,7 +89,7 @@ RunPanel::RunPanel(QWidget* parent)
 void RunPanel::AddValue(QGridLayout* grid, int row, int column, const QString& text, QLabel* value)
 {
     auto* label = new QLabel(text, this);
-    // For a screen reader the name of the label is its own text; the description says what it is.
+    // Screen readers use the text of a label as its name, so give its meaning as description.
     label->setBuddy(value);
     value->setAccessibleDescription(text.chopped(1));
     grid->addWidget(label, row, column);
@@ -168,7 +168,7 @@ void RunPanel::ShowTransfer(const std::string& text)
 void RunPanel::ShowTexts(const RunValues& values)
 {
     const auto showText = [&values](QLabel* label, RunText which) {
-        // What was never told keeps its first text.
+        // Values never reported keep their initial text.
         if (!values.Text(which).empty()) {
             Show(label, OnScreen(values.Text(which)));
         }
@@ -191,14 +191,14 @@ void RunPanel::ShowTexts(const RunValues& values)
     showCounter(m_stcErrorCount, RunCounter::Error);
 }
 
-// The range holds the low 16 bits of the count only. The bar tells the truth beyond as well: it
-// fills in proportion, which is one step a file for all counts that fit.
+// The range contains only the low 16 bits of the count. Larger counts fill the bar in proportion;
+// otherwise each file is one step.
 void RunPanel::ShowProgress(const RunFigures& figures)
 {
     if (!figures.total) {
         return;
     }
-    // A range of nothing would make it a busy indicator.
+    // An empty range would show a busy indicator.
     m_progress->setRange(0, std::max(*figures.total & 0xFFFF, 1));
     const std::int64_t done = figures.Steps();
     const std::int64_t all = *figures.total;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The values of a run as the progress dialog shows them: the file under work, the counters, the
-// bar. Every control has the name of its member as object name. User interface thread only.
+// The values of a run in the progress dialog: current file, counters and progress bar. The object
+// name of every control is its member name. User interface thread only.
 
 #pragma once
 
@@ -24,9 +24,9 @@ public:
     explicit RunPanel(QWidget* parent);
 
     void ShowValues(const RunValues& values);
-    // Hours, minutes and seconds, as the log has them.
+    // `text` contains hours, minutes and seconds, formatted as in the log.
     void ShowElapsed(const std::string& text);
-    // Bytes, speed and time left, in one line.
+    // `text` contains bytes, speed and time left in one line.
     void ShowTransfer(const std::string& text);
 
 private:

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The newest values of a run. The worker stores them several times a file, the dialog takes them
-// when it paints: what was overwritten in between is never shown, and neither side waits for the
-// other longer than a few strings take to copy.
+// The latest values of a run. The worker stores them several times per file; the dialog reads them
+// when it updates. Overwritten values are never shown, and either side blocks the other only while
+// a few strings are copied.
 
 #pragma once
 
@@ -20,16 +20,16 @@
 namespace quorbit {
 
 struct RunFigures {
-    std::array<std::int32_t, 7> counters{};  // by RunCounter
-    std::uint64_t bytes = 0;                 // copied so far
+    std::array<std::int32_t, 7> counters{};  // indexed by RunCounter
+    std::uint64_t bytes = 0;                 // bytes copied so far
     RunPhase phase = RunPhase::Counting;
-    std::optional<std::int32_t> total;  // units to process; none before the process pass
+    std::optional<std::int32_t> total;  // units to process; nullopt before the process pass
 
     [[nodiscard]] std::int32_t Counter(RunCounter which) const
     {
         return counters[static_cast<std::size_t>(which)];
     }
-    // Units done.
+    // Returns the number of units done.
     [[nodiscard]] std::int32_t Steps() const
     {
         return total ? *total - Counter(RunCounter::FilesLeft) : 0;
@@ -38,7 +38,7 @@ struct RunFigures {
 
 struct RunValues {
     RunFigures figures;
-    std::array<std::string, 5> texts;  // by RunText, as the engine gave them
+    std::array<std::string, 5> texts;  // indexed by RunText, unescaped
 
     [[nodiscard]] const std::string& Text(RunText which) const
     {
@@ -50,7 +50,7 @@ struct RunValues {
 class RunSnapshot {
 public:
     void SetText(RunText which, std::string_view text);
-    // Runs change, which must not block, on the figures.
+    // Calls `change` with the figures while the mutex is locked; it must not block.
     template <class Change>
     void Set(Change change)
     {
@@ -59,7 +59,8 @@ public:
         m_bChanged = true;
     }
 
-    // Brings values up to date, which must be what the last call left. False if nothing changed.
+    // Updates `values`, which must be unchanged since the last call. Returns false if nothing has
+    // changed.
     [[nodiscard]] bool Take(RunValues& values);
 
 private:

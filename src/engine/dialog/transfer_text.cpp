@@ -17,7 +17,7 @@ std::string Counted(std::int64_t count, const char* unit)
     return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
 }
 
-// Rounds up to a step.
+// Rounds up to a multiple of `step`.
 std::int64_t UpTo(std::int64_t value, std::int64_t step)
 {
     return (value + step - 1) / step * step;
@@ -33,13 +33,13 @@ std::string AmountText(double bytes)
     }
     std::size_t unit = 0;
     double amount = bytes / 1024;
-    // What would round to 1000 goes to the next unit, so that three digits are enough.
+    // Amounts that would round to 1000 use the next unit, so that three digits suffice.
     while (amount >= 999.5 && unit + 1 < kUnits.size()) {
         amount /= 1024;
         ++unit;
     }
     const int decimals = amount < 9.995 ? 2 : amount < 99.95 ? 1 : 0;
-    // Unlike printf(3), the same in every locale.
+    // Unlike printf(3), std::to_chars does not depend on the locale.
     std::array<char, 32> text{};
     const auto end =
         std::to_chars(text.begin(), text.end(), amount, std::chars_format::fixed, decimals);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The words for how much was copied, how fast, and how long it may still take.
+// Formats the amount copied, the speed and the time left. Pure functions.
 
 #pragma once
 
@@ -12,19 +12,21 @@
 
 namespace quorbit {
 
-// "512 bytes", "4.20 KB", "117 MB"; powers of 1024, three digits.
+// Returns "512 bytes", "4.20 KB", "117 MB": units are powers of 1024, with three significant digits
+// above 1023 bytes.
 [[nodiscard]] std::string AmountText(double bytes);
-// "about 40 seconds left", "about 3 minutes left"; coarser the longer it is.
+// Returns "about 40 seconds left", "about 3 minutes left": in steps of 5 seconds, then minutes,
+// then 10 minutes.
 [[nodiscard]] std::string TimeLeftText(std::chrono::seconds left);
 struct Transfer {
     std::uint64_t bytes = 0;
     std::optional<double> bytesPerSecond;
     std::optional<std::chrono::seconds> left;
-    std::string note;  // what else there is to say
+    std::string note;  // additional text; may be empty
 };
 
-// The parts that there are: "1.40 GB copied, 52.0 MB/s, about 3 minutes left". Where nothing was
-// copied no speed is told.
+// Joins the available parts: "1.40 GB copied, 52.0 MB/s, about 3 minutes left". Omits the speed if
+// nothing was copied. The first letter becomes upper case.
 [[nodiscard]] std::string TransferText(const Transfer& transfer);
 
 }  // namespace quorbit

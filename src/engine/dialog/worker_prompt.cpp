@@ -29,7 +29,7 @@ std::optional<WorkerQuestion> WorkerPrompt::Take()
 void WorkerPrompt::Answer(bool yes)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_state != State::Taken) {  // abandoned meanwhile
+    if (m_state != State::Taken) {  // abandoned in the meantime
         return;
     }
     m_bYes = yes;

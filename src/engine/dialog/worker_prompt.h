@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The one place where the worker waits: a box that it wants shown. The worker leaves its question
-// here and sleeps; the user interface looks for it, shows the box and brings the answer. One
-// question at a time.
+// Passes questions from the worker to the user interface. The worker stores a question and blocks;
+// the user interface polls it, shows a message box and stores the answer. One question at a time.
 
 #pragma once
 
@@ -18,21 +17,22 @@ namespace quorbit {
 
 struct WorkerQuestion {
     std::string text;
-    std::string caption;  // empty for the application's own
+    std::string caption;  // empty: the default caption
     PromptIcon icon = PromptIcon::None;
     PromptButtons buttons = PromptButtons::Ok;
 };
 
 class WorkerPrompt {
 public:
-    // Worker: returns when the question is answered; true for Yes.
+    // Worker thread only. Blocks until the question is answered. Returns true for Yes, false for No
+    // or after Abandon.
     [[nodiscard]] bool Ask(WorkerQuestion question);
 
-    // User interface: the question that waits, each only once.
+    // User interface thread only. Returns the pending question, each only once, or nullopt.
     [[nodiscard]] std::optional<WorkerQuestion> Take();
-    // User interface: the answer to the question that was taken.
+    // User interface thread only. Answers the question returned by Take.
     void Answer(bool yes);
-    // Any thread: from now on nobody is there to answer; every question gets a No at once.
+    // Any thread. Answers No to the pending and all later questions.
     void Abandon();
 
 private:
