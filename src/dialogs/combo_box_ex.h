@@ -12,9 +12,6 @@
 
 namespace quorbit {
 
-// The completed tail is selected, so that the next key replaces it. After Delete and Backspace
-// nothing is completed, until another key comes. Lines that are inserted leave the typed text
-// alone.
 class CComboBoxEx final : public QComboBox {
 public:
     explicit CComboBoxEx(QWidget* parent = nullptr);

@@ -15,7 +15,6 @@
 
 namespace quorbit {
 
-// User interface thread only.
 class FolderProbe {
 public:
     // `missing` is true if the folder certainly does not exist or the path is not a folder; false

@@ -138,8 +138,8 @@ void DriveRefresh::OnBatch(Read& read, FolderBatch batch)
         node == m_tree.RootNode() ? Start() : Update(node);
         return;
     }
-    // An incomplete listing does not show which folders were deleted, so keep all nodes. Missing:
-    // the folder itself was deleted and its nodes go.
+    // An incomplete listing does not show which folders were deleted, so keep all nodes. Missing
+    // means that the folder itself was deleted, so remove its child nodes.
     if (!batch.error || batch.error->Kind() == ErrorKind::Missing) {
         (this->*ended->apply)(node, *ended);
     }

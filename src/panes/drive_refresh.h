@@ -28,8 +28,8 @@ public:
     DriveRefresh(const DriveRefresh&) = delete;
     DriveRefresh& operator=(const DriveRefresh&) = delete;
 
-    // Starts to read the drives and the folders of the desktop. Folders that an earlier refresh is
-    // still reading are read again afterwards, without showing the wait cursor for them again.
+    // Starts to read the drives and the folders of the desktop. A folder that an earlier refresh is
+    // still reading is read again when that read ends; until then no wait cursor is shown for it.
     void Start();
     // Returns true if no folder is being read.
     [[nodiscard]] bool IsOver() const { return m_reads.empty(); }

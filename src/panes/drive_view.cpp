@@ -277,6 +277,7 @@ bool CDriveView::OnUpdateCommand(int nId, CommandState& state)
 void CDriveView::SetUpDelete()
 {
     m_bDeleteMode = true;
+    // Returns after the dialog has closed, so the mode applies to this dialog only.
     m_services.sendCommand(CMD_NEW_FILE_TYPE_ENTRY);
     m_bDeleteMode = false;
 }

@@ -287,6 +287,7 @@ void CFileView::SetUpDelete()
         return;
     }
     m_bDeleteMode = true;
+    // Returns after the dialog has closed, so the mode applies to this dialog only.
     m_services.sendCommand(CMD_NEW_FILE_ENTRY);
     m_bDeleteMode = false;
 }

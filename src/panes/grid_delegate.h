@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Draws the items of the icon styles in cells of equal size. Individual sizes would require the
-// icon of every item.
+// icon of every item. User interface thread only.
 
 #pragma once
 

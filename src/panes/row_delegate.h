@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Draws the rows of a ReportView.
+// Draws the rows of a ReportView. User interface thread only.
 
 #pragma once
 

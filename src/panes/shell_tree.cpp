@@ -187,6 +187,7 @@ void ShellTree::EndFill(ShellTreeNode* node, bool failed)
             node->setExpanded(false);
         }
     }
+    // A callback may remove the node; the remaining ones are then skipped.
     const QPersistentModelIndex place = node != nullptr ? indexFromItem(node) : QModelIndex();
     const auto stillThere = [&] { return node == nullptr || place.isValid(); };
     if (m_onFilled) {

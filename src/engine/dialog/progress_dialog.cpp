@@ -59,6 +59,7 @@ CProgressDlg::~CProgressDlg()
 {
     if (m_thread.joinable()) {
         g_bStopRun = 1;
+        // A worker that waits for an answer would block join() forever.
         m_surface.Prompt().Abandon();
         m_thread.join();
     }
@@ -190,8 +191,7 @@ void CProgressDlg::OnTimer()
 
 void CProgressDlg::AnswerWorker(const WorkerQuestion& question)
 {
-    const QPointer<CProgressDlg> alive(
-        this);  // the message box runs an event loop, in which this dialog may be deleted
+    const QPointer<CProgressDlg> alive(this);  // its event loop may delete this dialog
     const PromptAnswer answer =
         m_services.pPrompts->Ask(question.text, question.caption, question.icon, question.buttons);
     if (!alive) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The "Process Files" dialog: starts the run when it is shown, shows its progress, offers Cancel
-// and Stop Counting, and closes at the end. One run per dialog. User interface thread only.
+// The "Process Files" dialog: starts the run when it is first shown, shows its progress and offers
+// Cancel and Stop Counting. One run per dialog. User interface thread only.
 //
 // The worker never waits for the display of progress: it stores values in the surface, from where a
 // timer reads them up to 30 times per second. It waits only for answers to its questions

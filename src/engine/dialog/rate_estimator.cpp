@@ -15,7 +15,7 @@ constexpr double kFileInBytes = 256 * 1024;
 
 constexpr double kTellingSpeedAfter = 0.5;  // seconds
 constexpr double kDamping = 5;              // seconds; time constant for following a new forecast
-constexpr double kSteadyAfter = 3;  // seconds; a forecast is shown when it was stable for so long
+constexpr double kSteadyAfter = 3;      // seconds; a forecast is shown after being stable this long
 constexpr double kSteadyWithin = 0.25;  // largest relative deviation of a stable forecast
 constexpr double kLostBeyond = 0.6;     // discard the forecast above this relative deviation
 constexpr double kLeast = 4;            // seconds; deviations are relative to at least this

@@ -39,7 +39,7 @@ public:
 private:
     // Exponentially weighted average: an amount `memory` seconds ago has the weight 1/e.
     struct FadingRate {
-        double memory;
+        double memory;  // seconds
         double amount = 0;
         double seconds = 0;
         void Add(double more, double inSeconds);
