@@ -23,8 +23,8 @@ struct SelectionVerdict {
     bool operator==(const SelectionVerdict&) const = default;
 };
 
-// Returns the selected rows, in row order, followed by the row that a click is about to add, unless
-// it is selected already; -1 if there is none.
+// Returns the selected rows, in row order, followed by `row`, the row that a click is about to add
+// (-1: none), unless it is selected already.
 [[nodiscard]] std::vector<int> RowsToCheck(std::vector<int> selected, int row);
 
 // isFolder contains one value per row; no rows count as folders. `before` is the kind of the last
