@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The program as its users meet it: a command line, files, a log, an exit code. Each test has a
-// folder of its own, with settings of its own in it.
+// Runs the built program from its command line and checks files, log and exit code. Each test has
+// its own folder, which also contains the settings.
 
 #pragma once
 
@@ -20,21 +20,23 @@ namespace quorbit {
 
 class QuorbitProgram : public FolderTest {
 protected:
-    // A batch file in the folder of the test.
+    // Writes a batch file; the path is relative to the folder of the test.
     void WriteBatch(const std::string& relative, const std::vector<CDirCopy>& entries) const;
-    // An entry that copies the tree "from" to the tree "to", both in the folder of the test.
+    // Returns an entry that copies the tree `from` to `to`, both relative to the folder of the
+    // test.
     [[nodiscard]] CDirCopy CopyEntry(const std::string& from, const std::string& to) const;
 
-    // How the program is called with these arguments, in the folder of the test, without a display.
+    // Returns the call of the program with these arguments: working folder, XDG folders and no
+    // display.
     [[nodiscard]] ProgramCall Call(const std::vector<std::string>& arguments) const;
     [[nodiscard]] ProgramResult Run(const std::vector<std::string>& arguments) const;
-    // Completes the first start.
+    // Completes the first start with --setup.
     void SetUpProgram() const;
-    // The log of the document of this name (without ".qrb"); "(none)" if there is none.
+    // Returns the log of a document, named without ".qrb", or "(none)" if it does not exist.
     [[nodiscard]] std::string Log(const std::string& document) const;
 };
 
-// The figures of a closing table by the words before " Count: ", wherever in a text it stands.
+// Returns the totals in a text, keyed by the words before " Count: ".
 [[nodiscard]] std::map<std::string, std::string> Counts(const std::string& text);
 
 [[nodiscard]] bool Contains(const std::string& text, const std::string& part);

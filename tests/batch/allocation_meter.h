@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Tells how much memory a piece of code takes at its worst.
+// Measures the peak memory use of a function.
 
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace quorbit {
 
-// Bytes that the operators new of this program held at most while work ran, above what they held
-// before. One thread only.
+// Returns the peak number of bytes allocated with operator new while `work` runs, above the level
+// before it. Counts usable sizes (malloc_usable_size(3)). Single-threaded programs only.
 [[nodiscard]] std::size_t PeakAllocation(const std::function<void()>& work);
 
 }  // namespace quorbit

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A place for the dialogs: a temporary folder, a shell namespace, answers to message boxes.
+// Fixture for the entry dialogs: a temporary folder, a shell namespace and scripted answers to
+// message boxes. User interface thread only.
 
 #pragma once
 
@@ -33,7 +34,8 @@ protected:
             {[] { return ParseMountTable("1 0 8:1 / / rw - ext4 /dev/sda1 rw\n"); }, "", {}});
     }
 
-    // The button of any kind with that text.
+    // Returns the push button, check box or radio button with this text; fails the test if there is
+    // none.
     static QAbstractButton* Button(const QWidget& window, const char* text)
     {
         for (auto* button : window.findChildren<QAbstractButton*>()) {
@@ -46,7 +48,8 @@ protected:
     }
     static void Click(const QWidget& window, const char* text)
     {
-        // A box is clicked at its mark, which may be narrow in a wide window.
+        // Qt ignores clicks beside the mark and text of a check box or radio button, and its centre
+        // may be beside them in a wide window.
         QAbstractButton* button = Button(window, text);
         const QPoint mark(8, button->height() / 2);
         QTest::mouseClick(button, Qt::LeftButton, {}, button->isCheckable() ? mark : QPoint());

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Runs documents over real temporary folders and gives what came of it.
+// Runs batches on real temporary folders and returns the log, the counters and the exit code.
 
 #pragma once
 
@@ -27,7 +27,7 @@ using Call = FileSystemCall;
 inline constexpr std::uint32_t kAll = DCF_ALL_TYPES | DCF_NO_ATTRS;
 inline constexpr std::uint32_t kTree = kAll | DCF_SUBFOLDERS | DCF_PRESERVE_TREE;
 
-// The numbers of a log's footer.
+// The totals in the footer of a log.
 struct Totals {
     std::string total = "0";
     int deleted = 0;
@@ -40,12 +40,12 @@ struct Totals {
 
 struct RunResult {
     RecordingSurface surface;
-    std::string log;       // all bytes of the file
-    std::string counters;  // those that are not 0: "left 1 copy 2 error 1"
+    std::string log;       // the whole file
+    std::string counters;  // those other than 0: "left 1 copy 2 error 1"
     int exitCode = 0;
 };
 
-// In paths and in expected texts "@" stands for the temporary folder.
+// "@" in paths and expected texts is replaced with the temporary folder.
 class RunFixture : public FolderTest {
 protected:
     RunFixture() { ClearFlags(); }
@@ -60,7 +60,7 @@ protected:
     }
     [[nodiscard]] TreeLines Tree(const std::string& path) const { return ReadTree(Path(path)); }
 
-    // An entry of masks.
+    // An entry that selects files by masks.
     [[nodiscard]] CDirCopy Entry(std::uint32_t flags, const std::string& source = "@/source",
                                  const std::string& dest = "@/dest",
                                  std::vector<std::string> masks = {"*.*"}) const
@@ -87,7 +87,8 @@ protected:
     }
 
     using Prepare = std::function<void(FailingFileSystem& files)>;
-    // One run; the flags are clear after it.
+    // Runs a batch and clears the global run flags. `prepare` sets up failures and actions of the
+    // file system; may be null.
     RunResult Run(std::vector<CDirCopy> entries, const Prepare& prepare = nullptr)
     {
         Batch batch;
@@ -120,10 +121,10 @@ protected:
         return result;
     }
 
-    // What of the log is in the file now.
+    // The part of the log that has been written to the file so far.
     [[nodiscard]] std::string LogSoFar() const { return ContentOf(LogPath()); }
 
-    // A whole log. "\n" stands for CR LF.
+    // Returns a whole log. "\n" in `body` becomes CR LF.
     [[nodiscard]] std::string Log(const std::string& body, const Totals& totals) const
     {
         return Lines(
@@ -149,11 +150,12 @@ protected:
 
     std::uint32_t m_nRunMode = 0;
     std::uint32_t m_nOptFlags = 0;
-    bool m_bSyncAtEnd = false;  // a sync takes its time on a busy machine
+    bool m_bSyncAtEnd = false;  // syncing is slow on a busy machine
     DriveMap m_drives;
     std::vector<bool> m_answers;
     std::function<void()> m_onPrompt;
-    static inline std::chrono::steady_clock::time_point s_now{};  // moved by tests only
+    static inline std::chrono::steady_clock::time_point
+        s_now{};  // the fake clock; only tests advance it
 
     [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/batch.log"; }
 

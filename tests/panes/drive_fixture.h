@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A drive tree over a made mount table, with a drive D: in a temporary folder.
+// Fixture for the drive tree: a fake mount table and a drive D: in a temporary folder.
 
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace quorbit {
 
-// The list of files: which folder it is to show.
+// Stands in for the file list and records the path of the folder to show.
 class FolderView final : public FakeView {
 public:
     FolderView() : FakeView(ViewKind::FileList) {}
@@ -36,7 +36,7 @@ public:
 
 class DriveTest : public ShellTest {
 protected:
-    // items: of the drive D:.
+    // Creates the tree view; `items` is the content of drive D:.
     void Make(const TreeLines& items, std::uint32_t nRunMode = 0)
     {
         m_drives['D'] = Path("d");
@@ -70,12 +70,12 @@ protected:
         }
     }
 
-    // Everything that is being read has been.
+    // Waits until the tree has read all pending folders.
     void Settle()
     {
         EXPECT_TRUE(Until([this] { return !m_view->IsFilling(); }));
     }
-    // The node of a folder, reading what leads there. Selects it.
+    // Selects a folder, reading its parents as needed. Returns its node, or null if there is none.
     ShellTreeNode* GoTo(const std::string& path)
     {
         m_view->GoToPath(path);
@@ -116,7 +116,7 @@ protected:
     ItemIcons m_icons;
     std::vector<int> m_sent;
     std::vector<bool> m_sentInDeleteMode;
-    std::string m_deletePath;  // when the last command was sent
+    std::string m_deletePath;  // at the time of the last sent command
     std::vector<int> m_posted;
     bool m_minimised = false;
     std::unique_ptr<CDriveView> m_view;

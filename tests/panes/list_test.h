@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the tests of the lists share: a profile of their own, prompts that answer themselves, and
-// hands for the mouse.
+// Fixture for the list panes: a separate profile, scripted answers to prompts, and simulated mouse
+// and menu input.
 
 #pragma once
 
@@ -57,7 +57,7 @@ protected:
         ASSERT_TRUE(Until([&] { return list.HasFocus(); }));
     }
 
-    // Middle of what a row shows in its first column.
+    // The centre of the first column of a row, in viewport pixels. Scrolls to the row.
     static QPoint PlaceOf(const CListViewEx& list, int row)
     {
         QAbstractItemView& view = list.ActiveView();
@@ -74,7 +74,7 @@ protected:
     {
         QTest::mouseDClick(list.ActiveView().viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
     }
-    // The menu of a right click beside the rows, where there are none.
+    // Right-clicks into the empty area of the list.
     static void RightClickBeside(const CListViewEx& list)
     {
         QWidget* viewport = list.ActiveView().viewport();
@@ -86,7 +86,8 @@ protected:
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&list.ActiveView(), &event);
     }
-    // Texts of the menu that is open, "-" before those that are disabled; closes it.
+    // Closes the open menu and returns its item texts, with "-" before disabled ones. Empty if no
+    // menu is open.
     static std::vector<std::string> CloseMenu(const CListViewEx& list)
     {
         std::vector<std::string> texts;

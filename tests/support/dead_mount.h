@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A mounted file system whose server never answers: whoever touches it waits until it goes.
+// Mounts a FUSE file system whose server never answers, so every access blocks until it is
+// unmounted.
 
 #pragma once
 
@@ -18,8 +19,8 @@ namespace quorbit {
 
 class DeadMount {
 public:
-    // Mounts in a namespace of the calling thread and those that it starts, so that nothing is left
-    // behind by a test that is killed. Needs root; IsMounted tells.
+    // Mounts in a private mount namespace of the calling thread and the threads that it starts, so
+    // that a killed test leaves no mount behind. Needs root and /dev/fuse; check IsMounted().
     explicit DeadMount(std::string point)
         : m_strPoint(std::move(point)), m_server(::open("/dev/fuse", O_RDWR | O_CLOEXEC))
     {
@@ -31,7 +32,7 @@ public:
             "fd=" + std::to_string(m_server.Get()) + ",rootmode=40000,user_id=0,group_id=0";
         m_bMounted = ::mount("dead:/x", m_strPoint.c_str(), "fuse.sshfs", 0, options.c_str()) == 0;
     }
-    // Whoever waits gets an error.
+    // Unmounts and closes /dev/fuse; blocked accesses then fail.
     ~DeadMount()
     {
         if (m_bMounted) {

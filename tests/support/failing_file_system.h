@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A file system that counts its calls, makes chosen ones fail, and runs an action of the test
-// before chosen ones, so that the disk can change while a walk is under way. Everything else goes
-// through to the file system beneath.
+// Fault injection: a file system that counts its calls, fails chosen ones and runs an action before
+// chosen ones, so that a test can change the disk during a walk. Forwards all other calls to the
+// wrapped file system.
 
 #pragma once
 
@@ -44,15 +44,15 @@ class FailingFileSystem final : public FileSystem {
     using Name = const std::string&;
 
 public:
-    // The file system beneath must outlive this object.
+    // `inner` is not owned and must outlive this object.
     explicit FailingFileSystem(FileSystem& inner) : m_inner(inner) {}
 
-    // Calls of a kind are numbered from 1, since this object was made.
+    // Calls of each kind are numbered from 1, starting at the construction of this object.
     void FailAt(Call call, int number, const Error& error)
     {
         m_failures.insert_or_assign({call, number}, error);
     }
-    // Every call of the kind from now on.
+    // Fails every further call of this kind, unless FailAt() sets another error for it.
     void FailAlways(Call call, const Error& error) { FailAt(call, kAlways, error); }
     void RunBefore(Call call, int number, std::function<void()> action)
     {
@@ -63,7 +63,8 @@ public:
         return m_counts.contains(call) ? m_counts.at(call) : 0;
     }
 
-    // For the listings that it gives out, too: counts, acts, and tells whether the call is to fail.
+    // Counts a call, runs its action and returns its failure, if any. Also called by the listings
+    // that this object returns.
     [[nodiscard]] Status Enter(Call call);
 
     Result<std::unique_ptr<Folder>> OpenFolder(Name path) override
@@ -104,7 +105,7 @@ public:
     {
         return Through(Call::OpenSource, &FileSystem::OpenSource, folder, item, readAhead);
     }
-    // Hints, that neither fail nor count.
+    // Hints; they do not fail and are not counted.
     void FetchAhead(const Folder& folder, const FindData& item) override
     {
         m_inner.FetchAhead(folder, item);
@@ -146,7 +147,7 @@ public:
     Status SyncWritten() override { return Through(Call::SyncWritten, &FileSystem::SyncWritten); }
 
 private:
-    // What the call gives, or the failure in its place.
+    // Forwards the call, or returns its failure instead.
     template <class Value, class... Parameters, class... Arguments>
     Value Through(Call call, Value (FileSystem::*function)(Parameters...), Arguments&&... arguments)
     {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A text editor that only keeps what it was asked to open.
+// A fake text editor that records the files to open.
 
 #pragma once
 

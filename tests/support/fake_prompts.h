@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Answers what the program asks, in the order that the test gives, and keeps the questions.
+// Gives scripted answers to message boxes and file dialogs and records the questions.
 
 #pragma once
 
@@ -25,10 +25,11 @@ public:
         bool operator==(const Box&) const = default;
     };
 
-    std::deque<PromptAnswer> answers;              // one a box; then the next member counts
-    std::optional<PromptAnswer> answer;            // to every question; none: boxes are closed
-    std::deque<std::optional<std::string>> files;  // one a file dialog; then they are cancelled
-    std::function<void()> whileOpen;               // called while a box is open; may be null
+    std::deque<PromptAnswer> answers;    // one per box, then `answer`
+    std::optional<PromptAnswer> answer;  // to all other questions; none: No or Cancel
+    std::deque<std::optional<std::string>>
+        files;                        // one per file dialog; further ones are cancelled
+    std::function<void()> whileOpen;  // called while a box is open; may be null
 
     std::vector<Box> boxes;
     std::vector<std::string> asked;  // the texts of the boxes

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Views and panes for a document: they keep what they are told and answer as the test sets them.
+// Fake views and panes of a document: they record calls and return the values that the test sets.
 
 #pragma once
 
@@ -18,10 +18,10 @@ class FakeView : public CView {
 public:
     explicit FakeView(ViewKind kind) : m_kind(kind) {}
 
-    std::map<int, CommandState> commands;  // those that it takes
+    std::map<int, CommandState> commands;  // those that it handles
     std::vector<int> hints;
     std::vector<int> carriedOut;
-    std::vector<const FakeView*>* asked = nullptr;  // gets this view at each question; may be null
+    std::vector<const FakeView*>* asked = nullptr;  // appended to at each query; may be null
 
     [[nodiscard]] ViewKind Kind() const override { return m_kind; }
     void OnUpdate(CView*, int nHint, const HintObject*) override { hints.push_back(nHint); }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What most tests of files need: a temporary folder, and short words for what they look at.
+// Fixture with a temporary folder and short helpers to create and check files in it.
 
 #pragma once
 
@@ -36,7 +36,7 @@ protected:
     TempFolder m_folder;
 };
 
-// Why a Status or a Result is none; a failure of the test if it is one.
+// Returns the error kind of a failed Status or Result; fails the test if it succeeded.
 template <class T>
 ErrorKind KindOf(const T& result)
 {
@@ -44,12 +44,12 @@ ErrorKind KindOf(const T& result)
     return result.Ok() ? ErrorKind::Other : result.GetError().Kind();
 }
 
-// False where the file system takes no such attribute.
+// Sets an extended attribute. Returns false if the file system does not support it.
 inline bool SetAttribute(const std::string& path, const char* name, std::string_view value)
 {
     return ::setxattr(path.c_str(), name, value.data(), value.size(), 0) == 0;
 }
-// An extended attribute of the item itself; "(none)" if there is none.
+// Returns an extended attribute of the item, not of a link's target, or "(none)" if it has none.
 inline std::string AttributeOf(const std::string& path, const char* name)
 {
     std::string value(5000, '\0');
@@ -57,15 +57,15 @@ inline std::string AttributeOf(const std::string& path, const char* name)
     return size < 0 ? "(none)" : value.substr(0, static_cast<std::size_t>(size));
 }
 
-// Kills a child that does the work again and again, after so many microseconds (fewer than a
-// million), by the timer of the child itself.
+// Forks a child that repeats `work` until its own interval timer kills it after the given
+// microseconds (less than a million, the limit of tv_usec).
 template <class Work>
 void KillWhileItWorks(int microseconds, Work work)
 {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        const itimerval timer{{}, {0, std::max(1, microseconds)}};  // 0 would stop it
+        const itimerval timer{{}, {0, std::max(1, microseconds)}};  // 0 would disarm it
         (void)::setitimer(ITIMER_REAL, &timer, nullptr);
         while (work()) {
         }

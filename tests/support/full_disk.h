@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Makes every write that goes beyond a size fail with EFBIG, as on a full disk, also for root.
+// Simulates a full disk: with RLIMIT_FSIZE, writes beyond a size fail with EFBIG, even for root.
 
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace quorbit {
 
-// What the call gives while no file may grow beyond so many bytes. Report nothing in it: the test's
-// own output may go to a file.
+// Returns the result of `call`, during which no file can grow beyond `bytes`. Do not assert in it:
+// the limit also applies to the test's own output if that is a file.
 template <class Call>
 auto OnFullDisk(rlim_t bytes, Call call)
 {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Runs a program the way a shell would and tells how it ended.
+// Starts a program as a shell would and returns its output and exit status.
 
 #pragma once
 
@@ -18,21 +18,21 @@ namespace quorbit {
 
 struct ProgramCall {
     std::vector<std::string> arguments{};              // arguments[0] is the path of the program
-    std::map<std::string, std::string> environment{};  // on top of that of the test
-    std::string folder{};                              // working folder; empty for that of the test
-    std::chrono::milliseconds timeout{60'000};         // then it is killed, with what it started
+    std::map<std::string, std::string> environment{};  // added to the test's own
+    std::string folder{};                              // working folder; empty: the test's own
+    std::chrono::milliseconds timeout{60'000};         // then its process group is killed
 };
 
 struct ProgramResult {
-    int exitCode = -1;      // -1 if it was ended by a signal; 127 if it could not be started
-    int endedBySignal = 0;  // 0 if it ended by itself
+    int exitCode = -1;      // -1 if killed by a signal; 127 if it could not be started
+    int endedBySignal = 0;  // 0 if it exited
     bool timedOut = false;
     std::string out;  // standard output
     std::string err;  // standard error
 };
 
-// A program that has been started, with an empty standard input, in a process group of its own.
-// Kills it and what it started, unless it has been waited for.
+// A running program in its own process group, with /dev/null as standard input. The destructor
+// kills the group unless Wait() was called.
 class Program {
 public:
     explicit Program(const ProgramCall& call);
@@ -40,9 +40,9 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // Sends a signal to the program, not to what it started.
+    // Sends a signal to the program only, not to its process group.
     void Signal(int number) const;
-    // Returns when the program has ended, or when the time of the call is over. Call it once.
+    // Waits for the program to end; kills its process group at the timeout. Call once.
     [[nodiscard]] ProgramResult Wait();
 
 private:
@@ -51,11 +51,11 @@ private:
     std::chrono::steady_clock::time_point m_deadline;
     File m_out{std::tmpfile(), std::fclose};
     File m_err{std::tmpfile(), std::fclose};
-    pid_t m_pid;  // of its group, too; that stands until it has been waited for
+    pid_t m_pid;  // also the id of its process group
     bool m_bWaitedFor = false;
 };
 
-// Starts a program and waits for its end.
+// Starts a program and waits for it to end.
 [[nodiscard]] ProgramResult RunProgram(const ProgramCall& call);
 
 }  // namespace quorbit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A run surface for tests: keeps what it is told and answers the prompts by a script.
+// A run surface that records all calls and gives scripted answers to prompts.
 
 #pragma once
 
@@ -22,8 +22,8 @@ public:
         bool operator==(const Box&) const = default;
     };
 
-    std::vector<bool> answers;       // to the prompts in their order; No when there are no more
-    std::function<void()> onPrompt;  // called while a prompt or a box stands open; may be null
+    std::vector<bool> answers;       // to the prompts in order; then No
+    std::function<void()> onPrompt;  // called while a prompt or box is open; may be null
 
     std::vector<Box> prompts;
     std::vector<Box> messages;

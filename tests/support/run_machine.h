@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Machine values for runs of a test: a store of its own, whose logs go to a given folder.
+// Machine values for test runs: a separate settings store and log folder.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace quorbit {
 
 class RunMachine : private FatalHandler {
 public:
-    // storePath: a file that need not exist. logFolder: with a closing separator.
+    // The file storePath need not exist. logFolder ends in a separator.
     RunMachine(const std::string& storePath, const std::string& logFolder)
         : m_store(storePath), m_values(m_store, *this)
     {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An environment variable that gets its old value back.
+// Sets an environment variable and restores its old value at the end of the scope.
 
 #pragma once
 
@@ -14,7 +14,7 @@ namespace quorbit {
 
 class ScopedVariable {
 public:
-    // Without a value the variable is removed.
+    // Unsets the variable if there is no value.
     ScopedVariable(std::string name, const std::optional<std::string>& value)
         : m_name(std::move(name))
     {

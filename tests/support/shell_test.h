@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A shell namespace over a mount table that the test writes and a temporary desktop folder.
+// Fixture for the shell namespace, with a fake mount table and a temporary desktop folder.
 
 #pragma once
 
@@ -30,7 +30,7 @@ protected:
                                   m_drives, m_folder.Path() + "/dev/"});
     }
 
-    // The folder that a parsing name names.
+    // Returns the folder with this parsing name.
     [[nodiscard]] ShellFolderPtr Bind(const std::string& name) const
     {
         ShellFolderPtr folder = Desktop();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A temporary folder that goes with the test, whatever the test left in it: read-only things, paths
-// longer than PATH_MAX, links (never followed).
+// A temporary folder that is deleted at the end of the test, even if it contains read-only folders
+// or paths longer than PATH_MAX. Links are not followed.
 
 #pragma once
 
@@ -21,7 +21,7 @@ namespace quorbit {
 
 class TempFolder {
 public:
-    // Under TMPDIR, else /tmp.
+    // Creates the folder in the temporary folder of the system: TMPDIR, or /tmp by default.
     TempFolder() : TempFolder(std::filesystem::temp_directory_path().string()) {}
     explicit TempFolder(const std::string& under) : m_strPath(under + "/quorbit-test-XXXXXX")
     {
@@ -33,7 +33,7 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    // Without a closing separator.
+    // Without a trailing separator.
     [[nodiscard]] const std::string& Path() const { return m_strPath; }
 
 private:

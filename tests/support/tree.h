@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whole trees as short texts, one item a line, for writing them and for comparing them in one
-// assertion:
+// Writes and reads folder trees as text, one line per item, so that one assertion compares a whole
+// tree:
 //
 //   "a.txt=content"    a file           "sub/"      a folder
 //   "link->target"     a symbolic link  "pipe|"     a FIFO
 //
-// Nothing here uses the code that is tested with it.
+// Uses none of the code under test.
 
 #pragma once
 
@@ -19,24 +19,25 @@ namespace quorbit {
 
 using TreeLines = std::vector<std::string>;
 
-// Makes the items, and the folders that lead to them. Paths are relative to root.
+// Creates the items and their parent folders. Paths are relative to `root`.
 void WriteTree(const std::string& root, const TreeLines& items);
 
-// Every item below root, sorted. Content of more than 200 bytes is given as its size and a hash.
+// Returns every item below `root`, sorted. Content of more than 200 bytes is shown as size and
+// hash.
 TreeLines ReadTree(const std::string& root);
 
-// The same with permissions and, for everything but folders, the last-write time to the nanosecond:
-// "a.txt=content 0644 1700000000.000000001".
+// The same with permissions and, except for folders, the last-write time in seconds and
+// nanoseconds: "a.txt=content 0644 1700000000.000000001".
 TreeLines ReadTreeWithDetails(const std::string& root);
 
-// Sets the last-write time of an item; a link's own.
+// Sets the last-write time of an item, in seconds since 1970-01-01 UTC. Does not follow links.
 void SetModified(const std::string& path, std::int64_t seconds, std::uint32_t nanoseconds = 0);
 
-// Permission bits of an item; of what a link points to.
+// Permission bits of an item. Follows links.
 [[nodiscard]] unsigned ModeOf(const std::string& path);
 void SetMode(const std::string& path, unsigned mode);
 
-// Content of a regular file; "(none)" if there is none.
+// Returns the content of a file, or "(none)" if it cannot be opened.
 [[nodiscard]] std::string ContentOf(const std::string& path);
 void WriteContent(const std::string& path, const std::string& content);
 

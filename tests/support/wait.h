@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Waiting for what another thread or process does.
+// Waits for the effect of another thread or process.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace quorbit {
 
-// Looks every millisecond until the condition holds. False if it does not within half a minute.
+// Polls every millisecond until the condition holds. Returns false after 30 seconds.
 template <class Condition>
 [[nodiscard]] bool Eventually(Condition condition)
 {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Hands for windows. User interface thread only.
+// Drives windows and dialogs in tests. User interface thread only.
 
 #pragma once
 
@@ -15,13 +15,13 @@
 
 namespace quorbit {
 
-// Serves events until the condition holds. False if it does not within half a minute.
+// Processes events until the condition holds. Returns false after 30 seconds.
 [[nodiscard]] inline bool Until(const std::function<bool()>& condition)
 {
     return QTest::qWaitFor(condition, 30'000);
 }
 
-// Serves what is pending, and what that posts in turn.
+// Processes pending events, and the events that they post, up to five rounds.
 inline void Serve()
 {
     for (int round = 0; round < 5; ++round) {
@@ -29,8 +29,9 @@ inline void Serve()
     }
 }
 
-// Acts in the next dialog of the class that opens over what is open now, once it is ready (ready
-// may be null). A failure if the dialog then stays open; it is cancelled.
+// Calls `act` with the next modal dialog of the class that opens above the current one, once
+// `ready` returns true (may be null). If the dialog is still open 20 seconds later, fails the test
+// and cancels the dialog.
 template <class Dialog>
 void InNext(std::function<void(Dialog&)> act, std::function<bool(Dialog&)> ready = nullptr)
 {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The whole application in a temporary folder: real windows and real files, with prompts that
-// answer themselves.
+// Runs the whole application in a temporary folder with real windows and files and scripted
+// answers to prompts.
 
 #pragma once
 
@@ -28,20 +28,22 @@ protected:
     AppTest();
     ~AppTest() override;
 
-    // A batch file with one entry that copies "from" to "to"; both lie in the folder of the test.
+    // Writes a batch file with one entry that copies `from` to "to". All paths are relative to the
+    // folder of the test.
     void WriteBatch(const std::string& name, const std::string& from = "from") const;
-    // Ends the first start beforehand.
+    // Marks the first start as complete.
     void SetUpProgram() const;
-    // Makes the application; a failure if it does not come up.
+    // Creates and initialises the application; fails the test if InitInstance() fails.
     void Start(std::uint32_t nRunMode = 0, const std::string& file = {});
-    // The same, without InitInstance.
+    // Creates the application without initialising it.
     void Make(std::uint32_t nRunMode = 0, const std::string& file = {});
-    // The whole life of the process from Make on; gives the exit code.
+    // Runs the application that Make() created to its end and returns the exit code. Ends the event
+    // loop with -1 after 30 seconds.
     [[nodiscard]] int Live();
 
     [[nodiscard]] CMainFrame& Frame() { return *app->MainFrame(); }
     [[nodiscard]] CQRBDoc& Doc() { return app->Document(); }
-    // Of the main window.
+    // Returns the title of the main window.
     [[nodiscard]] std::string Title();
 
     ScopedVariable config{"XDG_CONFIG_HOME", Path("config")};
@@ -54,7 +56,7 @@ protected:
     struct NoLinks : LinkOpener {
         int OpenTarget(const QString&) override { return kLinkOpened; }
     } links;
-    std::optional<int> ended;  // the event loop was left with this
+    std::optional<int> ended;  // the exit code given to endLoop
     std::unique_ptr<CQRBApp> app;
 };
 

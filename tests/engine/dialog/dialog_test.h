@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A progress dialog over a temporary folder: "from" is copied to "to", the log lies in "logs".
+// Fixture for the progress dialog in a temporary folder: entries copy "from" to "to", and the log
+// is in "logs".
 
 #pragma once
 
@@ -27,10 +28,10 @@ namespace quorbit {
 using Boxes = std::vector<FakePrompts::Box>;
 using Lines = std::vector<std::string>;
 
-// Holds the worker at a place until it is opened.
+// Blocks the worker thread in Pass() until the test calls Open().
 class Gate {
 public:
-    void Pass()  // worker
+    void Pass()  // worker thread
     {
         m_bReached = true;
         m_bOpen.wait(false);
@@ -52,19 +53,20 @@ protected:
     DialogTest();
     ~DialogTest() override;
 
-    // An entry that copies all of "from" to "to", with further flags.
+    // Adds an entry that copies all of "from" to "to", with additional flags.
     CDirCopy& AddCopy(std::uint32_t flags = 0);
-    // The worker stops at the number-th call of a kind.
+    // Blocks the worker before the n-th call of this kind, counted from 1. The gate is owned by the
+    // fixture.
     Gate& HoldAt(FileSystemCall call, int number);
-    // The number-th copy fails with "Permission denied".
+    // Makes the n-th copy fail with "Permission denied".
     void FailCopy(int number);
 
-    // Shows the dialog; the run begins when events are served.
+    // Shows the dialog. The run starts when events are processed.
     void Open();
     void UntilReached(Gate& gate);
     void UntilEnded();   // the Cancel button reads "OK"
     void UntilClosed();  // the dialog has closed itself
-    // A whole run up to its end, OK pressed.
+    // Runs to the end and closes the dialog with OK.
     void RunAndClose();
 
     void Click(const char* button);
@@ -81,7 +83,7 @@ protected:
     Batch m_doc;
     std::string m_strLog;  // path of the log
 
-    std::vector<std::string> m_told;  // what the program was told: "exit code 1", "refresh", "exit"
+    std::vector<std::string> m_told;  // calls of m_services: "exit code 1", "refresh", "exit"
     ProgressServices m_services{
         .run = {.pMachine = &m_machine.Values(),
                 .pFiles = &m_files,

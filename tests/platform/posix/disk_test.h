@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Two real folders, "source" and "dest", and the file system that works on them.
+// Fixture with two real folders, "source" and "dest", and a PosixFileSystem.
 
 #pragma once
 
@@ -37,7 +37,7 @@ protected:
         return static_cast<const PosixFolder&>(folder).Volume();
     }
 
-    // Copies one item of "source" into "dest".
+    // Copies an item of "source" into "dest".
     Status Copy(const std::string& name, const CopyOptions& options = {})
     {
         return CopyAs(name, name, options);
@@ -61,7 +61,7 @@ protected:
     PosixFileSystem m_files;
 };
 
-// Content that shows where a piece of it is missing or in the wrong place.
+// Returns pseudo-random content, so that a missing or misplaced block shows in a comparison.
 inline std::string Pattern(std::size_t size)
 {
     std::string content(size, '\0');
@@ -72,7 +72,7 @@ inline std::string Pattern(std::size_t size)
     return content;
 }
 
-// Counts what is copied, and acts once, in the middle of a copy.
+// Counts the copied bytes and runs an action once, at the first progress report of a copy.
 class Meanwhile final : public CopyProgress {
 public:
     explicit Meanwhile(std::function<void()> action = {}) : m_action(std::move(action)) {}
