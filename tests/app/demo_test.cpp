@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The demo in a copy of its folder, as "./run examples/demo.qrb /I" starts it.
+// Runs a copy of the demo as "./run examples/demo.qrb /I" does.
 class Demo : public QuorbitProgram {
 protected:
     void SetUp() override

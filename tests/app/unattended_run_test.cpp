@@ -17,7 +17,7 @@ class UnattendedRun : public QuorbitProgram {
 protected:
     void SetUp() override { SetUpProgram(); }
 
-    // An entry whose script says that it has begun and then waits until it may end.
+    // Returns an entry whose script creates "begun" and then waits up to 20 seconds for "open".
     [[nodiscard]] CDirCopy GateEntry() const
     {
         Write(
@@ -92,7 +92,8 @@ TEST_F(UnattendedRun, FinishesItsStepAndItsLogWhenASignalAsksItToStop)
 {
     Write({"from/a.txt=a"});
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-        // The step itself asks, and ends once the program has taken the signal.
+        // The script sends the signal itself and ends when the signal is no longer pending, so the
+        // program has received it before the next entry.
         Write({"ask.sh=kill -" + std::to_string(number) +
                " $PPID\n"
                "while grep -qE '^(ShdPnd|SigPnd):.*[1-9a-f]' /proc/$PPID/status; do :; done\n"});

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The program with windows that nobody sees, and without a display.
+// Runs the program on the offscreen platform and without a display.
 
 #include <signal.h>
 
@@ -23,17 +23,17 @@ protected:
         call.environment["QT_QPA_PLATFORM"] = "offscreen";
         return call;
     }
-    // The log is whole.
+    // The log has its footer.
     [[nodiscard]] bool HasEnded(const std::string& document) const
     {
         return Counts(Log(document)).contains("Error");
     }
-    // The main window has closed: it then remembers how it was shown.
+    // The main window has closed; it stores its window state only then.
     [[nodiscard]] bool HasClosed() const
     {
         return Contains(ContentOf(Path("config/quorbit/profile.ini")), "WindowState=1");
     }
-    // A signal during a run only asks it to stop; one after it presses OK.
+    // Repeats the signal: during a run it only requests a stop, after the run it presses OK.
     void SignalUntilClosed(const Program& program, int number) const
     {
         ASSERT_TRUE(Eventually([&] {
@@ -89,7 +89,7 @@ TEST_F(WindowModes, CloseTheMainWindowWhenASignalAsks)
         fs::remove(Path("config/quorbit/profile.ini"));
         fs::remove(Path("config/quorbit/filetypes.ini"));
         Program program(CallInWindow({}));
-        // Registering is among the last steps before the window comes.
+        // Registering the file type is one of the last steps before the window is shown.
         ASSERT_TRUE(
             Eventually([this] { return fs::exists(Path("config/quorbit/filetypes.ini")); }));
         program.Signal(number);
@@ -107,7 +107,7 @@ TEST_F(WindowModes, EndWithTwoIfTheFileCannotBeRead)
     Program program(CallInWindow({"damaged.qrb", "/VS"}));
     ASSERT_TRUE(Eventually(
         [this] { return fs::exists(Path("data/mime/packages/org.example.Quorbit.xml")); }));
-    program.Signal(SIGTERM);  // closes the box that tells why
+    program.Signal(SIGTERM);  // closes the box with the error
     EXPECT_EQ(program.Wait().exitCode, 2);
     EXPECT_FALSE(fs::exists(Path("state/quorbit/damaged.log")));
 }

@@ -43,7 +43,7 @@ Batch WorkedExample()
     return {{0, 0}, {copy, clear}};
 }
 
-// Every form that a part of a file can take, except those that need megabytes.
+// Every encoding that a part of a file can have, except those that need megabytes.
 Batch RichFile()
 {
     Batch file = WorkedExample();
@@ -268,7 +268,7 @@ TEST_F(BatchFileOnDiskTest, RefusesWhatIsNoRegularFileWithoutWaitingOrIsTooLarge
 TEST_F(BatchFileOnDiskTest, AFailedSaveKeepsTheOldFile)
 {
     ASSERT_TRUE(WriteBatchFile(Path("a.qrb"), WorkedExample()).Ok());
-    Batch unreadable = WorkedExample();  // what is written must be readable again
+    Batch unreadable = WorkedExample();  // the reader would reject it
     unreadable.m_arrEntries[0].m_listItems.resize(1'000'000);
     const auto tooLarge = WriteBatchFile(Path("a.qrb"), unreadable);
     const auto full = OnFullDisk(100, [&] { return WriteBatchFile(Path("a.qrb"), RichFile()); });

@@ -21,7 +21,7 @@ public:
     std::vector<std::string> m_texts;
 };
 
-// Points the XDG folders at a temporary one.
+// Sets the XDG folders to a temporary folder.
 class MachineValuesTest : public FolderTest {
 protected:
     void WriteFile(const std::string& text) { Write({"config/quorbit/machine.ini=" + text}); }
@@ -46,12 +46,13 @@ TEST_F(MachineValuesTest, OnlyTheFirstStartOfAFreshInstallationIsAFirstRun)
     EXPECT_EQ(Stored("Install Path"), Path("state/quorbit/"));
     EXPECT_TRUE(fs::is_directory(Path("state/quorbit")));
     EXPECT_EQ(Stored("Help File"), "");
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), "");  // not missing, which is fatal
+    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile),
+              "");  // empty; a missing value would be fatal
     EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), "1");
     EXPECT_TRUE(m_values.IsFirstRun());
     EXPECT_EQ(Stored("Run1"), "0");
 
-    ASSERT_TRUE(EnsureMachineStore(m_stores.machine).Ok());  // leaves what is there
+    ASSERT_TRUE(EnsureMachineStore(m_stores.machine).Ok());  // keeps existing values
     MachineValues later(m_stores.machine, m_fatal);
     EXPECT_EQ(later.GetRegValue(MachineValue::Run1), "0");
     EXPECT_FALSE(later.IsFirstRun());
@@ -108,7 +109,7 @@ TEST_F(MachineValuesTest, AStoreThatCannotBeUsedIsFatalWhateverIsAsked)
     expectFatal("read-only");
     fs::remove(m_stores.machine.Path());
     fs::create_directory(m_stores.machine.Path());
-    EXPECT_TRUE(EnsureMachineStore(m_stores.machine).Ok());  // what is there is not laid down anew
+    EXPECT_TRUE(EnsureMachineStore(m_stores.machine).Ok());  // existing, so not created
     expectFatal("unreadable");
 }
 

@@ -28,7 +28,7 @@ TEST_F(ProfileTest, ValuesLieUnderTheirNamesInTheFile)
               "[Options]\nOptFlags=2\nQrb File Path=\n\n[Startup]\nWindowState=-1\nFileHeader4=50\n"
               "\n[Tip]\nStartUp=1\n");
     EXPECT_EQ(m_profile.GetProfileInt(Setting::WindowState), -1);
-    // A text that is stored as empty is no missing one.
+    // A stored empty text does not count as missing.
     EXPECT_EQ(m_profile.GetProfileString(Setting::QrbFilePath, "/logs/"), "");
     WriteFile("[options\\default]\nFileBits=16400\nFileTypes=*.txt*.doc\n");
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileBits), 16400);
@@ -41,10 +41,11 @@ TEST_F(ProfileTest, AValueThatCannotBeReadGivesItsDefault)
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FrameSizeX), 640);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader0), 120);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader1), 70);
-    EXPECT_EQ(m_profile.GetProfileInt(Setting::EditHeader0), 0);  // only the file list's count so
+    EXPECT_EQ(m_profile.GetProfileInt(Setting::EditHeader0),
+              0);  // 0 is valid, unlike for FileHeader0
     std::filesystem::remove(m_store.Path());
     std::filesystem::create_directory(m_store.Path());
-    m_profile.WriteProfileInt(Setting::FrameSizeX, 700);  // not noticed
+    m_profile.WriteProfileInt(Setting::FrameSizeX, 700);  // the error is ignored
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FrameSizeX), 640);
 }
 

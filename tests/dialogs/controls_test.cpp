@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The two lists: what is moved between them.
+// Tests moving items between the two lists.
 
 #include "dialogs/dialogs_test.h"
 #include "dialogs/selection_lists.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The dialogs without their windows.
+// Tests the forms behind the entry dialogs, without windows.
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The entry dialogs as a person uses them.
+// Tests the entry dialogs with simulated user input.
 
 #include "dialogs/dialogs_test.h"
 #include "dialogs/external_file_dialog.h"
@@ -28,7 +28,7 @@ CDirCopy Entry(std::uint32_t kind, std::uint32_t flags, Names items, Names folde
     return entry;
 }
 
-// As the document does.
+// Opens the dialog for an entry, as CQRBDoc::EditEntry() does.
 bool Edit(const DialogServices& services, const CDirCopy& entry, EntryValues& values)
 {
     const bool bDelete = (entry.m_dwFlags & DCF_DELETE) != 0;
@@ -115,7 +115,7 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
     EXPECT_EQ(values.m_listItems, (Names{"a", "b"}));
     EXPECT_EQ(values.m_dwFlags, DCF_NO_ATTRS | DCF_SYNC);
 
-    // The next one keeps the destination and nothing else; a name with a comma stays whole.
+    // The next dialog keeps only the destination. A name with a comma is not split.
     tree.destPath.clear();
     list.selectedNames = {"x, y"};
     InNextDialog([](QDialog& window) { Click(window, "OK"); });

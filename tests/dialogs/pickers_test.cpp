@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The folder picker.
+// Tests the folder picker.
 
 #include "dialogs/dialogs_test.h"
 #include "dialogs/sel_dir_dialog.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The commands of the document, with dialogs and panes that answer by themselves.
+// Tests the commands of the document with fake dialogs and panes.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 namespace quorbit {
 namespace {
 
-// All three entry dialogs and the run: keeps what it was asked, answers as told.
+// Fakes the three entry dialogs and the run: records the calls and returns scripted answers.
 class FakeDialogs : public FileTypeDialog,
                     public FileDialog,
                     public ScriptDialog,
@@ -154,7 +154,8 @@ TEST_F(QrbDocCommandsTest, EditingRunsTheDialogOfTheVarietyAndKeepsThePlace)
     }
     EXPECT_EQ(dialogs.asked,
               (Strings{"types edit delete", "script edit", "files edit", "folders edit delete"}));
-    // Each got the smallest number free when it was replaced; 1 was its own.
+    // Each replaced entry got the lowest free id. The id 1 was free again when its own entry was
+    // replaced.
     EXPECT_EQ(Ids(), (quorbit::Ids{0, 2, 1, 3}));
     EXPECT_EQ(doc.GetEntry(3).m_nKind, static_cast<std::uint32_t>(DCK_NAMES));
     EXPECT_TRUE(doc.IsModified());

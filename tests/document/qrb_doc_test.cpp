@@ -34,7 +34,7 @@ TEST_F(QrbDocTest, ComesBackFromAFileAsItWentThere)
     CQRBDoc opened;
     ASSERT_TRUE(opened.OnOpenDocument(Path("a.qrb")).Ok());
     ExpectContent(opened, Path("a.qrb"));
-    // Saved once more without a change, the file is the same byte by byte.
+    // Saving without a change writes an identical file.
     ASSERT_TRUE(opened.OnSaveDocument(Path("b.qrb")).Ok());
     EXPECT_EQ(ContentOf(Path("a.qrb")), ContentOf(Path("b.qrb")));
 }

@@ -10,7 +10,8 @@ namespace {
 
 using Steps = std::vector<std::string>;
 
-// "walk SOURCE to TARGET by NAME, made, one unit", without what does not hold.
+// Describes a step as "walk SOURCE to TARGET by NAME, made, one unit". Omits parts that do not
+// apply.
 std::string TextOf(const PlanStep& step)
 {
     const char* const kinds[] = {"walk ", "delete ", "run "};
@@ -45,11 +46,11 @@ TEST(EntryPlan, HasOneStepForASource)
                  {DCF_DELETE, DCK_TYPES, "/a", "/b", "walk /a/", false},
                  {kFolder, DCK_TYPES, "/a", "/b", "delete /a/, one unit", true},
                  {DCF_DELETE_FOLDER, DCK_TYPES, "/a", "/b", "delete /a/, one unit", true},
-                 // Names are deleted one by one.
+                 // Listed files are deleted one by one.
                  {kFolder, DCK_NAMES, "/a", "/b", "walk /a/", false},
                  {DCF_SCRIPT_DOS, DCK_NAMES, "/a.sh", "/b", "run /a.sh, one unit", false},
                  {DCF_SCRIPT_WSH | kFolder, DCK_TYPES, "/a.js", "", "run /a.js, one unit", true},
-                 // Nothing becomes the root folder or the current one.
+                 // An empty path must not become the root or the current folder.
                  {0, DCK_TYPES, "", "", "walk , made", false},
                  {kFolder, DCK_TYPES, "", "", "delete , one unit", true}};
     for (const auto& c : cases) {
@@ -85,14 +86,15 @@ TEST(EntryPlan, HasOneStepForEachFolderOfAList)
         {MakeEntry(kWhole, DCK_NAMES, "/s", "", {"a", "b"}),
          {"delete /s/a/, one unit", "delete /s/b/, one unit"},
          false},
-        // What is missing names nothing: not the source itself, and no folder of the current one.
+        // An empty item must not mean the source itself, and an item without a source must not be
+        // relative to the current folder.
         {MakeEntry(kWhole, DCK_NAMES, "/s", "", {""}), {"delete , one unit"}, false},
         {MakeEntry(kWhole, DCK_NAMES, "", "", {"a"}), {"delete , one unit"}, false},
         {MakeEntry(kFolders, DCK_NAMES, "/s", "", {"a", "b/c"}),
          {"walk /s/a/ to a/ by a, made", "walk /s/b/c/ to b/c/ by b/c, made"},
          false},
         {MakeEntry(kFolders, DCK_NAMES, "/s", "/d", {}), {}, false},
-        // Where the count differs from the steps.
+        // Entries whose count differs from the number of steps.
         {MakeEntry(kWhole, DCK_TYPES, "/s", "", {"a", "b"}),
          {"delete /s/a/, one unit", "delete /s/b/, one unit"},
          true},
@@ -119,7 +121,7 @@ TEST(EntryPlan, FolderTypesMakeAFolderListOfMasks)
     EXPECT_EQ(plan.rules.list, Steps{"*.txt"});
     EXPECT_EQ(plan.rules.nKind, static_cast<std::uint32_t>(DCK_TYPES));
     EXPECT_EQ(plan.rules.nMask, static_cast<std::uint32_t>(DCF_ATTR_HIDDEN));
-    // Without types the list is empty and the items are folders all the same.
+    // Without folder types the list is empty, but the items are still folders.
     EXPECT_EQ(PlanOf(MakeEntry(DCF_FOLDER_ITEMS, DCK_NAMES, "/s", "/d", {"a"})).rules.list,
               Steps{});
 }

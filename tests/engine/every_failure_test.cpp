@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Every verb of the disk fails at every call of a rich batch, one after the other. Whatever fails,
-// nothing is lost, and the next run reaches what a run without failures would have reached.
+// Fails every single file-system call of a batch that uses all operations, one call per run. No
+// failure may lose a file, and the next run must reach the same result as a run without failures.
 
 #include <algorithm>
 
@@ -48,7 +48,7 @@ protected:
                 Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/junk", "", {"*.tmp"}),
                 Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER, "@/gone", "")};
     }
-    // The destination, where an older version may stand under any number.
+    // The destination without the digits of numbered versions: a failure may shift the numbers.
     [[nodiscard]] TreeLines Reached() const
     {
         TreeLines tree = Tree("@/out");
@@ -79,7 +79,8 @@ protected:
         EXPECT_EQ(Reached(), m_reachedWithoutFailure);
         EXPECT_EQ(Tree("@/junk"), (TreeLines{"keep=3", "sub/"}));
         EXPECT_FALSE(std::filesystem::exists(Path("@/gone")));
-        EXPECT_LE(again.surface.errors.size(), 1U) << again.log;  // "gone", if it is gone already
+        EXPECT_LE(again.surface.errors.size(), 1U)
+            << again.log;  // the folder "gone" may be deleted already
         EXPECT_EQ(ReadTreeWithDetails(Path("@/sources")), sources);
     }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Script steps.
+// Tests script entries.
 
 #include "engine/external_file.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using namespace testing;
 
-// Knows a few paths and programs, and keeps what it is to start.
+// Knows a few paths and programs.
 class FakeProcesses : public ProcessRunner {
 public:
     Status RunAndWait(const std::vector<std::string>&, const std::string&) override { return {}; }
@@ -72,7 +72,7 @@ TEST_F(ExternalFileTest, RunsInItsFolderBetweenTheEntriesAroundIt)
     const std::string folder = std::filesystem::canonical(Path("@/jobs")).string();
     EXPECT_EQ(Tree("@/first"), (TreeLines{"made=before"}));
     EXPECT_EQ(Tree("@/last"), (TreeLines{"made=" + folder + "\n"}));
-    // Its unit is counted and taken off, what it returns is not used, and no line tells of it.
+    // The script counts as one unit. Its exit code is ignored, and the log does not mention it.
     EXPECT_NE(run.log.find("Total Count: 3\r\n"), std::string::npos);
     EXPECT_EQ(run.counters, "copy 2");
     EXPECT_EQ(run.log.find("job"), std::string::npos);

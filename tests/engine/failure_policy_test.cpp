@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Who is asked when something fails, and what ends a run.
+// Tests when errors show a prompt and when they end the run.
 
 #include "engine/run_fixture.h"
 
@@ -21,7 +21,7 @@ class FailurePolicyTest : public RunFixture {
 protected:
     FailurePolicyTest() { Write({"source/"}); }
 
-    // Files that cannot be deleted.
+    // Runs a deletion of this many files that cannot be deleted.
     RunResult FailingRun(int files)
     {
         for (int i = 0; i < files; ++i) {
@@ -40,10 +40,10 @@ TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
     const std::tuple<std::uint32_t, std::uint32_t, std::size_t, int, bool> cases[] = {
         {0, 0, 2, 0, false},
         {0, 1, 0, 0, false},
-        {0, 2, 2, 0, false},  // the other bit has nothing to do with it
+        {0, 2, 2, 0, false},  // another option
         {kRunAndQuit, 0, 2, 1, true},
         {kRunAndQuit, 1, 0, 1, true},
-        {kRunAndStayOpen, 0, 2, 0, false},  // the dialog gives the code when it is closed
+        {kRunAndStayOpen, 0, 2, 0, false},  // the dialog sets the code when it closes
         {kRunInvisible, 0, 0, 1, true},
         {kRunInvisible | kRunAndQuit, 0, 0, 1, true}};
     for (const auto& [mode, options, prompts, exitCode, closes] : cases) {
@@ -72,7 +72,7 @@ TEST_F(FailurePolicyTest, YesStopsTheRun)
         run.surface.messages,
         ElementsAre(Box{"Process canceled by user.  Hit OK to continue.", "Process stopped."}));
     EXPECT_EQ(run.exitCode, 1);
-    // The error has its line, the file under work has none any more.
+    // The error is logged, but the lines of its file are not: the run stops first.
     EXPECT_THAT(run.log,
                 HasSubstr("ERROR: Device or resource busy\r\n" + std::string(kStoppedByUser)));
 }
@@ -86,7 +86,7 @@ TEST_F(FailurePolicyTest, WhileAPromptIsOpenTheClockStandsStillAndTheLinesBefore
     };
     EXPECT_THAT(FailingRun(1).log, HasSubstr("Elapsed time: 0:0:0\r\n"));
     EXPECT_THAT(log, EndsWith("\r\nAction: Delete File.\r\n"));
-    // The box for an invalid source does not stop the clock.
+    // The box for an invalid source does not pause the clock.
     EXPECT_THAT(Run({Entry(kAll), Entry(kAll, "@/none")}).log,
                 HasSubstr("Elapsed time: 1:0:0\r\n"));
     EXPECT_THAT(log, EndsWith("Destination File: " + Path("@/dest/0") + "\r\nFile Size: 1 KB\r\n"));

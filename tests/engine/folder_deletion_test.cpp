@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Deletion of whole folders: what goes, what stays, and what nothing may take away.
+// Tests the recursive deletion of folders, and of items that must never be deleted.
 
 #include "engine/run_fixture.h"
 #include "support/scoped_variable.h"
@@ -87,7 +87,7 @@ TEST_F(FolderDeletionTest, WhatNamesNoFolderOfItsOwnDeletesNothing)
     }
 }
 
-// As a mount point, which cannot be removed either.
+// A drive is treated like a mount point, which cannot be removed.
 TEST_F(FolderDeletionTest, AWholeDriveLosesWhatItHoldsAndStays)
 {
     m_drives['D'] = Path("@/there");
@@ -124,7 +124,7 @@ TEST_F(FolderDeletionTest, AProtectedFolderInsideTheTreeKeepsWhatItHolds)
     const RunResult run = Run({Delete("@/source")}, [](FailingFileSystem& disk) {
         disk.FailAt(
             Call::IsProtected, 2,
-            Error(ErrorKind::AccessDenied, "Operation not permitted"));  // as of a home folder
+            Error(ErrorKind::AccessDenied, "Operation not permitted"));  // as for the home folder
     });
     EXPECT_EQ(run.counters, "delete 1 error 2");
     EXPECT_EQ(Tree("@/source"), (TreeLines{"mounted/", "mounted/a=1"}));
@@ -138,7 +138,8 @@ TEST_F(FolderDeletionTest, AFolderSwappedForALinkIsNotEntered)
         std::filesystem::rename(Path("@/source/sub"), Path("@/moved"));
         std::filesystem::create_directory_symlink(Path("@/keep"), Path("@/source/sub"));
     };
-    // Before the folder is opened, before it is read, before what is in it is opened and read.
+    // The folder is replaced before it is opened, before it is read, and before its content is
+    // opened and read.
     const std::pair<Call, int> moments[] = {
         {Call::SetAttributes, 2}, {Call::OpenSubfolder, 2}, {Call::List, 2},        {Call::Next, 2},
         {Call::OpenSubfolder, 3}, {Call::DeleteFile, 1},    {Call::RemoveFolder, 1}};

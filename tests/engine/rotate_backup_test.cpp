@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The numbers of an incremental backup.
+// Tests the numbered versions of incremental backups.
 
 #include "engine/backup_rotation.h"
 #include "engine/run_fixture.h"
@@ -25,7 +25,7 @@ TEST(NumberedName, StandsBeforeTheFirstDot)
 
 class RotateBackupTest : public RunFixture {
 protected:
-    // A destination file "old" and a newer source file "new" of one name.
+    // Writes a destination file with content "old" and a newer source file "new" of the same name.
     void WritePair(const std::string& name, std::uint32_t mode = 0644)
     {
         Write({"source/" + name + "=new", "dest/" + name + "=old"});
@@ -42,8 +42,8 @@ TEST_F(RotateBackupTest, TheLowestNumberIsTakenThatIsSurelyFree)
 {
     WritePair("a.txt");
     Write({"dest/a1.txt=v1", "dest/a2.txt->nowhere", "dest/a4.txt=v4"});
-    // One that cannot be examined is not, nor is one that is taken meanwhile. The first probe is
-    // that of the file itself.
+    // Skips a number that cannot be checked and one that another process takes in the meantime. The
+    // first probe is that of the file itself.
     const auto prepare = [&](FailingFileSystem& disk) {
         disk.FailAt(Call::Probe, 2, Error(ErrorKind::Other));
         disk.RunBefore(Call::Link, 1, [&] { Write({"dest/a3.txt=theirs"}); });
@@ -82,7 +82,7 @@ TEST_F(RotateBackupTest, AReadOnlyVersionKeepsItsAttributeUnderItsNumber)
     EXPECT_EQ(Backup().counters, "backup 1");
     EXPECT_EQ(ModeOf(Path("@/dest/a1.txt")), 0444U);
     EXPECT_EQ(ModeOf(Path("@/dest/a.txt")), ModeOf(Path("@/source/a.txt")));
-    // With no number free it guards the plain name again.
+    // Without a free number the read-only file stays under its plain name and blocks the copy.
     for (int number = 2; number <= 198; ++number) {
         Write({"dest/" + NumberedName("a.txt", number) + "=v"});
     }
@@ -130,7 +130,7 @@ TEST_F(RotateBackupTest, AFolderThatCouldNotBeOpenedAtOnceDoesNotPassForAnEmptyO
     }
 }
 
-// The named fate of a version that can be given no number although one is free.
+// Intended: if the old version cannot get a number although one is free, the copy replaces it.
 TEST_F(RotateBackupTest, AFailedRenamePassesUnnoticedAndTheCopyGoesOverTheFile)
 {
     const std::string full = std::string(251, 'n') + ".txt";

@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
-// Keeps every write apart; the writes that are listed fail.
+// Records every write separately and fails the chosen ones.
 class WritesApart : public LogOutput {
 public:
     WritesApart(std::vector<std::string>& writes, std::vector<std::size_t> failing)
@@ -30,7 +30,7 @@ public:
         const bool fails = std::ranges::find(m_failing, m_writes.size()) != m_failing.end();
         return fails ? Status(Error(ErrorKind::DiskFull)) : Status();
     }
-    // As if it were one more write.
+    // Recorded and counted as a write.
     Status Close() override { return Write("closed"); }
 
 private:
@@ -40,7 +40,7 @@ private:
 
 class RunLogTest : public testing::Test {
 protected:
-    // failing: the numbers of the writes that fail, from 1.
+    // failing: numbers of the writes to fail, counted from 1.
     std::unique_ptr<RunLog> MakeLog(std::vector<std::size_t> failing = {})
     {
         return std::make_unique<RunLog>(std::make_unique<WritesApart>(m_writes, std::move(failing)),
@@ -65,7 +65,7 @@ TEST_F(RunLogTest, GathersLinesForATenthOfASecondFromTheFirstOfThem)
     EXPECT_TRUE(log->Add("b"));
     EXPECT_EQ(m_writes, (Writes{"a\r\n\r\nb\r\n"}));
 
-    EXPECT_TRUE(log->Add("c"));  // a new tenth begins
+    EXPECT_TRUE(log->Add("c"));  // starts a new interval
     s_now += 100ms;
     EXPECT_EQ(m_writes.size(), 1U);
     EXPECT_TRUE(log->FlushIfDue());
@@ -77,7 +77,7 @@ TEST_F(RunLogTest, WritesWhenToldToAndWhenItIsFull)
     const auto log = MakeLog();
     EXPECT_TRUE(log->Add("a"));
     EXPECT_TRUE(log->Flush());
-    EXPECT_TRUE(log->Flush());  // nothing to write is no write
+    EXPECT_TRUE(log->Flush());  // writes nothing if nothing is pending
     EXPECT_EQ(m_writes, Writes{"a\r\n"});
     const std::string half(32 * 1024 - 2, 'x');
     EXPECT_TRUE(log->Add(half));
@@ -123,7 +123,7 @@ TEST(FileSizeText, RoundsAsTheLogDoes)
         {1048576, "1025 KB"},
         {0x7FFFFFFF, "2097152 KB"},
         {0xFFFFFFFF, "4194304 KB"},
-        {0x1'0000'0000, "1 KB"},  // the low 32 bits alone
+        {0x1'0000'0000, "1 KB"},  // only the low 32 bits count
         {0x1'0000'1000, "4 KB"}};
     for (const auto& [bytes, text] : cases) {
         EXPECT_EQ(FileSizeText(bytes), text) << bytes;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a run writes into its log, to the byte.
+// Compares the log of runs byte by byte.
 
 #include "engine/run_fixture.h"
 
@@ -12,7 +12,7 @@ using testing::ElementsAre;
 
 class RunTextTest : public RunFixture {};
 
-// A block of the log. Texts that are empty have no line.
+// Returns a block of the log. Empty texts get no line.
 std::string Block(const std::string& action, const std::string& source = "@/source/a.txt",
                   const std::string& dest = "@/dest/a.txt", const std::string& size = "1 KB")
 {
@@ -34,7 +34,7 @@ TEST_F(RunTextTest, EveryKindOfEntryHasItsBlocks)
              Block("Copying File.", "@/source/sub/a.txt", "@/x/dest/sub/a.txt", "4 KB"),
          {.total = "1", .copy = 1},
          {}},
-        // An entry of names gets its folder with its first file, that of masks in any case.
+        // An entry of names creates the destination with the first file, an entry of masks always.
         {{"source/a.txt=a", "source/b.txt=b"},
          Names(DCF_NO_ATTRS, {"A.TXT"}),
          Block(made, "@/source/", "@/dest/", "") + Block("Copying File."),
@@ -46,13 +46,13 @@ TEST_F(RunTextTest, EveryKindOfEntryHasItsBlocks)
          Block(made, "@/source/", "@/dest/", ""),
          {},
          {"dest/", "source/", "source/a.txt=a"}},
-        // Deleted files have no destination, and folders stay.
+        // Deleted files have no destination line, and their folders are kept.
         {{"source/sub/a.tmp=a", "source/sub/b.txt=b"},
          Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_DELETE, "@/source", "@/dest", {"*.tmp"}),
          Block("Delete File.", "@/source/sub/a.tmp", ""),
          {.total = "1", .deleted = 1},
          {"source/", "source/sub/", "source/sub/b.txt=b"}},
-        // A deleted folder names its folders, children first.
+        // Deleting a folder logs its subfolders, children first.
         {{"source/sub/deep/a.txt=a", "source/sub/deep/link->/"},
          Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER),
          Block(gone, "@/source/sub/deep/", "@/source/sub/deep/", "") +
@@ -66,13 +66,13 @@ TEST_F(RunTextTest, EveryKindOfEntryHasItsBlocks)
                "@/dest/.hidden"),
          {.total = "1"},
          {"dest/", "source/", "source/.hidden=a"}},
-        // An invalid source is one line without a block.
+        // An invalid source is logged as one line, not as a block.
         {{"dest/"},
          Entry(kTree, "@/none"),
          "ERROR: Source path is invalid. \n",
          {.error = 1},
          {"dest/"}},
-        // No name forges a line.
+        // A file name with line breaks must not forge a log line.
         {{"source/a\r\nERROR: b=1", "dest/"},
          Entry(kAll),
          Block("Copying File.", "@/source/" + forged, "@/dest/" + forged),
@@ -158,9 +158,9 @@ TEST_F(RunTextTest, LinesReachTheFileWhileWorkGoesOnWithoutALine)
     };
     (void)Run({Entry(kAll), Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER)},
               [&](FailingFileSystem& disk) {
-                  disk.RunBefore(Call::Next, 1, look);          // in the count: the head
+                  disk.RunBefore(Call::Next, 1, look);          // count pass: the header is written
                   disk.RunBefore(Call::IsProtected, 1, later);  // after the copies
-                  disk.RunBefore(Call::DeleteFile, 1, look);    // in the deletion
+                  disk.RunBefore(Call::DeleteFile, 1, look);    // during the deletion
               });
     (void)Run({Entry(kAll, "@/dest", "@/x"), Entry(kAll | DCF_SYNC, "@/dest", "@/x")},
               [&](FailingFileSystem& disk) {

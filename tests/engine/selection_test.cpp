@@ -21,23 +21,23 @@ TEST(MatchFileType, FollowsTheTable)
         bool selected;
         std::uint32_t kind = DCK_TYPES;
         std::uint32_t flags = 0;
-    } cases[] = {// The end of the name against the mask without its first character.
+    } cases[] = {// Compares the end of the name with the mask without its first character.
                  {{"*.txt"}, "A.TXT", true},
                  {{"*.txt"}, ".txt", false},  // the name must be longer than the suffix
                  {{"*.txt"}, "a.txt.bak", false},
                  {{"*.htm"}, "index.html", false},
-                 {{"*.t?t"}, "a.txt", false},  // no wildcards but the first character
+                 {{"*.t?t"}, "a.txt", false},  // only the first character is a wildcard
                  {{"*.t?t"}, "a.t?t", true},
-                 {{".txt"}, "atxt", true},  // whatever the first character is, it goes
+                 {{".txt"}, "atxt", true},  // the first character is always ignored
                  {{"*"}, "a", true},
                  {{""}, "a", true},
                  {{"*.*"}, "no dot", true},
-                 {{"*.* "}, "a.b", false},  // exactly "*.*" only
+                 {{"*.* "}, "a.b", false},  // only "*.*" itself matches all
                  {{"*.a", "*.b"}, "x.b", true},
-                 {{"*.\xC3\x84"}, "x.\xC3\xA4", false},  // letters without case are those of ASCII
+                 {{"*.\xC3\x84"}, "x.\xC3\xA4", false},  // only ASCII letters ignore case
                  {{"*.[x"}, "a.{x", false},
                  {{}, "a.txt", false},
-                 // Excluding turns the list round except for all files.
+                 // Excluding inverts the list, except for "*.*".
                  {{"*.tmp", "*.bak"}, "a.tmp", false, DCK_TYPES, DCF_EXCLUDE},
                  {{"*.tmp", "*.bak"}, "b.BAK", false, DCK_TYPES, DCF_EXCLUDE},
                  {{"*.tmp", "*.bak"}, "c.txt", true, DCK_TYPES, DCF_EXCLUDE},
@@ -52,7 +52,7 @@ TEST(MatchFileType, FollowsTheTable)
                  {{"a.txt"}, "A.txt", false, DCK_NAMES, DCF_EXCLUDE},
                  {{"a.txt"}, "b.txt", true, DCK_NAMES, DCF_EXCLUDE},
                  {{"*.*"}, "a.b", true, DCK_NAMES, DCF_EXCLUDE},
-                 // A folder deleted as a unit takes every file.
+                 // Deleting a whole folder selects every file.
                  {{}, "a", true, DCK_NAMES, DCF_DELETE_FOLDER},
                  {{"*.a"}, "x.a", true, DCK_TYPES, DCF_DELETE_FOLDER | DCF_EXCLUDE}};
     for (const auto& c : cases) {
@@ -66,27 +66,27 @@ TEST(MatchAttributes, FollowsTheRelationship)
     constexpr std::uint32_t kReadOnly = kAttributeReadOnly;
     constexpr std::uint32_t kArchive = kAttributeArchive;
     const std::tuple<std::uint32_t, std::uint32_t, bool> cases[] = {
-        // Equality, not a subset.
+        // AND needs equality, not a subset.
         {kReadOnly, DCF_ATTR_AND | DCF_ATTR_READONLY, true},
         {kReadOnly | kArchive, DCF_ATTR_AND | DCF_ATTR_READONLY, false},
         {kReadOnly, DCF_ATTR_AND | DCF_ATTR_READONLY | DCF_ATTR_ARCHIVE, false},
         {kAttributeNormal, DCF_ATTR_AND, true},
         {kArchive, DCF_ATTR_AND, false},
-        // System and hidden change places between the two words.
+        // The system and hidden bits are swapped between file attributes and entry flags.
         {kAttributeSystem, DCF_ATTR_AND | DCF_ATTR_SYSTEM, true},
         {kAttributeSystem, DCF_ATTR_AND | DCF_ATTR_HIDDEN, false},
         {kAttributeHidden, DCF_ATTR_OR | DCF_ATTR_HIDDEN, true},
         {kAttributeHidden, DCF_ATTR_OR | DCF_ATTR_SYSTEM, false},
         {kArchive, DCF_ATTR_OR | DCF_ATTR_ARCHIVE, true},
-        // One in common.
+        // OR needs one common bit.
         {kAttributeHidden | kAttributeSystem, DCF_ATTR_OR | DCF_ATTR_READONLY | DCF_ATTR_HIDDEN,
          true},
         {kArchive, DCF_ATTR_OR | DCF_ATTR_READONLY | DCF_ATTR_HIDDEN, false},
         {kReadOnly, DCF_ATTR_OR, false},
-        // Other bits of the word are not looked at.
+        // Other attribute bits are ignored.
         {kReadOnly | 0x100 | kAttributeFolder, DCF_ATTR_AND | DCF_ATTR_READONLY, true},
         {0x100 | kAttributeNormal, DCF_ATTR_OR | DCF_ATTR_MASK, false},
-        // AND wins; neither lets nothing pass; no filter lets everything pass.
+        // AND wins over OR. Without either nothing matches. Without a filter everything matches.
         {kReadOnly, DCF_ATTR_AND | DCF_ATTR_OR | DCF_ATTR_READONLY | DCF_ATTR_HIDDEN, false},
         {kReadOnly, DCF_ATTR_READONLY, false},
         {kAttributeNormal, 0, false},

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Where a stop and Stop Counting are seen, and what they leave behind.
+// Tests where a run notices a stop and Stop Counting, and the state that they leave.
 
 #include <thread>
 
@@ -44,7 +44,7 @@ TEST_F(StopTest, TheFileUnderWorkIsFinished)
 {
     const RunResult run = Run({Entry(kTree), Entry(kTree, "@/source", "@/other")},
                               SetBefore(g_bStopRun, Call::CopyFile, 2));
-    EXPECT_EQ(run.counters, "left 5 copy 2");  // its unit is not taken off
+    EXPECT_EQ(run.counters, "left 5 copy 2");  // the unit of the last file is not subtracted
     EXPECT_EQ(Tree("@/dest").size(), 2U);
     EXPECT_FALSE(std::filesystem::exists(Path("@/other")));
     EXPECT_THAT(run.log, HasSubstr("Action: Copying File.\r\n\r\n**** Stopped by user. ****\r\n" +
@@ -56,10 +56,10 @@ TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
 {
     const std::tuple<Call, int, const char*> cases[] = {
         {Call::OpenFolder, 2, "left 3"},       // between the passes
-        {Call::OpenSource, 1, "left 3"},       // when the first file is in hand
-        {Call::StillThere, 1, "left 3"},       // while its folder is looked at
-        {Call::Probe, 2, "left 2 copy 1"},     // while the second file's destination is looked at
-        {Call::CopyFile, 2, "left 2 copy 2"},  // past the last test: it is copied
+        {Call::OpenSource, 1, "left 3"},       // before the first file is opened
+        {Call::StillThere, 1, "left 3"},       // while its folder is checked
+        {Call::Probe, 2, "left 2 copy 1"},     // while the second destination is checked
+        {Call::CopyFile, 2, "left 2 copy 2"},  // after the last check: it is copied
     };
     for (const auto& [call, number, counters] : cases) {
         std::filesystem::remove_all(Path("@/dest"));
@@ -72,7 +72,8 @@ TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
 
 TEST_F(StopTest, IsSeenWhileFilesArePassedOver)
 {
-    // The count pass reads the three files and the end; the process pass is stopped at its first.
+    // The count pass reads three files and the end of the listing (Next 1 to 4). The process pass
+    // is stopped at its first file.
     const RunResult run =
         Run({Entry(DCF_NO_ATTRS, "@/source", "@/dest", {"none"})}, [&](FailingFileSystem& disk) {
             disk.RunBefore(Call::Next, 5, [] { g_bStopRun = 1; });
@@ -109,7 +110,7 @@ TEST_F(StopTest, StopCountingLeavesBackupsOutAndKeepsACountThatWasReached)
 {
     Write({"dest/a=old"});
     SetModified(Path("@/dest/a"), 1000);
-    // Next 4 is the end of the listing: the walk is over.
+    // Next 4 is the end of the listing, so the walk is complete.
     const RunResult run =
         Run({Entry(kAll | DCF_INCREMENTAL)}, SetBefore(g_bStopCounting, Call::Next, 4));
     EXPECT_EQ(run.counters, "left 3 copy 2 backup 1");

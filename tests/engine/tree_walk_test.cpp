@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Which files a run finds, and where they land.
+// Tests which files a run finds and the destination paths that they get.
 
 #include "engine/tree_walk.h"
 
@@ -28,7 +28,7 @@ TEST_F(TreeWalkTest, SubfoldersArePassedOverLandFlatOrAreRecreated)
     EXPECT_EQ(Tree("@/flat"), (TreeLines{"a=1", "b=2", "c=3"}));
     EXPECT_EQ(Run({Entry(kTree, "@/source", "@/tree")}).counters, "copy 3");
     EXPECT_EQ(Tree("@/tree"), Tree("@/source"));
-    // Folders are not selected: they come also where no file in them is.
+    // Masks do not apply to folders: they are created even if no file in them matches.
     const CDirCopy none =
         Entry(DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE, "@/source", "@/none", {"*.none"});
     EXPECT_EQ(Run({none}).counters, "");
@@ -41,7 +41,7 @@ TEST_F(TreeWalkTest, FlatFilesOfOneNameMeetEachOther)
     SetModified(Path("@/source/one/a"), 1000);
     SetModified(Path("@/source/two/a"), 2000);
     (void)Run({Entry(kAll | DCF_SUBFOLDERS | DCF_SYNC)});
-    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=2"}));  // in whatever order they came
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=2"}));  // in any listing order
 }
 
 TEST_F(TreeWalkTest, ListedFoldersLandUnderTheirNames)
@@ -56,12 +56,12 @@ TEST_F(TreeWalkTest, ListedFoldersLandUnderTheirNames)
     EXPECT_THAT(run.log, HasSubstr(Path("Action: Create Folder.\r\nCurrent File: @/source/a/\r\n"
                                         "Destination File: @/dest/a/\r\n")));
     EXPECT_EQ(Run({FolderList(kTree, {})}).counters, "");
-    // An entry with folder types is walked so whatever its kind and its bits say.
+    // An entry with folder types is a folder list, regardless of its kind and flags.
     CDirCopy plain = flat;
     plain.m_nKind = DCK_TYPES;
     plain.m_dwFlags &= ~DCF_FOLDER_ITEMS;
     EXPECT_EQ(Run({plain}).counters, "copy 2 error 1");
-    // Without types the names are names, and none is asked for.
+    // Without folder types nothing in the folders is selected; only "none" is an error.
     CDirCopy untyped = flat;
     untyped.m_listFolderTypes.clear();
     EXPECT_EQ(Run({untyped}).counters, "error 1");
@@ -81,7 +81,7 @@ TEST_F(TreeWalkTest, MyComputerListsWholeVolumes)
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"C/", "C/a=1", "C/sub/", "C/sub/b=2", "Q/", "c/", "c/a=1",
                                          "c/sub/", "c/sub/b=2", mount + "/", mount + "/c=3"}));
     EXPECT_THAT(run.log, HasSubstr("Current File: C:\\sub\\b\r\n"));
-    // Compared with case; and only as a folder list.
+    // "My Computer" is case-sensitive and only valid in a folder list.
     EXPECT_EQ(Run({FolderList(kTree, {"C:\\"}, "my computer")}).counters, "error 1");
     EXPECT_EQ(Run({Entry(kTree, "My Computer")}).counters, "error 1");
 }
@@ -97,7 +97,7 @@ TEST_F(TreeWalkTest, ADestinationInsideTheSourceIsNotWalkedInto)
             EXPECT_EQ(Tree("@/source/inside/dest"), expected);
         }
     }
-    // A listed folder into itself, its own folder and one beside it.
+    // A listed folder copied into a new subfolder of itself, twice.
     for (int round = 1; round <= 2; ++round) {
         EXPECT_EQ(Run({FolderList(kTree, {"sub"}, "@/source", "@/source/sub/x")}).counters,
                   "copy 1");
@@ -144,7 +144,7 @@ TEST_F(TreeWalkTest, NothingIsWrittenThroughALinkAtTheDestination)
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"sub->../elsewhere"}));
     EXPECT_THAT(run.counters, HasSubstr("error"));
     EXPECT_THAT(run.counters, Not(HasSubstr("copy")));
-    // The destination that the entry names may be a link: those are the user's own words.
+    // The destination of the entry itself may be a link, because the user chose it.
     EXPECT_EQ(Run({Entry(kAll, "@/source/sub/deep", "@/dest/sub")}).counters, "copy 1");
     EXPECT_EQ(ContentOf(Path("@/elsewhere/a")), "1");
 }
@@ -190,13 +190,13 @@ TEST_F(TreeWalkTest, ADestinationThatIsTakenAwayIsMadeAnew)
 
 TEST_F(TreeWalkTest, AFolderThatStandsAlreadyIsNoError)
 {
-    // Made by somebody else between the look and the creation.
+    // Another process creates the folder between the check and the creation.
     Write({"source/a=1"});
     const auto meanwhile = [&](FailingFileSystem& disk) {
         disk.RunBefore(Call::CreateFolder, 1, [&] { Write({"dest/"}); });
     };
     EXPECT_EQ(Run({Entry(kAll)}, meanwhile).counters, "copy 1");
-    // Below a destination that no file has opened yet; the error is that of the source.
+    // Here no file has opened the destination yet; the error is that of the source.
     Write({"source/sub/", "dest/sub/"});
     std::filesystem::remove(Path("@/source/a"));
     const RunResult run = Run({Names(kTree, {})}, [](FailingFileSystem& disk) {
@@ -233,16 +233,16 @@ TEST_F(TreeWalkTest, WhatCannotBeReadIsAnErrorAndNeverTakenForNothing)
     const auto fail = [](Call call, int number) {
         return [=](FailingFileSystem& disk) { disk.FailAt(call, number, Error(ErrorKind::Other)); };
     };
-    // A listing that breaks off, here after the first file, is not the end of a folder.
+    // A read error in a listing, here after the first file, is not the end of the folder.
     EXPECT_EQ(Run({Entry(kAll)}, fail(Call::Next, 5)).counters, "left 1 copy 1 error 1");
     const CDirCopy folder = Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER);
     EXPECT_EQ(Run({folder}, fail(Call::Next, 1)).counters, "delete 1 error 2");
-    // A file whose attributes are not known is not one without attributes.
+    // Unknown attributes must not be treated as no attributes.
     const CDirCopy plain = Entry(DCF_ALL_TYPES | DCF_ATTR_AND | DCF_DELETE);
     CDirCopy plainFolder = plain;
     plainFolder.m_dwFlags |= DCF_DELETE_FOLDER;
     EXPECT_EQ(Run({plain}, fail(Call::ReadAttributes, 1)).counters, "error 1");
-    // The first to be read are the folder's own.
+    // The first attributes read are those of the folder itself.
     EXPECT_EQ(Run({plainFolder}, fail(Call::ReadAttributes, 2)).counters, "delete 1 error 2");
     EXPECT_EQ(Tree("@/source"), (TreeLines{"a=1", "b=2"}));
 }

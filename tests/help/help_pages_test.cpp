@@ -17,7 +17,7 @@ namespace {
 
 QList<QUrl> BuiltInPages()
 {
-    const HelpPages pages;  // lays them down
+    const HelpPages pages;  // registers the resources
     QList<QUrl> found;
     QDirIterator files(QStringLiteral(":/help"), {QStringLiteral("*.html")}, QDir::Files,
                        QDirIterator::Subdirectories);
@@ -105,7 +105,7 @@ TEST(HelpPages, ComeFromBesideTheHelpFileElseFromTheProgram)
     const HelpPages pages(own);
     EXPECT_EQ(pages.Topic(1)->text, u"<p><b>OK</b></p>mine");
     EXPECT_EQ(pages.Topic(1)->chapter, pages.Contents());
-    // An older help lacks what is new.
+    // An older installed help lacks new topics.
     EXPECT_EQ(pages.Topic(2)->text, HelpPages().Topic(2)->text);
 }
 

@@ -51,7 +51,7 @@ protected:
         const bool taken = MoveTo(data, PlaceOf(node));
         return DropAt(data, PlaceOf(node)) && taken;
     }
-    // Presses on a node and moves away, over other nodes.
+    // Presses a button on a node and drags over other nodes.
     void DragFrom(const QTreeWidgetItem* node, Qt::MouseButton button)
     {
         const QPoint place = PlaceOf(node);
@@ -140,7 +140,7 @@ TEST_F(DriveDropTest, TheRightButtonAsksWhatToMake)
     for (const Case& c : cases) {
         const auto data =
             MakeDragData(c.list ? ListPayload({"x"}) : FolderPayload("D:\\from"), Qt::RightButton);
-        // Not every platform tells the buttons.
+        // Some platforms report no buttons during a drag.
         EXPECT_TRUE(DragTo(*data, m_to, c.list ? Qt::NoButton : Qt::RightButton));
         EXPECT_THAT(m_posted, IsEmpty());
         ASSERT_NE(m_view->PopupMenu(), nullptr);

@@ -95,7 +95,7 @@ TEST_F(DriveViewTest, GoesDownAsFarAsThePathExists)
 TEST_F(DriveViewTest, OpensTheRowThatWasDoubleClickedInTheList)
 {
     Make({"same/same/", "same/file="});
-    m_view->SelectNode(*m_view->FindVolume("D:\\"));  // its children are being read from here on
+    m_view->SelectNode(*m_view->FindVolume("D:\\"));  // starts reading its children
     const ShellTreeItem drive = m_view->SelectedNode()->Item();
     const ShellListItem row = Row(drive, "same");
     m_view->OnUpdate(&m_list, HINT_FOLDER_OPENED, std::make_unique<ListItemHint>(row).get());
@@ -142,7 +142,7 @@ TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
     Make({"a/x/"});
     Expand("D:\\");
     Expand("D:\\a");
-    // Not missing, but no folder that could tell what it holds; for root as well.
+    // Replace the folder with a file: it exists but cannot be listed, even by root.
     std::filesystem::rename(Path("d"), Path("away"));
     WriteContent(Path("d"), "");
     Refresh();

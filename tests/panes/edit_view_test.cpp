@@ -38,7 +38,7 @@ protected:
         }
     }
 
-    // Entries 10, 11, ... from "/s0", "/s1", ...
+    // Adds entries with ids 10, 11, ... and sources "/s0", "/s1", ...
     void Add(int entries)
     {
         const int end = static_cast<int>(doc.m_arrEntries.size()) + entries;

@@ -20,7 +20,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// The tree, with one node selected.
+// A fake drive tree with one selected node.
 class SelectedNode : public FakeView, public FolderTree {
 public:
     SelectedNode() : FakeView(ViewKind::DriveTree) {}
@@ -49,7 +49,7 @@ protected:
         doc.AddView(view.get());
         Show(*view);
     }
-    // Two folders and three files.
+    // Creates two folders and three files and shows them.
     void MakeMixed()
     {
         std::filesystem::create_directory(Path("data/F1"));
@@ -60,7 +60,7 @@ protected:
         Make();
         Select("data");
     }
-    // Selects a folder of the test in the tree, and waits for the rows.
+    // Selects a folder in the tree and waits until its rows are read.
     void Select(const std::string& name)
     {
         const ShellFolderPtr parent = BindTemp();
@@ -93,11 +93,11 @@ protected:
 
     SelectedNode tree;
     std::unique_ptr<CFileView> view;
-    Texts drags;  // what stands behind "QRB"
+    Texts drags;  // payloads without the "QRB" prefix
     std::vector<Qt::MouseButton> buttons;
 };
 
-// More rows than are sorted at once.
+// Uses more rows than are sorted in one step.
 TEST_F(FileViewTest, WhatIsSelectedStaysSoWhileManyRowsAreSorted)
 {
     for (int i = 0; i < 6500; ++i) {
@@ -196,7 +196,8 @@ TEST_F(FileViewTest, DeleteCommandNeedsFocusAndRowsOfOneKind)
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_TRUE(sent.empty());
     Click(*view, 1);
-    QTest::keyClick(&view->ActiveView(), Qt::Key_Down);  // to a file, without a check
+    QTest::keyClick(&view->ActiveView(),
+                    Qt::Key_Down);  // moves to a file without a selection check
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_EQ(sent.size(), 1U);
     EXPECT_TRUE(view->FilesSelected());

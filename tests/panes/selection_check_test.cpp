@@ -38,7 +38,7 @@ TEST(SelectionCheck, WarnsOnlyWhereTheCtrlKeyWouldMixKinds)
         {{f}, None, false, {true, false, Files}},
         {{F, F, F}, Files, true, {true, false, Folders}},
         {{f, f}, Folders, true, {true, false, Files}},
-        // The kind is not known yet: the first row decides.
+        // No kind is known yet, so the first row decides.
         {{f, F}, None, false, {false, false, Files}},
         {{F, f}, None, true, {false, false, Folders}},
         // The click replaces the selection.
@@ -47,7 +47,7 @@ TEST(SelectionCheck, WarnsOnlyWhereTheCtrlKeyWouldMixKinds)
         // The click would add to it.
         {{f, f, F}, Files, true, {false, true, None}},
         {{F, f}, Folders, true, {false, true, None}},
-        // Behind a thousand rows as well.
+        // Long selections.
         {std::vector<bool>(2000, true), Files, true, {true, false, Folders}},
     };
     for (const Case& c : cases) {

@@ -12,7 +12,7 @@
 namespace quorbit {
 namespace {
 
-// What another reader of the written text finds.
+// Writes a value and reads it back with a new object.
 std::string WriteAndRead(const std::string& section, const std::string& name,
                          const std::string& value)
 {

@@ -81,7 +81,7 @@ TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
         {"D:", "/"},
         {"D:\\x", "/x"},
         {"E:\\x", "/mnt/e/x"},
-        {"F:\\etc", ""},  // an empty or relative folder in the map must not turn into the root
+        {"F:\\etc", ""},  // an empty or relative mapped folder must not become the root
         {"G:\\etc", ""},
         {"X:\\etc", ""}};
     for (const auto& [path, native] : cases) {
@@ -115,19 +115,20 @@ TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
         {"a\nb\r\tc", "a\\x0Ab\\x0D\\x09c"},
         {std::string("\0\x1F\x7F", 3), "\\x00\\x1F\\x7F"},
         {"\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80", "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80"},
-        {"\xC2\x80\xC2\x9F\xC2\xA0", "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},  // C1 and the first after it
+        {"\xC2\x80\xC2\x9F\xC2\xA0",
+         "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},  // C1 controls, and the first character after them
         {"\xFF"
          "a\xE4z",
          "\\xFFa\\xE4z"},                                             // Latin-1
-        {"\x80", "\\x80"},                                            // continuation alone
-        {"\xC0\xAF\xC1\xBF", "\\xC0\\xAF\\xC1\\xBF"},                 // overlong, two bytes
-        {"\xE0\x9F\xBF\xE0\xA0\x80", "\\xE0\\x9F\\xBF\xE0\xA0\x80"},  // overlong, three
+        {"\x80", "\\x80"},                                            // lone continuation byte
+        {"\xC0\xAF\xC1\xBF", "\\xC0\\xAF\\xC1\\xBF"},                 // overlong two-byte form
+        {"\xE0\x9F\xBF\xE0\xA0\x80", "\\xE0\\x9F\\xBF\xE0\xA0\x80"},  // overlong three-byte form
         {"\xF0\x8F\xBF\xBF\xF0\x90\x80\x80", "\\xF0\\x8F\\xBF\\xBF\xF0\x90\x80\x80"},
         {"\xED\xA0\x80\xED\x9F\xBF\xEE\x80\x80", "\\xED\\xA0\\x80\xED\x9F\xBF\xEE\x80\x80"},
         {"\xF4\x90\x80\x80\xF4\x8F\xBF\xBF", "\\xF4\\x90\\x80\\x80\xF4\x8F\xBF\xBF"},
         {"\xF5\x80\x80\x80", "\\xF5\\x80\\x80\\x80"},
-        {"\xE2\x82", "\\xE2\\x82"},    // cut off at the end
-        {"\xE2\x82z", "\\xE2\\x82z"},  // cut off by a letter
+        {"\xE2\x82", "\\xE2\\x82"},    // truncated at the end
+        {"\xE2\x82z", "\\xE2\\x82z"},  // truncated by a letter
         {"\xF0\x9F\x98\n", "\\xF0\\x9F\\x98\\x0A"}};
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(Printable(text), shown);

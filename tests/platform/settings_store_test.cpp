@@ -20,7 +20,7 @@ protected:
     [[nodiscard]] std::string FilePath() const { return Path("sub/store.ini"); }
     [[nodiscard]] SettingsStore Store() const { return SettingsStore(FilePath()); }
     void WriteFile(const std::string& text) const { Write({"sub/store.ini=" + text}); }
-    // Nothing is left beside the file.
+    // Expects no leftover files beside the store.
     void ExpectAlone() const { EXPECT_EQ(Tree().size(), 2U); }
 };
 

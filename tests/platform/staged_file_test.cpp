@@ -18,8 +18,8 @@ class StagedFileTest : public FolderTest {};
 
 TEST_F(StagedFileTest, CreatesAFileAndReplacesItWithItsPermissionsKeptAndSweepsLeftovers)
 {
-    const std::string a = Path(std::string(255, 'a'));  // a longer name could not be staged beside
-    Write({MakeLeftoverName() + "=half a fi"});         // of a writer that was killed
+    const std::string a = Path(std::string(255, 'a'));  // NAME_MAX: no room for a suffix
+    Write({MakeLeftoverName() + "=half a fi"});         // of a killed writer
     const mode_t mask = ::umask(027);
     const Status created = ReplaceFile(a, "one");
     ::umask(mask);
@@ -75,7 +75,7 @@ TEST_F(StagedFileTest, RefusesWhatMustNotBeReplaced)
         EXPECT_EQ(KindOf(ReplaceFile(Path(name), "x")), kind) << name;
         EXPECT_FALSE(CanReplace(Path(name)).Ok()) << name;
     }
-    // Nor is a path cut at a NUL byte.
+    // A path must not be cut at a NUL byte.
     const std::string cut = Path("folder/new") + std::string("\0b", 2);
     EXPECT_FALSE(ReplaceFile(cut, "x").Ok());
     EXPECT_FALSE(ReadWholeFile(Path("read-only") + std::string("\0b", 2), 100).Ok());
@@ -88,7 +88,7 @@ TEST_F(StagedFileTest, ReadsRegularFilesUpToALimitAndNothingElse)
     Write({"ten=0123456789", "empty=", "fifo|"});
     EXPECT_EQ(*ReadWholeFile(Path("ten"), 10), "0123456789");
     EXPECT_EQ(*ReadWholeFile(Path("empty"), 0), "");
-    EXPECT_FALSE(ReadWholeFile("/proc/self/status", 1 << 20)->empty());  // tells no size
+    EXPECT_FALSE(ReadWholeFile("/proc/self/status", 1 << 20)->empty());  // st_size is 0
     const std::pair<std::string, ErrorKind> cases[] = {
         {Path("ten"), ErrorKind::DiskFull},      {"/proc/self/status", ErrorKind::DiskFull},
         {Path("none"), ErrorKind::Missing},      {Path(), ErrorKind::IsAFolder},

@@ -14,7 +14,7 @@
 namespace quorbit {
 namespace {
 
-// In the child: never returns.
+// Runs in the child and does not return.
 [[noreturn]] void Become(const ProgramCall& call, int out, int err)
 {
     setpgid(0, 0);
@@ -58,7 +58,7 @@ Program::Program(const ProgramCall& call)
     if (m_pid < 0) {
         std::abort();
     }
-    setpgid(m_pid, m_pid);  // here and in the child: there is a group from now on
+    setpgid(m_pid, m_pid);  // also in the child, so that the group exists whichever runs first
 }
 
 Program::~Program()

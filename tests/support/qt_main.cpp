@@ -6,8 +6,8 @@
 #include <QApplication>
 
 #if defined(__SANITIZE_THREAD__)
-// The thread sanitizer does not see the locks inside of libraries that were not built with it, and
-// takes what these hand from one of their own threads to another for races.
+// ThreadSanitizer does not see locks inside libraries that are built without it and reports data
+// passed between their threads as races.
 extern "C" const char* __tsan_default_suppressions();
 extern "C" const char* __tsan_default_suppressions()
 {

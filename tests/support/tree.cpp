@@ -68,7 +68,7 @@ std::string Details(const struct stat& details)
     return S_ISDIR(details.st_mode) ? std::string(text.data(), 5) : text.data();
 }
 
-// Takes the descriptor.
+// Closes `folder`.
 void ReadInto(TreeLines& lines, int folder, const std::string& prefix, bool withDetails)
 {
     const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(folder), ::closedir);

@@ -45,7 +45,7 @@ void AppTest::Make(std::uint32_t nRunMode, const std::string& file)
         .endLoop =
             [this](int code) {
                 ended = code;
-                // Without a loop to leave, Qt would take it for the next one.
+                // Without a running event loop, Qt would apply exit() to the next one.
                 if (QThread::currentThread()->loopLevel() > 0) {
                     QCoreApplication::exit(code);
                 }

@@ -18,7 +18,7 @@ TEST(CommandRouteTest, AsksActiveViewDocumentFrameApplicationAndThenTheOtherView
     constexpr int kCommand = 4711;
     CQRBDoc doc;
     FakeView list(ViewKind::FileList), tree(ViewKind::DriveTree), entries(ViewKind::EntryList);
-    FakeView document = list, frame = list, app = list;  // targets, too
+    FakeView document = list, frame = list, app = list;  // serve as plain command targets
     CommandRoute route(doc, {&document, &frame, &app});
     for (FakeView* view : {&list, &tree, &entries}) {
         doc.AddView(view);

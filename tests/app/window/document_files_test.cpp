@@ -23,7 +23,7 @@ protected:
         entry.m_listItems = {"*.*"};
         ASSERT_TRUE(WriteBatchFile(Path(name), {{}, {entry}}));
     }
-    // The source of the first entry of a file.
+    // Returns the source of the first entry in a batch file.
     [[nodiscard]] std::string SourceIn(const std::string& name) const
     {
         Batch file;
@@ -173,7 +173,8 @@ TEST_F(DocumentFilesTest, WhereThereIsNoWayBackAsksUntilSavedOrGivenUp)
     OpenAndChange("a.qrb");
     fs::remove(Path("a.qrb"));
     fs::create_directory(Path("a.qrb"));
-    // Yes, but the place fails; asked for another one, cancelled; yes, and a place that works.
+    // Yes, but the path is a folder, and the dialog for another path is cancelled. Then Yes again,
+    // with a path that works.
     prompts.answers = {PromptAnswer::Yes, PromptAnswer::Ok, PromptAnswer::Yes, PromptAnswer::Ok};
     prompts.files = {std::nullopt, Path("b.qrb")};
     files.SaveOrGiveUp();

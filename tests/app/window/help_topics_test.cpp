@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The controls of every window against the topics of the help.
+// Compares the help topics of the controls of all windows with those of the help.
 
 #include "document/help_topics.h"
 
@@ -56,7 +56,7 @@ protected:
                 .endProgram = [](int) {}};
     }
 
-    // Every dialog in every form that it has.
+    // Creates every dialog in each of its variants.
     std::vector<std::unique_ptr<QDialog>> Dialogs()
     {
         std::vector<std::unique_ptr<QDialog>> all;
@@ -95,8 +95,7 @@ protected:
     OptionSources sources;
 };
 
-// A topic without a control is never shown, and a control without a topic leaves F1 without an
-// answer.
+// A topic without a control is never shown, and F1 shows nothing for a control without a topic.
 TEST_F(HelpTopicsTest, ControlsAskForExactlyTheTopicsThatTheHelpExplains)
 {
     SetUpProgram();
@@ -106,7 +105,7 @@ TEST_F(HelpTopicsTest, ControlsAskForExactlyTheTopicsThatTheHelpExplains)
     for (const auto& dialog : Dialogs()) {
         Collect(*dialog, asked);
     }
-    // Neither is in a menu: the one is a button of the help, the other a line of nothing.
+    // The tip command is a button of the help window, and kTopicNone marks objects without a topic.
     asked.insert(HelpTopicOfCommand(CMD_TIP_OF_THE_DAY));
     asked.erase(kTopicNone);
 

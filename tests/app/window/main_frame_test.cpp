@@ -36,7 +36,7 @@ protected:
         Doc().RemoveView(&view);
     }
 
-    // A menu as a person finds it when it opens.
+    // Returns a menu updated as if the user had just opened it. Null if there is no such menu.
     [[nodiscard]] QMenu* OpenMenu(const std::string& title)
     {
         for (QAction* action : Frame().menuBar()->actions()) {
@@ -77,7 +77,7 @@ TEST_F(MainFrameTest, CarriesACommandOutForTheMenuAndForTheKey)
 
 TEST_F(MainFrameTest, DeletesByTheDeleteKeyAlone)
 {
-    // The pane with the focus would ask what to delete.
+    // A pane with the focus would open its dialog for deletion.
     Frame().focusWidget()->clearFocus();
     QTest::keyClick(&Frame(), Qt::Key_X, Qt::ControlModifier);
     const auto deletes = [this] {
@@ -95,7 +95,7 @@ TEST_F(MainFrameTest, OpensTheBatchFileThatIsDroppedOnIt)
     WriteContent(Path("c.txt"), "");
     struct Case {
         Lines files;
-        std::string title;  // after the drop; empty: refused
+        std::string title;  // after the drop; empty if refused
     };
     for (const Case& c : {Case{{"c.txt"}, ""}, Case{{"a.qrb", "b.QRB"}, ""},
                           Case{{"a.qrb"}, "a.qrb"}, Case{{"b.QRB"}, "b.QRB"}}) {

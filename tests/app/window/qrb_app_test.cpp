@@ -152,7 +152,7 @@ TEST_F(QrbAppTest, StopsARunWhenASignalAsksAndAnswersItsBoxes)
     SetUpProgram();
     WriteBatch("a.qrb", "none");
     Make(kRunAndQuit, Path("a.qrb"));
-    // The run asks what to do about its error; nobody answers, a signal comes.
+    // The signal arrives while the box for the error is open and unanswered.
     prompts.whileOpen = [this] { app->OnStopSignal(); };
     EXPECT_EQ(Live(), 1);
     EXPECT_EQ(prompts.asked.size(), 1U) << "the box at the end of a stopped run stays away";

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The real boxes, driven as a person would.
+// Drives the real message boxes and file dialogs with simulated input.
 
 #include "app/window/qt_prompts.h"
 
@@ -81,7 +81,7 @@ TEST_F(SaveFileTest, AsksBeforeTheNameThatItCompletedReplacesAFile)
     EXPECT_EQ(Save(), "old.qrb");
     EXPECT_EQ(question, Path() + "/old.qrb already exists.\nDo you want to replace it?");
 
-    // No: the dialog comes back.
+    // After No the file dialog is shown again.
     Type("old");
     InNext<QMessageBox>([this](QMessageBox& box) {
         Type("new");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How a run in a window begins and ends, and what the program is told then.
+// Tests the start and the end of a run in the dialog, and the calls to the program at its end.
 
 #include <QCoreApplication>
 #include <filesystem>
@@ -15,7 +15,7 @@ namespace {
 
 class ProgressDialogEndTest : public DialogTest {
 protected:
-    // Whether no run holds the log. Empties it.
+    // True if no run has the log locked. Empties the log.
     [[nodiscard]] bool LogIsFree() const { return CreateLogOutput(m_strLog).Ok(); }
 };
 
@@ -114,7 +114,7 @@ TEST_F(ProgressDialogEndTest, ALogThatCannotBeWrittenIsToldAndTheRunGoesOn)
     EXPECT_EQ(Text("m_stcCopyCount"), "2");
 }
 
-// The last steps of a stopped run: its box, the closing of the log, the exit code.
+// The last steps of a stopped run: it shows its box, closes the log and sets the exit code.
 TEST_F(ProgressDialogEndTest, ClosingInTheLastStepsOfTheWorkerIsSafe)
 {
     Write({"from/a.txt=a", "from/b.txt=b"});
@@ -132,7 +132,7 @@ TEST_F(ProgressDialogEndTest, ClosingInTheLastStepsOfTheWorkerIsSafe)
         Open();
         ASSERT_TRUE(Until([this] { return g_bStopRun != 0; }));
         ASSERT_TRUE(Until([this] {
-            m_pDialog->reject();  // again and again, as early as it takes
+            m_pDialog->reject();  // repeat, to close as early as possible
             return !m_pDialog->isVisible();
         }));
         EXPECT_EQ(m_prompts.boxes.size(), stopped ? 2U : 0U);

@@ -12,7 +12,7 @@ namespace {
 
 class ProgressDialogTest : public DialogTest {
 protected:
-    // Which buttons may be pressed, and what Cancel reads.
+    // "on" or "off" for Start, Stop Counting and View Log, then the text of the Cancel button.
     [[nodiscard]] std::string State() const
     {
         std::string state;
@@ -75,7 +75,7 @@ TEST_F(ProgressDialogTest, ShowsTheClosingValuesExactly)
     SetModified(Path("to/b.txt"), 1'000'000'000);
     SetModified(Path("to/c.txt"), 4'000'000'000);
     SetModified(Path("numbered/b.txt"), 1'000'000'000);
-    AddCopy(DCF_SYNC);                                      // copies a, syncs b, leaves c
+    AddCopy(DCF_SYNC);                                      // copies a, syncs b, skips c
     AddCopy(DCF_INCREMENTAL).m_strDest = Path("numbered");  // copies a and c, backs up b
     AddCopy(DCF_DELETE).m_strSource = Path("rubbish");
     CDirCopy& failing = AddCopy();

@@ -18,7 +18,7 @@ const std::string kVersion4 =
     "\0\0\x04\0\x04\0\0\0\x51\0\0\0\x25\0\0\0\x01\x02\x03\x04\5\6\7\x08"s + kTimes;
 const std::string kVersion5 = "\0\0\x05\0\x05\0\0\0\x11\0\0\0\x27\0\0\0"s + kTimes;
 
-// The value with one byte changed.
+// Returns the value with one byte changed.
 std::string With(std::string value, std::size_t at, int byte)
 {
     value[at] = static_cast<char>(byte);
@@ -52,19 +52,19 @@ TEST(DosAttributesTest, ReadsEveryVersionThatWasEverWritten)
 
 TEST(DosAttributesTest, ChangesTheBitsKeepsFormAndTimesAndLeavesTheRestAlone)
 {
-    // The text of version 3 grows and shrinks; the body moves with it.
+    // The text before the body of version 3 can change its length.
     const std::string shorter = "0x2\0\3\0\3\0\x11\0\0\0\2"s + kBody3;
     const std::tuple<std::string, std::uint32_t, std::uint32_t, std::optional<std::string>>
         cases[] = {{kVersion5, 0x02, 0x07, With(kVersion5, 12, 0x22)},
                    {With(kVersion5, 8, 0x10), 0x27, 0x27,
-                    kVersion5},  // the flag that there are attributes
+                    kVersion5},  // sets the flag for valid attributes
                    {kVersion4, 0x05, 0x27, With(kVersion4, 12, 0x05)},
                    {"0x22\0"s, 0x01, 0x27, "0x1\0"s},
                    {"23", 0x20, 0x27, "0x20"},
                    {kVersion3, 0x27, 0x27, With(With(kVersion3, 3, '7'), 16, 0x27)},
                    {kVersion3, 0x02, 0x27, shorter},
                    {shorter, 0x20, 0x27, kVersion3},
-                   // Version 5 where there was nothing.
+                   // Creates version 5 if there is no value.
                    {"", 0x32, 0x3f, "\0\0\5\0\5\0\0\0\1\0\0\0\x32\0\0\0"s + std::string(8, '\0')},
                    {"junk", 0x01, 0x27, {}},
                    {kVersion5.substr(0, 16), 0x01, 0x27, {}},

@@ -34,7 +34,7 @@ protected:
         item.kind = kind;
         return item;
     }
-    // Waits for the thread to have found so many files in memory.
+    // Waits until the thread has found this many files in a row already in memory.
     static bool Reaches(const FileFetcher& fetcher, std::size_t inVain)
     {
         return Eventually([&] { return fetcher.InVain() >= inVain; }) && fetcher.InVain() == inVain;
@@ -48,16 +48,16 @@ TEST_F(FileFetcherTest, PassesOverWhatItCannotOrMustNotRead)
     FileFetcher fetcher;
     fetcher.Fetch(Open(), Item("a"));
     fetcher.Fetch(Open(), Item("gone"));
-    fetcher.Fetch(Open(), Item("link"));  // has taken the place of a file
+    fetcher.Fetch(Open(), Item("link"));  // replaced a file after the listing
     fetcher.Fetch(Open(), Item("sub", ItemKind::Folder));
     fetcher.Fetch(Open(), Item("gone", ItemKind::Folder));
     fetcher.Fetch(Open(), Item("fifo", ItemKind::Special));
     fetcher.Fetch(Open(), Item("b"));
-    EXPECT_TRUE(Reaches(fetcher, 2));  // just written: in memory
+    EXPECT_TRUE(Reaches(fetcher, 2));  // just written, so in the page cache
     std::filesystem::remove_all(Path("sub"));
-    fetcher.Fetch(Open(), Item("fifo"));  // would wait for a writer
+    fetcher.Fetch(Open(), Item("fifo"));  // a blocking open would wait for a writer
     fetcher.Fetch(Open(), Item("c"));
-    EXPECT_TRUE(Reaches(fetcher, 4));  // a FIFO has nothing that could be fetched
+    EXPECT_TRUE(Reaches(fetcher, 4));  // a FIFO counts as in memory
 }
 
 TEST_F(FileFetcherTest, EndsAtOnceWithRequestsWaitingAndLetsGoOfTheFolders)

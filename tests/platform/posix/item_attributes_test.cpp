@@ -47,7 +47,7 @@ protected:
     }
 };
 
-// Where the volume keeps attributes of users.
+// Tests that need a volume with user extended attributes.
 class StoredAttributesTest : public ItemAttributesTest {
 protected:
     void SetUp() override
@@ -75,7 +75,7 @@ TEST_F(ItemAttributesTest, FollowFromNameAndPermissionsWhereNothingIsStored)
     missing.name = "missing";
     EXPECT_EQ(KindOf(m_files.ReadAttributes(*Open(Source()), missing)), ErrorKind::Missing);
     EXPECT_EQ(KindOf(Set("missing", kA)), ErrorKind::Missing);
-    // A link has none of its own, and its target is kept out of it.
+    // Links have no attributes; setting them must not change the target.
     const TreeLines before = ReadTreeWithDetails(Source());
     EXPECT_TRUE(Set("link", kR | kH).Ok());
     EXPECT_EQ(ReadTreeWithDetails(Source()), before);
@@ -92,7 +92,7 @@ TEST_F(ItemAttributesTest, ReadOnlyIsThePermissionAndNothingElseIsWritten)
     EXPECT_EQ(WordOf("file"), kR | kA);
     EXPECT_TRUE(Set("file", kA).Ok());
     EXPECT_EQ(ModeOf(Source("file")), 0644U);
-    // Its content can be deleted now.
+    // A writable folder is needed to delete its content.
     EXPECT_TRUE(Set("closed", kFolder).Ok());
     EXPECT_EQ(ModeOf(Source("closed")), 0755U);
     EXPECT_EQ(Stored("file") + Stored("closed"), "(none)(none)");
@@ -138,7 +138,7 @@ TEST_F(StoredAttributesTest, AreNeverOverwrittenWhereTheyAreNotUnderstood)
     EXPECT_EQ(Stored("probe"), "something else");
 }
 
-// A FAT volume with one file.
+// Fakes the FAT attribute ioctls of a volume with one file.
 class FakeFat final : public FatAttributeControl {
 public:
     FakeFat(std::uint32_t& word, int& sets) : m_word(word), m_sets(sets) {}

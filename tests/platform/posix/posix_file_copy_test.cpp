@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a copy keeps. tests/platform/posix/posix_file_replace_test.cpp has what it must not destroy.
+// Tests the content and metadata of copies. posix_file_replace_test.cpp tests that nothing is lost.
 
 #include "platform/posix/posix_file_copy.h"
 
@@ -21,7 +21,7 @@
 namespace quorbit {
 namespace {
 
-// Every way in which content and names can get to the destination.
+// The ways to transfer content and to put the file in place.
 enum class Way { Usual, Streamed, Named, NamedAndSynced, LinkedThroughProc };
 
 class PosixFileCopyTest : public DiskTest, public testing::WithParamInterface<Way> {
@@ -114,7 +114,7 @@ TEST_P(PosixFileCopyTest, KeepsHolesAsHoles)
 
 TEST_P(PosixFileCopyTest, CopiesASourceThatGrowsOrShrinksToItsEnd)
 {
-    // A clone would be made at one moment, before or after the change.
+    // A clone is atomic, so the source could not change during the copy.
     const auto folder = Open(Dest());
     VolumeOf(*folder).transfersFrom[VolumeOf(*folder).device].cloneRefused = true;
     const std::string before = Pattern(6'000'000);
@@ -128,7 +128,7 @@ TEST_P(PosixFileCopyTest, CopiesASourceThatGrowsOrShrinksToItsEnd)
             std::ofstream(Source("log"), std::ios::app) << added;
         });
         ASSERT_TRUE(Copy("log", {.progress = &progress}).Ok());
-        // What went before the change is there; nothing is made up after the end.
+        // The copy has the content before the change and no made-up bytes after the end.
         const std::string copy = ContentOf(Dest("log"));
         const bool right =
             kept == 0 ? before.starts_with(copy) : copy == before.substr(0, kept) + added;
@@ -163,13 +163,14 @@ TEST_F(DiskTest, ACopyWaitsForAFileServerToLetGoOfTheFile)
 {
     Write({"source/a=x"});
     const UniqueFd leased(::open(Source("a").c_str(), O_RDWR | O_CLOEXEC));
-    const auto oldHandler = std::signal(SIGIO, SIG_IGN);  // how the system asks for it
+    // The kernel asks for the lease with SIGIO, which would kill the test.
+    const auto oldHandler = std::signal(SIGIO, SIG_IGN);
     if (::fcntl(leased.Get(), F_SETLEASE, F_WRLCK) != 0) {
         GTEST_SKIP() << "no leases in " << Path();
     }
     {
         const std::jthread server([&] {
-            // The system marks the lease once somebody else opens the file.
+            // F_GETLEASE changes once the file is opened again; see fcntl(2).
             EXPECT_TRUE(Eventually([&] { return ::fcntl(leased.Get(), F_GETLEASE) != F_WRLCK; }));
             EXPECT_EQ(::fcntl(leased.Get(), F_SETLEASE, F_UNLCK), 0);
         });
@@ -193,7 +194,8 @@ TEST_P(PosixFileCopyTest, KeepsExtendedAttributesAlsoOfReadOnlyFiles)
     EXPECT_EQ(AttributeOf(Dest("a"), "user.empty"), "");
 }
 
-// Version 2; user rw, user 1 r, group r, mask rw, other none: <linux/posix_acl_xattr.h>.
+// ACL in the format of <linux/posix_acl_xattr.h>, version 2: owner rw, user 1 r, group r, mask rw,
+// others none.
 constexpr std::string_view kAcl{
     "\2\0\0\0\1\0\6\0\xff\xff\xff\xff\2\0\4\0\1\0\0\0\4\0\4\0\xff\xff\xff\xff"
     "\20\0\6\0\xff\xff\xff\xff\40\0\0\0\xff\xff\xff\xff",
@@ -224,11 +226,11 @@ TEST_F(DiskTest, TheGroupGetsNoMoreWhereAnAccessControlListCannotBeKept)
         GTEST_SKIP() << "no access control lists in " << Path();
     }
     const UniqueFd from(::open(Source("listed").c_str(), O_RDONLY | O_CLOEXEC));
-    int pipe[2] = {-1, -1};  // nothing that could hold a list
+    int pipe[2] = {-1, -1};  // a pipe cannot store an ACL
     ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
     const UniqueFd end(pipe[0]);
     const UniqueFd to(pipe[1]);
-    mode_t mode = 0664;  // shows the list's mask
+    mode_t mode = 0664;  // the group bits are the ACL mask
     EXPECT_TRUE(CopyExtendedAttributes(from.Get(), to.Get(), {false, false, &mode}).Ok());
     EXPECT_EQ(mode, 0644U);
 }

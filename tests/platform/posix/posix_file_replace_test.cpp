@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What a copy must not destroy: the old file where the new one fails, read-only files, the source
-// itself, and whatever a link in the way points to.
+// Tests what a copy must not destroy: the old file if the copy fails, read-only files, the source
+// itself, and the targets of links at the destination.
 
 #include <unistd.h>
 
@@ -15,7 +15,7 @@ namespace quorbit {
 namespace {
 
 struct Way {
-    bool takesAnonymousFiles;  // without a name until they are complete
+    bool takesAnonymousFiles;  // O_TMPFILE: no name until they are complete
     bool expectMissing;
 };
 
@@ -51,7 +51,7 @@ TEST_P(PosixFileReplaceTest, KeepsTheOldFileWhenTheDiskIsFull)
 
 TEST_P(PosixFileReplaceTest, KeepsTheOldFileWhenTheSourceCannotBeRead)
 {
-    // A regular file whose first byte cannot be read.
+    // /proc/self/mem is a regular file, but reading at offset 0 fails with EIO.
     Write({"dest/mem=old"});
     const auto from = Open("/proc/self");
     const auto into = Open(Dest());
@@ -110,7 +110,7 @@ TEST_P(PosixFileReplaceTest, NeverReplacesAFolder)
 
 TEST_P(PosixFileReplaceTest, ReplacesTheNameAndNotTheFileThatOtherNamesShare)
 {
-    const std::string name(255, 'n');  // as long as can be
+    const std::string name(255, 'n');  // NAME_MAX bytes
     Write({"source/" + name + "=new", "dest/" + name + "=old"});
     std::filesystem::create_hard_link(Dest(name), Dest("a1"));
     EXPECT_TRUE(Copy(name, m_options).Ok());

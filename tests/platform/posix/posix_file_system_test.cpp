@@ -72,7 +72,7 @@ TEST_F(PosixFileSystemTest, ListsNamesOfAnyBytesWithTheirKind)
     std::map<std::string, ItemKind> found;
     const auto folder = Open(Source());
     for (auto [name, item] : ListAll(*folder)) {
-        // Some file systems leave the kind to the second call.
+        // Some file systems report DT_UNKNOWN in listings; see readdir(3).
         ASSERT_TRUE(item.kind != Unknown || m_files.ReadDetails(*folder, item).Ok());
         found[name] = item.kind;
     }
@@ -248,7 +248,7 @@ TEST_F(PosixFileSystemTest, SweepsTheLeftoversOfDeadRunsOnly)
     std::set<std::string> leftovers;
     const auto opened = Open(Dest());
     for (const auto& [name, item] : ListAll(*opened)) {
-        if (item.leftover && name != folder) {  // where the listing does not tell that it is one
+        if (item.leftover && name != folder) {  // unknown kind in the listing
             leftovers.insert(name);
         }
     }

@@ -45,7 +45,7 @@ TEST_F(PosixProcessRunnerTest, HandsOnNoneOfTheSettingsOfThisProcess)
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGUSR1);
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
-    // With the shell's own means: while it starts another program, it blocks signals for a moment.
+    // Uses shell builtins only: the shell briefly blocks signals while it starts another program.
     const Status done = Shell(
         "{ ulimit -Sn; while read line; do case $line in SigBlk*|SigIgn*) echo $line; esac; done;"
         " read pid name state parent group rest < /proc/$$/stat; test $group = $$ && echo own;"
@@ -57,14 +57,14 @@ TEST_F(PosixProcessRunnerTest, HandsOnNoneOfTheSettingsOfThisProcess)
 
     ASSERT_TRUE(done.Ok());
     EXPECT_EQ(Output(), "200\nSigBlk: 0000000000000000\nSigIgn: 0000000000000000\nown\n");
-    EXPECT_EQ(sigismember(&after, SIGUSR1), 1);  // and leaves those of this process as they were
+    EXPECT_EQ(sigismember(&after, SIGUSR1), 1);  // the mask of this process is restored
     EXPECT_EQ(sigismember(&after, SIGUSR2), 0);
 }
 
 TEST_F(PosixProcessRunnerTest, ComesBackHoweverTheProgramEnds)
 {
     EXPECT_TRUE(Shell("kill -KILL $$").Ok());
-    for (const auto handler : {SIG_DFL, SIG_IGN}) {  // with the latter there is no exit status
+    for (const auto handler : {SIG_DFL, SIG_IGN}) {  // SIG_IGN discards the exit status
         const auto old = std::signal(SIGCHLD, handler);
         EXPECT_TRUE(Shell("sleep 0.1; echo late >> out; exit 3").Ok());
         (void)std::signal(SIGCHLD, old);

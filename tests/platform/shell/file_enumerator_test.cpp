@@ -24,7 +24,7 @@ TEST_F(FileEnumeratorTest, GivesTheKindsThatAreAskedFor)
     EXPECT_THAT(Names(*folder, SHCONTF_FOLDERS), UnorderedElementsAre("folder"));
     TreeLines files = Names(*folder, SHCONTF_NONFOLDERS);
     if (marked) {
-        files.emplace_back("file");  // hidden by its bit
+        files.emplace_back("file");  // not listed above, because its stored bit hides it
     }
     EXPECT_THAT(files, UnorderedElementsAre("file", "link", "dead", "pipe"));
     EXPECT_THAT(Names(*folder, SHCONTF_FOLDERS | SHCONTF_INCLUDEHIDDEN),

@@ -72,7 +72,7 @@ TEST_F(FolderReaderTest, EndsOnlyWithTheLastItemOrWithTheReason)
 
 TEST_F(FolderReaderTest, LeavesAThreadThatHangsBehindAndHearsNoMoreOfIt)
 {
-    // The desktop waits for the table of mounts.
+    // Reading the mount table blocks, and with it the desktop.
     const auto gate = std::make_shared<std::atomic<bool>>(false);
     auto desktop = MakeDesktopFolder({[gate] {
                                           gate->wait(false);

@@ -31,10 +31,10 @@ TEST(ItemIdArithmetic, JoinsListsAndTakesNoListForTheDesktop)
 TEST(ItemIdArithmetic, NeverReadsBeyondADamagedList)
 {
     const Bytes damaged[] = {
-        {9},                          // half a size
+        {9},                          // half a size field
         {1, 0, 'x'},                  // smaller than its own size field
         {200, 0, 'x', 0, 0},          // longer than the list
-        {3, 0, 'x', 0xFF, 0xFF, 'y'}  // a good id, then a bad one
+        {3, 0, 'x', 0xFF, 0xFF, 'y'}  // a valid id, then an invalid one
     };
     for (const Bytes& bytes : damaged) {
         const std::size_t good = bytes[0] == 3 ? 3 : 0;

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 
 const std::string kRoot = "20 1 8:1 / / rw - ext4 /dev/sda1 rw\n";
 
-// The labels in the order of the paths, with F, R, O or n for the kind.
+// Returns the labels in path order, each after the letter of its kind: F, R, O or n.
 std::vector<std::string> Listed(const std::string& table, const DriveMap& drives = {},
                                 const std::string& devices = "/nowhere/")
 {
