@@ -4,7 +4,7 @@
 
 # Shared by the scripts of the repository, which source this file after setting `root` to the top of the repository.
 
-# Debian packages by purpose; all others come on top of `build_packages`.
+# Debian packages by purpose. All others are needed in addition to `build_packages`.
 # shellcheck disable=SC2034
 {
     build_packages=(cmake g++ libqt6svg6 ninja-build qt6-base-dev)
@@ -18,7 +18,7 @@
 
 : "${root:?must be set by the caller}"
 
-# Moves settings, logs and caches of the programs that are started from here into a folder.
+# Redirects settings, logs and caches of the programs started from here to a folder.
 use_xdg_folders() # FOLDER
 {
     export XDG_CONFIG_HOME=$1/config XDG_STATE_HOME=$1/state XDG_DATA_HOME=$1/data XDG_CACHE_HOME=$1/cache
@@ -38,7 +38,7 @@ quietly() # LOG COMMAND...
     fi
 }
 
-# Installs missing packages. Needs neither time nor root if none are missing.
+# Installs missing packages. Returns at once, without root, if none are missing.
 install_packages() # PACKAGE...
 {
     if ! command -v dpkg-query >/dev/null; then

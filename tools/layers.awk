@@ -1,11 +1,11 @@
 # SPDX-FileCopyrightText: The Quorbit authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# The layer rule: which folder of src/ may include from which.
+# Checks which folders of src/ may include which others.
 #
 #   awk -v widget_headers="QWidget QIcon ..." -f tools/layers.awk src/engine/run_log.h ...
 #
-# Paths are relative to the repository. Prints one line for each include that breaks the rule; exit 1 if there is one.
+# Paths are relative to the repository. Prints one line for each include that breaks the rule; exit 1 if there are any.
 
 BEGIN {
     may["platform"] = "platform"
@@ -70,7 +70,7 @@ FNR == 1 {
         fault(folder " must not see a window, and <" header "> is of one", "use Qt Core or none of Qt here")
 }
 
-# Headers of one operating system, and errno.
+# System headers of one operating system, and errno.
 !(folder ~ /^platform\/posix(\/|$)/) && /^[ \t]*#[ \t]*include[ \t]*</ {
     header = $0
     gsub(/^[^<]*<|>.*$/, "", header)
