@@ -46,8 +46,7 @@ TEST_F(MachineValuesTest, OnlyTheFirstStartOfAFreshInstallationIsAFirstRun)
     EXPECT_EQ(Stored("Install Path"), Path("state/quorbit/"));
     EXPECT_TRUE(fs::is_directory(Path("state/quorbit")));
     EXPECT_EQ(Stored("Help File"), "");
-    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile),
-              "");  // empty; a missing value would be fatal
+    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), "");  // a missing value is fatal
     EXPECT_EQ(m_values.GetRegValue(MachineValue::Run1), "1");
     EXPECT_TRUE(m_values.IsFirstRun());
     EXPECT_EQ(Stored("Run1"), "0");

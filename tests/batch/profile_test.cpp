@@ -41,8 +41,7 @@ TEST_F(ProfileTest, AValueThatCannotBeReadGivesItsDefault)
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FrameSizeX), 640);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader0), 120);
     EXPECT_EQ(m_profile.GetProfileInt(Setting::FileHeader1), 70);
-    EXPECT_EQ(m_profile.GetProfileInt(Setting::EditHeader0),
-              0);  // 0 is valid, unlike for FileHeader0
+    EXPECT_EQ(m_profile.GetProfileInt(Setting::EditHeader0), 0);  // unlike FileHeader0, may be 0
     std::filesystem::remove(m_store.Path());
     std::filesystem::create_directory(m_store.Path());
     m_profile.WriteProfileInt(Setting::FrameSizeX, 700);  // the error is ignored

@@ -79,8 +79,7 @@ protected:
         EXPECT_EQ(Reached(), m_reachedWithoutFailure);
         EXPECT_EQ(Tree("@/junk"), (TreeLines{"keep=3", "sub/"}));
         EXPECT_FALSE(std::filesystem::exists(Path("@/gone")));
-        EXPECT_LE(again.surface.errors.size(), 1U)
-            << again.log;  // the folder "gone" may be deleted already
+        EXPECT_LE(again.surface.errors.size(), 1U) << again.log;  // "gone" may be deleted already
         EXPECT_EQ(ReadTreeWithDetails(Path("@/sources")), sources);
     }
 

@@ -154,8 +154,7 @@ protected:
     DriveMap m_drives;
     std::vector<bool> m_answers;
     std::function<void()> m_onPrompt;
-    static inline std::chrono::steady_clock::time_point
-        s_now{};  // the fake clock; only tests advance it
+    static inline std::chrono::steady_clock::time_point s_now{};  // the fake clock
 
     [[nodiscard]] std::string LogPath() const { return m_logFolder.Path() + "/batch.log"; }
 

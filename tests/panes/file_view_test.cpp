@@ -196,8 +196,7 @@ TEST_F(FileViewTest, DeleteCommandNeedsFocusAndRowsOfOneKind)
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_TRUE(sent.empty());
     Click(*view, 1);
-    QTest::keyClick(&view->ActiveView(),
-                    Qt::Key_Down);  // moves to a file without a selection check
+    QTest::keyClick(&view->ActiveView(), Qt::Key_Down);  // keys select without a check
     doc.UpdateAllViews(nullptr, HINT_DELETE);
     EXPECT_EQ(sent.size(), 1U);
     EXPECT_TRUE(view->FilesSelected());

@@ -115,8 +115,7 @@ TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
         {"a\nb\r\tc", "a\\x0Ab\\x0D\\x09c"},
         {std::string("\0\x1F\x7F", 3), "\\x00\\x1F\\x7F"},
         {"\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80", "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80"},
-        {"\xC2\x80\xC2\x9F\xC2\xA0",
-         "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},  // C1 controls, and the first character after them
+        {"\xC2\x80\xC2\x9F\xC2\xA0", "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},  // C1 controls, then U+00A0
         {"\xFF"
          "a\xE4z",
          "\\xFFa\\xE4z"},                                             // Latin-1

@@ -25,11 +25,10 @@ public:
         bool operator==(const Box&) const = default;
     };
 
-    std::deque<PromptAnswer> answers;    // one per box, then `answer`
-    std::optional<PromptAnswer> answer;  // to all other questions; none: No or Cancel
-    std::deque<std::optional<std::string>>
-        files;                        // one per file dialog; further ones are cancelled
-    std::function<void()> whileOpen;  // called while a box is open; may be null
+    std::deque<PromptAnswer> answers;              // one per box, then `answer`
+    std::optional<PromptAnswer> answer;            // to all other questions; none: No or Cancel
+    std::deque<std::optional<std::string>> files;  // one per file dialog; others are cancelled
+    std::function<void()> whileOpen;               // called while a box is open; may be null
 
     std::vector<Box> boxes;
     std::vector<std::string> asked;  // the texts of the boxes
