@@ -19,7 +19,8 @@ FileEntryForm CFileDlg::MakeForm(const PaneAnswers& panes, bool bFiles, bool bDe
             m_strDest = panes.tree->destPath;
         }
         if (!bDelete) {
-            names = NamesOfDropText(panes.tree->dropText);
+            names = panes.tree->dropNames.empty() ? NamesOfDropText(panes.tree->dropText)
+                                                  : panes.tree->dropNames;
         }
     }
     if (bDelete && panes.list) {
@@ -38,7 +39,7 @@ bool CFileDlg::DoModal(const PaneAnswers& panes, bool bFiles, const CDirCopy* en
     FileEntryWindow window(m_services, std::move(form));
     const bool ok = window.exec() == QDialog::Accepted;
     if (ok) {
-        m_strDest = window.Form().dest;
+        m_strDest = bDelete ? m_strDest : window.Form().dest;
         values = ValuesOf(window.Form());
     } else if (window.PickedDest()) {
         m_strDest = *window.PickedDest();

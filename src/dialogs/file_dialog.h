@@ -14,7 +14,8 @@
 
 namespace quorbit {
 
-// Lives as long as its document. Remembers the destination between uses.
+// Lives as long as its document. Remembers the destination between uses, except that of a delete
+// entry.
 class CFileDlg final : public FileDialog {
 public:
     explicit CFileDlg(DialogServices services) : m_services(std::move(services)) {}

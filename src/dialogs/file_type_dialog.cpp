@@ -34,7 +34,8 @@ bool CFileTypeDlg::DoModal(const PaneAnswers& panes, const CDirCopy* entry, bool
     const bool ok = window.exec() == QDialog::Accepted;
     if (ok) {
         m_strSource = window.Form().source;
-        m_strDest = window.Form().dest;
+        // A delete dialog does not show its destination, which is below the remembered one.
+        m_strDest = bDelete ? m_strDest : window.Form().dest;
         values = ValuesOf(window.Form());
     } else {
         m_strSource = window.PickedSource().value_or(m_strSource);

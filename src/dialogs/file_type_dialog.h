@@ -14,7 +14,8 @@
 
 namespace quorbit {
 
-// Lives as long as its document. Remembers both folders between uses.
+// Lives as long as its document. Remembers both folders between uses; the destination of a delete
+// entry, which no run uses, is not remembered.
 class CFileTypeDlg final : public FileTypeDialog {
 public:
     explicit CFileTypeDlg(DialogServices services) : m_services(std::move(services)) {}

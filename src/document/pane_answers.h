@@ -21,6 +21,9 @@ struct TreeAnswers {
     std::string currentPath;
     // The last drop: D and a path, or F and names separated by ", "; empty if there was none.
     std::string dropText;
+    // The names of a drop that came from the file list of this window, unchanged: a name that
+    // contains a comma cannot be told from two names in dropText. Empty for any other drop.
+    std::vector<std::string> dropNames;
     bool deleteMode = false;  // the command creates a delete entry
 };
 

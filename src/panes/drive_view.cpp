@@ -238,6 +238,7 @@ void CDriveView::AnswerDocument(PaneAnswers& answers) const
                     .deletePath = GetDeletePath(),
                     .currentPath = CurrentPath(),
                     .dropText = DropText(),
+                    .dropNames = {},
                     .deleteMode = DeleteMode()};
 }
 

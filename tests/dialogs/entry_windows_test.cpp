@@ -101,7 +101,8 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
 {
     tree.currentPath = "/from";
     tree.destPath = "/to";
-    tree.dropText = "Fb, a";
+    tree.dropText = "Fb, a, with, comma";
+    tree.dropNames = {"b", "a", "with, comma"};
     CFileDlg dialog(services);
     EntryValues values;
     InNextDialog([](QDialog& window) {
@@ -112,7 +113,7 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
     ASSERT_TRUE(dialog.DoModal({tree, list}, true, nullptr, false, values));
     EXPECT_EQ(values.m_strSource, "/from");
     EXPECT_EQ(values.m_strDest, "/to");
-    EXPECT_EQ(values.m_listItems, (Names{"a", "b"}));
+    EXPECT_EQ(values.m_listItems, (Names{"a", "b", "with, comma"}));
     EXPECT_EQ(values.m_dwFlags, DCF_NO_ATTRS | DCF_SYNC);
 
     // The next dialog keeps only the destination. A name with a comma is not split.
@@ -123,6 +124,28 @@ TEST_F(EntryWindowsTest, NewFileEntryBeginsWithTheDrop)
     EXPECT_EQ(values.m_strDest, "/to");
     EXPECT_EQ(values.m_listItems, Names{"x, y"});
     EXPECT_EQ(values.m_dwFlags, DCF_NO_ATTRS | DCF_DELETE);
+}
+
+TEST_F(EntryWindowsTest, DeleteEntriesDoNotChangeTheRememberedDestination)
+{
+    tree.deletePath = "/from/sub";
+    tree.destPath = "/to";
+    tree.currentPath = "/from";
+    CFileTypeDlg dialog(services);
+    EntryValues values;
+    const auto use = [&](bool bDelete) {
+        InNextDialog([](QDialog& window) {
+            Click(window, "P&rocess all file types (*.*)");
+            Click(window, "OK");
+        });
+        ASSERT_TRUE(dialog.DoModal({tree, list}, nullptr, bDelete, values));
+    };
+    use(false);
+    tree.destPath.clear();
+    for (int i = 0; i < 3; ++i) {
+        use(true);
+        EXPECT_EQ(values.m_strDest, "/to/from/sub");
+    }
 }
 
 TEST_F(EntryWindowsTest, CopyOfFoldersTellsThatEveryTypeIsTaken)
