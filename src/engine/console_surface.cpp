@@ -98,6 +98,12 @@ void ConsoleSurface::ShowError(std::string_view text)
     m_streams.error(line + Printable(text) + "\n");
 }
 
+void ConsoleSurface::ShowWarning(std::string_view text)
+{
+    Erase();
+    m_streams.error("quorbit: warning: " + Printable(text) + "\n");
+}
+
 bool ConsoleSurface::AskYesNo(std::string_view, std::string_view)
 {
     return false;

@@ -33,6 +33,7 @@ public:
     void AddBytes(std::uint64_t bytes) override;
     void OnPhase(RunPhase phase, std::int32_t total) override;
     void ShowError(std::string_view text) override;
+    void ShowWarning(std::string_view text) override;
     // Returns No: an unattended run asks no questions.
     bool AskYesNo(std::string_view text, std::string_view caption) override;
     void ShowMessage(std::string_view text, std::string_view caption, PromptIcon icon) override;

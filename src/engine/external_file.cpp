@@ -108,7 +108,7 @@ void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dw
     FlushLog(ctx);
     const Status ran = RunScript(ctx, path, dwFlags);
     if (!ran) {
-        ReportFileError(ctx, ran.GetError());
+        ReportFileError(ctx, {RunOperation::RunScript, path, {}}, ran.GetError());
     }
     TakeOffUnit(ctx);
 }

@@ -3,6 +3,8 @@
 
 #include "engine/failure_policy.h"
 
+#include <utility>
+
 #include "batch/settings.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
@@ -29,10 +31,17 @@ void AskToStop(CRunContext& ctx, const std::string& message, std::string_view ca
     }
 }
 
+void Keep(CRunContext& ctx, ProblemSeverity severity, ProblemSubject subject, ErrorKind kind,
+          std::string text)
+{
+    ctx.m_problems.Add({severity, ctx.m_nEntry, std::move(subject), kind, std::move(text)});
+}
+
 }  // namespace
 
-void ReportFileError(CRunContext& ctx, const Error& error)
+void ReportFileError(CRunContext& ctx, ProblemSubject subject, const Error& error)
 {
+    Keep(ctx, ProblemSeverity::Error, std::move(subject), error.Kind(), error.Text());
     const std::string reason = error.Text();
     // The log format ends system messages with a line end of their own (docs/run-log.md).
     const std::string text = reason + "\r\n";
@@ -48,12 +57,21 @@ void ReportFileError(CRunContext& ctx, const Error& error)
     }
 }
 
-void ReportInvalidSource(CRunContext& ctx, const std::string& folder)
+void ReportInvalidSource(CRunContext& ctx, const std::string& folder, const Error& error)
 {
+    Keep(ctx, ProblemSeverity::Error, {RunOperation::ListFolder, folder, {}}, error.Kind(),
+         error.Text());
     AskCancelRun(ctx, kInvalidSource + folder);
     // The log line has no path, so show it on the surface.
     ShowCurrentFile(ctx, folder, false, true);
     ReportError(ctx, kInvalidSource, kInvalidSource);
+}
+
+void ReportWarning(CRunContext& ctx, ProblemSubject subject, ErrorKind kind, std::string text)
+{
+    const std::string& path = subject.source.empty() ? subject.destination : subject.source;
+    ctx.m_pDlg->ShowWarning(path.empty() ? text : path + ": " + text);
+    Keep(ctx, ProblemSeverity::Warning, std::move(subject), kind, std::move(text));
 }
 
 void AskCancelRun(CRunContext& ctx, const std::string& message)

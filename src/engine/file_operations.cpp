@@ -102,12 +102,19 @@ Status TryCopy(const Transfer& transfer)
     return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
 }
 
+void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
+{
+    const std::string& name = transfer.item.name;
+    ReportFileError(transfer.ctx,
+                    {operation, transfer.source.path + name, transfer.dest.Path() + name}, error);
+}
+
 // Copies the file and reports a failure. Returns true on success.
-bool Copy(const Transfer& transfer)
+bool Copy(const Transfer& transfer, RunOperation operation)
 {
     const Status copied = TryCopy(transfer);
     if (!copied) {
-        ReportFileError(transfer.ctx, copied.GetError());
+        ReportTransferError(transfer, operation, copied.GetError());
     }
     return copied.Ok();
 }
@@ -116,7 +123,7 @@ void CopyPlainly(Transfer& transfer, bool destinationExists)
 {
     ShowAction(transfer.ctx, "Copying File.");
     transfer.options.expectMissing = !destinationExists;
-    if (Copy(transfer)) {
+    if (Copy(transfer, RunOperation::Copy)) {
         Raise(transfer.ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
     }
 }
@@ -137,7 +144,7 @@ bool CopyIntoNewFolder(Transfer transfer)
     if (copied) {
         Raise(ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
     } else if (ctx.m_pFiles->StillThere(*transfer.dest.Handle())) {
-        ReportFileError(ctx, copied.GetError());
+        ReportTransferError(transfer, RunOperation::Copy, copied.GetError());
     } else {
         return false;
     }
@@ -147,7 +154,7 @@ bool CopyIntoNewFolder(Transfer transfer)
 void CopyNewer(const Transfer& transfer)
 {
     ShowAction(transfer.ctx, "Sync File.");
-    if (Copy(transfer)) {
+    if (Copy(transfer, RunOperation::Sync)) {
         Raise(transfer.ctx, &CRunContext::m_nSyncCount, RunCounter::Sync);
     }
 }
@@ -164,7 +171,7 @@ void CopyWithBackup(Transfer& transfer)
     if (rotation == Rotation::Linked) {
         transfer.options.replaceReadOnly = true;
     }
-    if (Copy(transfer)) {
+    if (Copy(transfer, RunOperation::Backup)) {
         Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
     } else if (rotation == Rotation::Linked) {
         // Remove the plain name of the old version, so that the next run copies the file. If this
@@ -215,7 +222,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     }
     if (!existing) {
         ShowAction(ctx, "Copying File.");
-        ReportFileError(ctx, existing.GetError());
+        ReportTransferError(transfer, RunOperation::Copy, existing.GetError());
         return;
     }
     TransferBeside(transfer, *existing, dwFlags);
@@ -228,7 +235,8 @@ void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::stri
     if (deleted) {
         Raise(ctx, &CRunContext::m_nDeleteCount, RunCounter::Delete);
     } else {
-        ReportFileError(ctx, deleted.GetError());
+        ReportFileError(ctx, {RunOperation::DeleteFile, source.path + name, {}},
+                        deleted.GetError());
     }
 }
 
@@ -253,7 +261,7 @@ void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& des
         created = dest.Create(like);
         if (!created) {
             ShowCurrentFile(ctx, asGiven, false, true);
-            ReportFileError(ctx, created.GetError());
+            ReportFileError(ctx, {RunOperation::CreateFolder, source, asGiven}, created.GetError());
             return;
         }
     }

@@ -14,13 +14,22 @@
 namespace quorbit {
 namespace {
 
-void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
-                      const WalkRules& rules)
+// Reports a failure on an item of the tree that the log does not list.
+void ReportItemError(CRunContext& ctx, RunOperation operation, const std::string& path,
+                     const Error& error)
+{
+    ShowCurrentFile(ctx, path, false, true);
+    ReportFileError(ctx, {operation, path, {}}, error);
+}
+
+void DeleteListedFile(CRunContext& ctx, const Folder& folder, const std::string& path,
+                      FindData& item, const WalkRules& rules)
 {
     if (!rules.Has(DCF_NO_ATTRS)) {
         const Status known = ctx.m_pFiles->ReadAttributes(folder, item);
         if (!known) {
-            return ReportFileError(ctx, known.GetError());
+            return ReportItemError(ctx, RunOperation::DeleteFile, path + item.name,
+                                   known.GetError());
         }
     }
     if (!rules.PassesFilter(item.attributes) ||
@@ -29,7 +38,7 @@ void DeleteListedFile(CRunContext& ctx, const Folder& folder, FindData& item,
     }
     const Status deleted = ctx.m_pFiles->DeleteFile(folder, item.name);
     if (!deleted) {
-        ReportFileError(ctx, deleted.GetError());
+        ReportItemError(ctx, RunOperation::DeleteFile, path + item.name, deleted.GetError());
     }
 }
 
@@ -99,7 +108,7 @@ void ShowFolderDeletion(CRunContext& ctx, const std::string& path)
 void RefuseDeletion(CRunContext& ctx, const std::string& path, const Error& error)
 {
     ShowFolderDeletion(ctx, path);
-    ReportFileError(ctx, error);
+    ReportFileError(ctx, {RunOperation::DeleteFolder, path, {}}, error);
     TakeOffUnit(ctx);
 }
 
@@ -116,7 +125,7 @@ void DeleteWholeVolume(CRunContext& ctx, const std::string& path, const WalkRule
     }
     DeleteFolderTree(ctx, **folder, path, rules);
     ShowFolderDeletion(ctx, path);
-    ReportFileError(ctx, Error(ErrorKind::Busy));
+    ReportFileError(ctx, {RunOperation::DeleteFolder, path, {}}, Error(ErrorKind::Busy));
     TallyDeletion(ctx);
 }
 
@@ -133,7 +142,7 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
     for (;;) {
         const auto more = items->Next(item);
         if (!more) {
-            return ReportFileError(ctx, more.GetError());
+            return ReportItemError(ctx, RunOperation::ListFolder, path, more.GetError());
         }
         if (!*more) {
             return;
@@ -142,7 +151,7 @@ void DeleteFolderTree(CRunContext& ctx, const Folder& folder, const std::string&
         if (item.kind == ItemKind::Folder) {
             DeleteListedFolder(ctx, folder, path, item, rules);
         } else {
-            DeleteListedFile(ctx, folder, item, rules);
+            DeleteListedFile(ctx, folder, path, item, rules);
         }
     }
 }
@@ -153,7 +162,7 @@ void RemoveFolder(CRunContext& ctx, const Folder& parent, const std::string& nam
     ShowFolderDeletion(ctx, path);
     const Status removed = ctx.m_pFiles->RemoveFolder(parent, name);
     if (!removed) {
-        ReportFileError(ctx, removed.GetError());
+        ReportFileError(ctx, {RunOperation::DeleteFolder, path, {}}, removed.GetError());
     }
 }
 

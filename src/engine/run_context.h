@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -16,6 +17,7 @@
 #include "engine/elapsed_clock.h"
 #include "engine/exit_code.h"
 #include "engine/run_log.h"
+#include "engine/run_problems.h"
 #include "engine/run_surface.h"
 #include "platform/file_system.h"
 #include "platform/path_text.h"
@@ -54,6 +56,8 @@ struct CRunContext {
     std::int32_t m_nDidntSyncCount = 0;  // skipped by a sync because the source was not newer
     std::int32_t m_nBackupCount = 0;     // copied by an incremental backup
     std::int32_t m_nErrorCount = 0;
+    std::size_t m_nEntry = RunProblem::kNoEntry;  // the entry being processed
+    RunProblems m_problems;                       // kept after the run
 
     int m_nExitCode = kExitOk;  // of the process; set only with kRunInvisible or kRunAndQuit
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "engine/entry_plan.h"
 #include "engine/external_file.h"
@@ -108,13 +109,16 @@ bool RunPasses(CRunContext& ctx, std::string& total)
 // first, because a sync may take long.
 void SyncDestinations(CRunContext& ctx)
 {
+    ctx.m_nEntry = RunProblem::kNoEntry;
     FlushLog(ctx);
     if (!ctx.m_bSyncAtEnd) {
         return;
     }
     const Status synced = ctx.m_pFiles->SyncWritten();
     if (!synced) {
-        ReportFileError(ctx, synced.GetError());
+        // It is not about the file that was processed last.
+        ShowCurrentFile(ctx, {}, false, true);
+        ReportFileError(ctx, {RunOperation::WriteToDisk, {}, {}}, synced.GetError());
     }
 }
 
@@ -151,8 +155,10 @@ bool CountEntries(CRunContext& ctx)
 bool ProcessEntries(CRunContext& ctx)
 {
     ReadAheadPolicy readAhead;
-    for (const CDirCopy& entry : ctx.m_pDoc->m_arrEntries) {
-        if (g_bStopRun || !ProcessEntry(ctx, entry, readAhead) || g_bStopRun) {
+    const std::vector<CDirCopy>& entries = ctx.m_pDoc->m_arrEntries;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        ctx.m_nEntry = i;
+        if (g_bStopRun || !ProcessEntry(ctx, entries[i], readAhead) || g_bStopRun) {
             return false;
         }
     }

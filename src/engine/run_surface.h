@@ -42,6 +42,9 @@ public:
 
     // Shows an error, which is already logged and counted. text has no line end.
     virtual void ShowError(std::string_view text) = 0;
+    // Shows a warning, which is neither logged nor counted. text names the file and has no line
+    // end.
+    virtual void ShowWarning(std::string_view text) = 0;
     // Asks a Yes/No question and returns true for Yes. An empty caption stands for the name of the
     // application.
     virtual bool AskYesNo(std::string_view text, std::string_view caption) = 0;

@@ -92,13 +92,13 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
         return false;
     }
     if (!opened) {
-        ReportInvalidSource(m_ctx, source);
+        ReportInvalidSource(m_ctx, source, opened.GetError());
         return true;
     }
     const SourceFolder folder{source, **opened};
     auto items = FolderItems::List(*m_ctx.m_pFiles, folder.handle);
     if (!items) {
-        ReportInvalidSource(m_ctx, source);
+        ReportInvalidSource(m_ctx, source, items.GetError());
         return true;
     }
     FlushLogIfDue(m_ctx);
@@ -108,7 +108,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
         const auto more = queue.Next(item);
         if (!more) {
             // Report it: an incomplete listing must not look like the end of the folder.
-            ReportFileError(m_ctx, more.GetError());
+            ReportFileError(m_ctx, {RunOperation::ListFolder, source, {}}, more.GetError());
             return true;
         }
         if (!*more || g_bStopRun || !ProcessItem(folder, dest, item)) {
@@ -174,7 +174,10 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
     if (!known) {
         // The file was removed after it was listed, or its details cannot be read.
         ShowAction(m_ctx, m_rules.Deletes() ? "Delete File." : "Copying File.");
-        ReportFileError(m_ctx, known.GetError());
+        ReportFileError(m_ctx,
+                        {m_rules.Deletes() ? RunOperation::DeleteFile : RunOperation::Copy, m_path,
+                         m_rules.Deletes() ? std::string() : m_destPath},
+                        known.GetError());
         return true;
     }
     if (!m_rules.PassesFilter(item.data.attributes)) {

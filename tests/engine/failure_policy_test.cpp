@@ -61,6 +61,35 @@ TEST_F(FailurePolicyTest, PromptsOnlyWhereThatIsAllowed)
     }
 }
 
+TEST_F(FailurePolicyTest, EveryErrorIsKeptWithItsEntryAndItsFiles)
+{
+    Write({"source/a=x", "gone/sub/x=1"});
+    const RunResult run =
+        Run({Entry(kAll), Entry(kAll, "@/none"), Entry(kDelete | DCF_DELETE_FOLDER, "@/gone", "")},
+            [](FailingFileSystem& disk) {
+                disk.FailAlways(Call::CopyFile, Error(ErrorKind::DiskFull));
+                disk.FailAt(Call::DeleteFile, 1, Error(ErrorKind::Busy));
+                disk.FailAlways(Call::RemoveFolder, Error(ErrorKind::NotEmpty));
+            });
+    const std::tuple<std::size_t, RunOperation, const char*, const char*, ErrorKind> expected[] = {
+        {0, RunOperation::Copy, "@/source/a", "@/dest/a", ErrorKind::DiskFull},
+        {1, RunOperation::ListFolder, "@/none/", "", ErrorKind::Missing},
+        {2, RunOperation::DeleteFile, "@/gone/sub/x", "", ErrorKind::Busy},
+        {2, RunOperation::DeleteFolder, "@/gone/sub/", "", ErrorKind::NotEmpty},
+        {2, RunOperation::DeleteFolder, "@/gone/", "", ErrorKind::NotEmpty}};
+    ASSERT_EQ(run.problems.Kept().size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        const RunProblem& problem = run.problems.Kept()[i];
+        const auto& [entry, operation, source, destination, kind] = expected[i];
+        EXPECT_EQ(problem.severity, ProblemSeverity::Error);
+        EXPECT_EQ(problem.entry, entry);
+        EXPECT_EQ(problem.subject.operation, operation);
+        EXPECT_EQ(problem.subject.source, Path(source));
+        EXPECT_EQ(problem.subject.destination, Path(destination));
+        EXPECT_EQ(problem.kind, kind);
+    }
+}
+
 TEST_F(FailurePolicyTest, YesStopsTheRun)
 {
     m_nRunMode = kRunAndQuit;

@@ -40,6 +40,7 @@ struct Totals {
 
 struct RunResult {
     RecordingSurface surface;
+    RunProblems problems;
     std::string log;       // the whole file
     std::string counters;  // those other than 0: "left 1 copy 2 error 1"
     int exitCode = 0;
@@ -118,6 +119,7 @@ protected:
         result.exitCode = start.pRun->m_nExitCode;
         result.log = ContentOf(LogPath());
         result.counters = CountersOf(*start.pRun);
+        result.problems = start.pRun->m_problems;
         return result;
     }
 

@@ -28,6 +28,7 @@ public:
     std::vector<Box> prompts;
     std::vector<Box> messages;
     std::vector<std::string> errors;
+    std::vector<std::string> warnings;
     std::vector<std::pair<RunText, std::string>> texts;
     std::map<RunCounter, std::vector<std::int32_t>> counters;  // every value shown
     std::vector<std::string> phases;                           // "counting", "processing 3", ...
@@ -51,6 +52,7 @@ public:
         }
     }
     void ShowError(std::string_view text) override { errors.emplace_back(text); }
+    void ShowWarning(std::string_view text) override { warnings.emplace_back(text); }
     bool AskYesNo(std::string_view text, std::string_view caption) override
     {
         prompts.push_back({std::string(text), std::string(caption)});

@@ -35,6 +35,9 @@ void DialogSurface::OnPhase(RunPhase phase, std::int32_t total)
 // Does nothing: the error is in the log and in the error counter.
 void DialogSurface::ShowError(std::string_view) {}
 
+// Does nothing: the problems of the run keep it.
+void DialogSurface::ShowWarning(std::string_view) {}
+
 bool DialogSurface::AskYesNo(std::string_view text, std::string_view caption)
 {
     return m_prompt.Ask(
