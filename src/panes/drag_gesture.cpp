@@ -7,13 +7,12 @@
 #include <QDrag>
 #include <utility>
 
-#include "panes/drag_payload.h"
-
 namespace quorbit {
 
 void DragGesture::Press(const QMouseEvent& event)
 {
-    m_button = event.button();
+    const bool drags = event.button() == Qt::LeftButton || event.button() == Qt::RightButton;
+    m_button = drags ? event.button() : Qt::NoButton;
     m_start = event.position().toPoint();
 }
 
@@ -34,10 +33,10 @@ bool DragGesture::Release(const QMouseEvent& event)
            event.button() == std::exchange(m_button, Qt::NoButton);
 }
 
-void RunDrag(QWidget& source, const std::string& payload, Qt::MouseButton button)
+void RunDrag(QWidget& source, const DragContent& content, Qt::MouseButton button)
 {
     auto* drag = new QDrag(&source);  // Qt deletes it when the drag is over
-    drag->setMimeData(MakeDragData(payload, button).release());
+    drag->setMimeData(MakeDragData(content, button).release());
     drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
 }
 

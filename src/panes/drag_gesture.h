@@ -10,12 +10,14 @@
 #include <QPoint>
 #include <QWidget>
 #include <functional>
-#include <string>
+
+#include "panes/drag_payload.h"
 
 namespace quorbit {
 
 class DragGesture {
 public:
+    // Other buttons start nothing.
     void Press(const QMouseEvent& event);
     // Returns the pressed button when a drag starts, once per press; its release is then not a
     // click. Returns NoButton otherwise.
@@ -32,8 +34,8 @@ private:
     QPoint m_start;
 };
 
-// Runs a drag with a payload from drag_payload.h. Blocks until it is dropped or cancelled.
-using DragRunner = std::function<void(QWidget&, const std::string&, Qt::MouseButton)>;
-void RunDrag(QWidget& source, const std::string& payload, Qt::MouseButton button);
+// Runs a drag. Blocks until it is dropped or cancelled.
+using DragRunner = std::function<void(QWidget&, const DragContent&, Qt::MouseButton)>;
+void RunDrag(QWidget& source, const DragContent& content, Qt::MouseButton button);
 
 }  // namespace quorbit

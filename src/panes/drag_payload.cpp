@@ -5,7 +5,11 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QUuid>
 #include <QVariant>
+#include <utility>
+
+#include "platform/path_text.h"
 
 namespace quorbit {
 
@@ -20,25 +24,86 @@ QString PlainText()
     return QStringLiteral("text/plain");
 }
 
-}  // namespace
-
-std::string FolderPayload(std::string_view path)
+QString NamesFormat()
 {
-    std::string payload(kMark);
-    payload.append("D").append(path).push_back('\0');
-    return payload;
+    return QStringLiteral("application/x-quorbit-names");
 }
 
-std::string ListPayload(const std::vector<std::string>& names)
+// Differs in every process, also on different machines that share a display.
+const std::string& ThisProcess()
 {
-    std::string payload(kMark);
-    payload += 'F';
+    static const std::string id = QUuid::createUuid().toByteArray().toStdString();
+    return id;
+}
+
+QByteArray Bytes(std::string_view text)
+{
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+QByteArray EncodeNames(const std::vector<std::string>& names)
+{
+    std::string encoded = ThisProcess() + '\0';
+    for (const std::string& name : names) {
+        encoded.append(name).push_back('\0');
+    }
+    return Bytes(encoded);
+}
+
+// Returns nullopt if the names are from another process.
+std::optional<std::vector<std::string>> DecodeNames(const QByteArray& data)
+{
+    std::vector<std::string> names;
+    for (const QByteArray& name : data.split('\0')) {
+        names.push_back(name.toStdString());
+    }
+    if (names.front() != ThisProcess()) {
+        return std::nullopt;
+    }
+    names.erase(names.begin());
+    if (!names.empty()) {
+        names.pop_back();  // after the last zero byte
+    }
+    return names;
+}
+
+// Returns the plain text of a drag from any program, or nullopt if it has none.
+std::optional<std::string> TextOf(const QMimeData& data)
+{
+    if (data.hasFormat(PlainText())) {
+        return data.data(PlainText()).toStdString();
+    }
+    return data.hasText() ? std::optional(data.text().toStdString()) : std::nullopt;
+}
+
+bool IsAbsolute(std::string_view path)
+{
+    return path.starts_with('/') || IsDrivePath(path);
+}
+
+}  // namespace
+
+DragContent FolderDrag(std::string_view path)
+{
+    return {.text = std::string("D").append(path), .names = {}};
+}
+
+DragContent ListDrag(std::vector<std::string> names)
+{
+    std::string text = "F";
     const char* between = "";
     for (const std::string& name : names) {
-        payload.append(between).append(name);
+        text.append(between).append(name);
         between = ", ";
     }
-    payload.resize((payload.size() + kBlock - 1) / kBlock * kBlock);
+    return {.text = std::move(text), .names = std::move(names)};
+}
+
+std::string PayloadOf(const DragContent& content)
+{
+    std::string payload = std::string(kMark) + content.text;
+    const std::size_t blocks = (payload.size() + kBlock - 1) / kBlock;
+    payload.resize(content.IsList() ? blocks * kBlock : payload.size() + 1);
     return payload;
 }
 
@@ -49,20 +114,37 @@ std::optional<std::string> ReadPayload(std::string_view block)
                                    : std::nullopt;
 }
 
-std::unique_ptr<QMimeData> MakeDragData(std::string_view payload, Qt::MouseButton button)
+std::unique_ptr<QMimeData> MakeDragData(const DragContent& content, Qt::MouseButton button)
 {
     auto data = std::make_unique<QMimeData>();
-    data->setData(PlainText(), QByteArray(payload.data(), static_cast<qsizetype>(payload.size())));
+    data->setData(PlainText(), Bytes(PayloadOf(content)));
+    if (!content.names.empty()) {
+        data->setData(NamesFormat(), EncodeNames(content.names));
+    }
     data->setProperty(kButton, static_cast<int>(button));
     return data;
 }
 
-std::optional<std::string> TextOf(const QMimeData& data)
+std::optional<DragContent> ReadDrag(const QMimeData& data)
 {
-    if (data.hasFormat(PlainText())) {
-        return data.data(PlainText()).toStdString();
+    const auto block = TextOf(data);
+    auto text = block ? ReadPayload(*block) : std::nullopt;
+    if (!text) {
+        return std::nullopt;
     }
-    return data.hasText() ? std::optional(data.text().toStdString()) : std::nullopt;
+    DragContent content{.text = std::move(*text), .names = {}};
+    if (!content.IsList()) {
+        const bool valid = content.text.starts_with('D') && IsAbsolute(content.FolderPath());
+        return valid ? std::optional(std::move(content)) : std::nullopt;
+    }
+    if (data.hasFormat(NamesFormat())) {
+        auto names = DecodeNames(data.data(NamesFormat()));
+        if (!names) {
+            return std::nullopt;
+        }
+        content.names = std::move(*names);
+    }
+    return content;
 }
 
 Qt::MouseButton ButtonOf(const QMimeData& data)

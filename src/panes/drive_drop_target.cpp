@@ -7,8 +7,6 @@
 #include <chrono>
 #include <utility>
 
-#include "panes/drag_payload.h"
-
 namespace quorbit {
 
 namespace {
@@ -17,10 +15,9 @@ constexpr std::chrono::milliseconds kHoverTick{1000};
 constexpr int kHoverTicks = 3;  // expands a node at this count, which starts at 1: after two ticks
 constexpr std::chrono::milliseconds kScrollTick{100};
 
-std::optional<std::string> PayloadOf(const QMimeData* data)
+std::optional<DragContent> ContentOf(const QMimeData* data)
 {
-    const auto text = data != nullptr ? TextOf(*data) : std::nullopt;
-    return text ? ReadPayload(*text) : std::nullopt;
+    return data != nullptr ? ReadDrag(*data) : std::nullopt;
 }
 
 }  // namespace
@@ -51,26 +48,26 @@ void DriveDropTarget::Move(QDragMoveEvent& event)
     m_position = event.position().toPoint();
     Hover(m_position);
     Scroll(m_position.y());
-    const ShellTreeNode* under = m_highlight.Get();
-    const bool taken =
-        under != nullptr && under != m_tree.RootNode() && PayloadOf(event.mimeData()).has_value();
+    const bool taken = Destination() && ContentOf(event.mimeData());
     event.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
     event.setAccepted(taken);
+}
+
+std::optional<std::string> DriveDropTarget::Destination() const
+{
+    const ShellTreeNode* node = m_highlight.Get();
+    return node != nullptr ? node->Path() : std::nullopt;
 }
 
 void DriveDropTarget::Hover(const QPoint& position)
 {
     const ShellTreeNode* under = NodeOf(m_tree.itemAt(position));
-    if (under != m_dropNode.Get()) {
+    if (under != m_highlight.Get()) {
         StopHover();
-    }
-    if (under == nullptr) {
-        return;
     }
     m_tree.SetHighlight(under);
     m_highlight = NodeRef(m_tree, under);
-    m_dropNode = m_highlight;
-    if (m_nHoverCount == 0) {
+    if (under != nullptr && m_nHoverCount == 0) {
         m_hoverTimer.start();
         m_nHoverCount = 1;
     }
@@ -139,14 +136,10 @@ void DriveDropTarget::Leave()
 
 void DriveDropTarget::Drop(QDropEvent& event)
 {
-    const TreeDrop drop{m_highlight, event.position().toPoint(),
-                        m_keyState.testFlag(Qt::RightButton)};
+    auto content = ContentOf(event.mimeData());
+    auto destination = Destination();
     EndDrag();
-    const auto payload = PayloadOf(event.mimeData());
-    const ShellTreeNode* on = drop.node.Get();
-    m_strDropText = payload.value_or("");
-    if (!payload || on == nullptr || on == m_tree.RootNode()) {
-        m_strDropText.clear();
+    if (!content || !destination) {
         event.setDropAction(Qt::IgnoreAction);
         event.ignore();
         return;
@@ -154,7 +147,12 @@ void DriveDropTarget::Drop(QDropEvent& event)
     // Always report a copy: after a move, the source program might delete its data.
     event.setDropAction(Qt::CopyAction);
     event.accept();
-    QTimer::singleShot(0, &m_hoverTimer, [this, drop] { m_onDrop(drop); });
+    QTimer::singleShot(
+        0, &m_hoverTimer,
+        [this, drop = TreeDrop{std::move(*content), std::move(*destination),
+                               event.position().toPoint(), m_keyState.testFlag(Qt::RightButton)}] {
+            m_onDrop(drop);
+        });
 }
 
 }  // namespace quorbit

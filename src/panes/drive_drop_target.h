@@ -10,16 +10,19 @@
 #include <QDropEvent>
 #include <QTimer>
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "panes/drag_payload.h"
 #include "panes/node_ref.h"
 
 namespace quorbit {
 
 // A drop of a drag from one of the panes onto a node.
 struct TreeDrop {
-    NodeRef node;
-    QPoint position;  // in the viewport
+    DragContent content;
+    std::string destPath;  // of the node, as bytes
+    QPoint position;       // in the viewport
     bool rightButton = false;
 };
 
@@ -32,19 +35,15 @@ public:
     // Records the button of the drag: the pressed buttons, or if the platform reports none, the one
     // stored in the data.
     void Enter(QDragEnterEvent& event);
-    // Accepts drags from the panes over any node but the root node. Highlights the node under any
-    // drag and expands it after two seconds.
+    // Accepts drags from the panes over nodes that have a path. Highlights the node under any drag
+    // and expands it after two seconds.
     void Move(QDragMoveEvent& event);
     void Leave();
     void Drop(QDropEvent& event);
 
-    // The destination: the last node under a drag, also after the drag has ended. Null if there is
-    // none or it was removed.
-    [[nodiscard]] ShellTreeNode* DropNode() const { return m_dropNode.Get(); }
-    // The last drop: D and a path, or F and names. Empty if the drop was not accepted.
-    [[nodiscard]] const std::string& DropText() const { return m_strDropText; }
-
 private:
+    // Returns the path of the node under the drag; nullopt if there is none.
+    [[nodiscard]] std::optional<std::string> Destination() const;
     void Hover(const QPoint& position);
     void OnHoverTick();
     void StopHover();
@@ -54,11 +53,9 @@ private:
 
     ShellTree& m_tree;
     std::function<void(const TreeDrop&)> m_onDrop;
-    NodeRef m_dropNode;
-    NodeRef m_highlight;
+    NodeRef m_highlight;  // the node under the drag
     NodeRef m_savedSelection;
     Qt::MouseButtons m_keyState;  // buttons when the drag entered
-    std::string m_strDropText;
     int m_nHoverCount = 0;
     QTimer m_hoverTimer;
     QAbstractSlider::SliderAction m_scrollAction = QAbstractSlider::SliderNoAction;

@@ -136,18 +136,14 @@ void CDriveView::OnSelected(ShellTreeNode* node)
     if (node == nullptr) {
         return;
     }
-    if (node == RootNode()) {
-        m_strCurrentPath = kMyComputer;
-    } else {
-        GetItemPath(node, m_strCurrentPath);
-    }
+    m_strCurrentPath = node->Path().value_or(kMyComputer);
     RefreshFileList();
 }
 
 void CDriveView::RefreshFileList()
 {
-    if (const ShellTreeItem* item = GetSelectedItemData()) {
-        const TreeItemHint hint(*item);
+    if (const ShellTreeNode* node = SelectedNode()) {
+        const TreeItemHint hint(node->Item(), node->text(0).toStdString());
         m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_SELECTED, &hint);
     }
 }
@@ -171,50 +167,10 @@ void CDriveView::SaveLayout() const
         {{Setting::DriveViewSizeX, width()}, {Setting::DriveViewSizeY, height()}});
 }
 
-std::string CDriveView::GetSourcePath() const
-{
-    if (m_bSourceIsList) {
-        return m_strCurrentPath;
-    }
-    const ShellTreeNode* node = m_sourceItem.Get();
-    if (node == nullptr) {
-        m_strSourcePath.clear();
-    } else {
-        GetItemPath(node, m_strSourcePath);
-    }
-    return m_strSourcePath;
-}
-
-std::string CDriveView::GetDestPath() const
-{
-    const ShellTreeNode* node = m_dropTarget.DropNode();
-    if (node == nullptr) {
-        m_strDestPath.clear();
-    } else {
-        GetItemPath(node, m_strDestPath);
-    }
-    return m_strDestPath;
-}
-
-std::string CDriveView::GetDeletePath() const
-{
-    const ShellTreeNode* context = std::exchange(m_contextItem, {}).Get();
-    // Never return the path of an earlier call: this folder will be deleted.
-    m_strSourcePath.clear();
-    GetItemPath(context != nullptr ? context : SelectedNode(), m_strSourcePath);
-    return m_strSourcePath;
-}
-
 const ShellTreeItem* CDriveView::GetSelectedItemData() const
 {
     const ShellTreeNode* node = SelectedNode();
     return node != nullptr ? &node->Item() : nullptr;
-}
-
-std::string CDriveView::GetSelectedText() const
-{
-    const ShellTreeNode* node = SelectedNode();
-    return node != nullptr ? node->text(0).toStdString() : std::string();
 }
 
 void CDriveView::OnUpdate(CView*, int nHint, const HintObject* object)
@@ -226,8 +182,7 @@ void CDriveView::OnUpdate(CView*, int nHint, const HintObject* object)
             m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_NOT_FOUND, &hint);
         });
     } else if (nHint == HINT_DELETE && m_bFocus && SelectedNode() != nullptr) {
-        m_contextItem = {};  // set by a context menu that was dismissed
-        SetUpDelete();
+        SetUpDelete(SelectedNode()->Path().value_or(""));
     }
 }
 
@@ -238,82 +193,85 @@ void CDriveView::AnswerDocument(PaneAnswers& answers) const
                     .deletePath = GetDeletePath(),
                     .currentPath = CurrentPath(),
                     .dropText = DropText(),
-                    .dropNames = {},
+                    .dropNames = m_lastDrop.content.names,
                     .deleteMode = DeleteMode()};
+}
+
+const CommandMap<CDriveView>& CDriveView::Commands()
+{
+    static const CommandMap<CDriveView> map{
+        {CMD_REFRESH, &CDriveView::Refresh},
+        {CMD_DROP_ADD_FILE_TYPES, &CDriveView::AddFromDrop},
+        {CMD_DROP_ADD_DEFAULT,
+         [](CDriveView& tree) { tree.m_services.postCommand(CMD_ADD_DEFAULT); }},
+        {CMD_DROP_ADD_ALL,
+         [](CDriveView& tree) { tree.m_services.postCommand(CMD_ADD_DEFAULT_ALL); }},
+        {CMD_DELETE_SETUP, [](CDriveView& tree) { tree.SetUpDelete(tree.m_strContextPath); }},
+        // Handled here only to disable it for a node without a path; else the document sends
+        // HINT_DELETE.
+        {CMD_DELETE, [](CDriveView&) {},
+         [](const CDriveView& tree) {
+             const ShellTreeNode* node = tree.SelectedNode();
+             const bool pathless = tree.m_bFocus && (node == nullptr || !node->Path());
+             return pathless ? std::optional(CommandState{.enabled = false}) : std::nullopt;
+         }},
+    };
+    return map;
 }
 
 bool CDriveView::OnCommand(int nId)
 {
-    switch (nId) {
-        case CMD_REFRESH:
-            Refresh();
-            return true;
-        case CMD_DROP_ADD_FILE_TYPES:
-            m_services.postCommand(DropText().starts_with('F') ? CMD_NEW_FILE_ENTRY
-                                                               : CMD_NEW_FILE_TYPE_ENTRY);
-            return true;
-        case CMD_DROP_ADD_DEFAULT:
-            m_services.postCommand(CMD_ADD_DEFAULT);
-            return true;
-        case CMD_DROP_ADD_ALL:
-            m_services.postCommand(CMD_ADD_DEFAULT_ALL);
-            return true;
-        case CMD_DELETE_SETUP:
-            SetUpDelete();
-            return true;
-        default:
-            return false;
-    }
+    return Commands().Run(*this, nId);
 }
 
 bool CDriveView::OnUpdateCommand(int nId, CommandState& state)
 {
-    if (nId != CMD_REFRESH && (nId < CMD_DROP_ADD_FILE_TYPES || nId > CMD_DELETE_SETUP)) {
-        return false;
-    }
-    state.enabled = true;
-    return true;
+    return Commands().Update(*this, nId, state);
 }
 
-void CDriveView::SetUpDelete()
+void CDriveView::AddFromDrop()
 {
+    m_services.postCommand(m_lastDrop.content.IsList() ? CMD_NEW_FILE_ENTRY
+                                                       : CMD_NEW_FILE_TYPE_ENTRY);
+}
+
+// Without a path there is no folder to delete, and the dialog would show that of its last use.
+void CDriveView::SetUpDelete(const std::string& path)
+{
+    if (path.empty()) {
+        return;
+    }
+    m_strDeletePath = path;
     m_bDeleteMode = true;
     // Returns after the dialog has closed, so the mode applies to this dialog only.
     m_services.sendCommand(CMD_NEW_FILE_TYPE_ENTRY);
     m_bDeleteMode = false;
 }
 
-void CDriveView::SetSource(const ShellTreeNode* node)
-{
-    m_sourceItem = NodeRef(*this, node);
-    m_bSourceIsList = false;
-}
-
 void CDriveView::OnDropped(const TreeDrop& drop)
 {
-    const ShellTreeNode* node = drop.node.Get();
-    const bool fromList = DropText().starts_with('F');
-    m_bSourceIsList = fromList;
-    std::string destination;
-    const bool same = node != nullptr &&
-                      (fromList ? GetItemPath(node, destination) && destination == m_strCurrentPath
-                                : node == m_sourceItem.Get());
-    if (same) {
+    m_lastDrop = drop;
+    m_strSourcePath = drop.content.IsList() ? m_strCurrentPath : drop.content.FolderPath();
+    if (m_strSourcePath == drop.destPath) {
         m_services.pPrompts->Ask("Warning you are trying to copy to the same directory.", {},
                                  PromptIcon::Exclamation, PromptButtons::Ok);
     }
     if (drop.rightButton) {
         OpenMenu(CMD_DROP_ADD_FILE_TYPES, CMD_DROP_ADD_ALL, viewport()->mapToGlobal(drop.position));
+        // A default entry takes the source folder whole, and "My Computer" is none.
+        for (QAction* action : m_pPopupMenu->actions().mid(1)) {
+            action->setEnabled(m_strSourcePath != kMyComputer);
+        }
     } else {
-        OnCommand(CMD_DROP_ADD_FILE_TYPES);
+        AddFromDrop();
     }
 }
 
 void CDriveView::OpenContextMenu(const ShellTreeNode* node, const QPoint& screenPosition)
 {
-    SetSource(node);
-    if (node != nullptr && node != RootNode()) {
-        m_contextItem = NodeRef(*this, node);
+    const auto path = node != nullptr ? node->Path() : std::nullopt;
+    if (path) {
+        m_strContextPath = *path;
         OpenMenu(CMD_DELETE_SETUP, CMD_DELETE_SETUP, screenPosition);
     }
 }

@@ -13,13 +13,12 @@
 #include <optional>
 #include <string>
 
+#include "document/command_map.h"
 #include "document/entry_dialogs.h"
 #include "document/view.h"
 #include "panes/drag_gesture.h"
 #include "panes/drive_drop_target.h"
 #include "panes/drive_refresh.h"
-#include "panes/folder_tree.h"
-#include "panes/node_ref.h"
 #include "panes/pane_services.h"
 #include "panes/shell_tree.h"
 #include "platform/shell/shell_list_item.h"
@@ -34,7 +33,7 @@ enum : int {
     CMD_DELETE_SETUP = 1003,
 };
 
-class CDriveView final : public ShellTree, public CView, public FolderTree {
+class CDriveView final : public ShellTree, public CView {
 public:
     // Starts to fill the tree, unless the program was started to run or show a batch (nRunMode is
     // not 0). Copies the services. Does not add the view to the document.
@@ -57,20 +56,21 @@ public:
     // Saves the size of the pane to the profile, unless the frame is minimised.
     void SaveLayout() const;
 
-    // Path of the source of the last drag or context menu. After a drag from the file list, the
-    // folder that the list shows.
-    [[nodiscard]] std::string GetSourcePath() const;
-    // Path of the node of the last drop. Returns the previous result if that node has no path
-    // ("Network Neighborhood"), or an empty string if the node was removed.
-    [[nodiscard]] std::string GetDestPath() const;
-    [[nodiscard]] std::string GetDeletePath() const;
+    // Paths of the last accepted drop, empty before the first: the dragged folder, or the folder
+    // that the file list showed when its rows were dropped; and the folder of the drop.
+    [[nodiscard]] std::string GetSourcePath() const { return m_strSourcePath; }
+    [[nodiscard]] std::string GetDestPath() const { return m_lastDrop.destPath; }
+    [[nodiscard]] std::string DropText() const { return m_lastDrop.content.text; }
+    // Path of the folder of the last delete setup.
+    [[nodiscard]] std::string GetDeletePath() const { return m_strDeletePath; }
     [[nodiscard]] bool DeleteMode() const { return m_bDeleteMode; }
+    // Path of the selected folder. kMyComputer for the root node and for "Network Neighborhood",
+    // whose rows are drives, too: entries name drives by their whole paths.
     [[nodiscard]] std::string CurrentPath() const { return m_strCurrentPath; }
-    [[nodiscard]] std::string DropText() const { return m_dropTarget.DropText(); }
 
-    // FolderTree
-    [[nodiscard]] const ShellTreeItem* GetSelectedItemData() const override;
-    [[nodiscard]] std::string GetSelectedText() const override;
+    // Returns the record of the selected node, or null if no node is selected. Owned by the tree;
+    // valid until control returns to the event loop.
+    [[nodiscard]] const ShellTreeItem* GetSelectedItemData() const;
 
     // CView
     [[nodiscard]] ViewKind Kind() const override { return ViewKind::DriveTree; }
@@ -102,21 +102,21 @@ private:
     void Refresh();
     void SearchListRow(const ShellListItem& row, const std::function<void()>& onMissing);
     void BeginDrag(Qt::MouseButton button);
+    [[nodiscard]] static const CommandMap<CDriveView>& Commands();
     void OnDropped(const TreeDrop& drop);
-    void SetSource(const ShellTreeNode* node);
+    void AddFromDrop();
     void OpenContextMenu(const ShellTreeNode* node, const QPoint& screenPosition);
     void OpenMenu(int firstCommand, int lastCommand, const QPoint& screenPosition);
-    void SetUpDelete();
+    void SetUpDelete(const std::string& path);
 
     PaneServices m_services;
     bool m_bFocus = false;
-    bool m_bDeleteMode = false;           // while the dialog of a delete setup is open
-    std::string m_strCurrentPath;         // of the last selected folder, or "My Computer"
-    mutable std::string m_strSourcePath;  // previous results
-    mutable std::string m_strDestPath;
-    NodeRef m_sourceItem;           // start of a drag, or the node of a context menu
-    bool m_bSourceIsList = false;   // the last drop came from the file list
-    mutable NodeRef m_contextItem;  // for the delete setup, which clears it
+    bool m_bDeleteMode = false;    // while the dialog of a delete setup is open
+    std::string m_strCurrentPath;  // of the last selected folder, or kMyComputer
+    TreeDrop m_lastDrop;
+    std::string m_strSourcePath;  // of m_lastDrop
+    std::string m_strDeletePath;
+    std::string m_strContextPath;  // of the folder on which the context menu was opened
     std::unique_ptr<QMenu> m_pPopupMenu;
     DragGesture m_gesture;
     DragRunner m_runDrag = RunDrag;

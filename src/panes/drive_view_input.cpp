@@ -7,7 +7,6 @@
 #include <QFocusEvent>
 #include <QMouseEvent>
 
-#include "panes/drag_payload.h"
 #include "panes/drive_view.h"
 
 namespace quorbit {
@@ -24,7 +23,8 @@ void CDriveView::focusInEvent(QFocusEvent* event)
 void CDriveView::focusOutEvent(QFocusEvent* event)
 {
     ShellTree::focusOutEvent(event);
-    m_bFocus = false;
+    // A menu takes the focus only while it is used, and its commands apply to this pane.
+    m_bFocus = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
 }
 
 // A press on an item does not select it, because a drag may follow, which must not change the file
@@ -72,7 +72,6 @@ void CDriveView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
     ShellTreeNode* node = NodeOf(itemAt(position));
-    SetSource(node);
     m_gesture.Cancel();
     if (event->button() == Qt::LeftButton && node != nullptr &&
         visualItemRect(node).contains(position)) {
@@ -99,12 +98,9 @@ void CDriveView::BeginDrag(Qt::MouseButton button)
 {
     const ShellTreeNode* node = NodeOf(itemAt(m_gesture.Start()));
     std::string path;
-    if (!GetItemPath(node, path)) {
-        SetSource(nullptr);
-        return;
+    if (GetItemPath(node, path)) {
+        m_runDrag(*this, FolderDrag(path), button);
     }
-    SetSource(node);
-    m_runDrag(*this, FolderPayload(path), button);
 }
 
 void CDriveView::dragEnterEvent(QDragEnterEvent* event)

@@ -10,10 +10,8 @@
 #include <iterator>
 #include <utility>
 
-#include "panes/drag_payload.h"
 #include "panes/file_list_columns.h"
 #include "panes/file_list_item.h"
-#include "panes/folder_tree.h"
 #include "panes/pane_hints.h"
 #include "platform/path_text.h"
 #include "platform/shell/item_id_content.h"
@@ -45,14 +43,9 @@ constexpr ViewCommand kViewCommands[] = {
     {CMD_VIEW_ROW_DETAIL, ListStyle::Report, true},
 };
 
-const ViewCommand* FindViewCommand(int nId)
+const ViewCommand& ViewCommandOf(int nId)
 {
-    for (const ViewCommand& command : kViewCommands) {
-        if (command.nId == nId) {
-            return &command;
-        }
-    }
-    return nullptr;
+    return *std::ranges::find(kViewCommands, nId, &ViewCommand::nId);
 }
 
 }  // namespace
@@ -78,21 +71,14 @@ CFileView::~CFileView() = default;
 
 // --- filling ------------------------------------------------------------------------------------
 
-bool CFileView::ShowNode(const ShellTreeItem& node)
+void CFileView::ShowNode(const ShellTreeItem& node, const std::string& text)
 {
     if (node.m_pFolder == nullptr) {
-        return false;
+        return;
     }
-    const auto folder = node.m_pFolder->BindToObject(node.m_pidlItem);
-    return folder && ShowFolder(*folder);
-}
-
-void CFileView::ShowSelectedNode()
-{
-    const auto* tree = dynamic_cast<FolderTree*>(m_services.pDoc->GetView(ViewKind::DriveTree));
-    const ShellTreeItem* node = tree != nullptr ? tree->GetSelectedItemData() : nullptr;
-    if (node != nullptr) {
-        ShowNode(*node);
+    if (const auto folder = node.m_pFolder->BindToObject(node.m_pidlItem)) {
+        m_strParentText = text;
+        ShowFolder(*folder);
     }
 }
 
@@ -101,8 +87,6 @@ bool CFileView::ShowFolder(const ShellFolderPtr& folder)
     if (folder == nullptr) {
         return false;
     }
-    const auto* tree = dynamic_cast<FolderTree*>(m_services.pDoc->GetView(ViewKind::DriveTree));
-    m_strParentText = tree != nullptr ? tree->GetSelectedText() : std::string();
     m_folder = folder;
     m_nSortColumn = kFileName;
     m_sorter.Cancel();
@@ -180,7 +164,7 @@ bool CFileView::CheckSelection(int row, Qt::KeyboardModifiers modifiers)
     m_nSelectionKind = verdict.kind;
     if (verdict.warn) {
         WarnOfMixture();
-        ShowSelectedNode();
+        ShowFolder(m_folder);
         m_nSelectionKind = SelectionKind::None;
     }
     return verdict.uniform;
@@ -259,9 +243,9 @@ void CFileView::OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifie
     if (!CheckSelection(row, modifiers)) {
         return;
     }
-    const auto names = NamesOf(RowsToCheck(SelectedRows(), row));
+    auto names = NamesOf(RowsToCheck(SelectedRows(), row));
     if (!names.empty()) {
-        m_runDrag(*this, ListPayload(names), button);
+        m_runDrag(*this, ListDrag(std::move(names)), button);
     }
 }
 
@@ -271,7 +255,7 @@ void CFileView::OnUpdate(CView*, int nHint, const HintObject* object)
 {
     if (nHint == HINT_FOLDER_SELECTED) {
         if (const auto* hint = dynamic_cast<const TreeItemHint*>(object)) {
-            ShowNode(hint->Item());
+            ShowNode(hint->Item(), hint->Text());
         }
     } else if (nHint == HINT_DELETE && HasFocus() && !SelectedRows().empty()) {
         SetUpDelete();
@@ -299,53 +283,69 @@ void CFileView::AnswerDocument(PaneAnswers& answers) const
                     .selectedNames = GetSelectedNames()};
 }
 
+const CommandMap<CFileView>& CFileView::Commands()
+{
+    static const CommandMap<CFileView> map{
+        {CMD_VIEWS, &CFileView::NextStyle},
+        {{CMD_VIEW_LARGE_ICONS, CMD_VIEW_ROW_DETAIL},
+         &CFileView::SetStyleOf,
+         &CFileView::StateOfStyle},
+        // Handled here only to disable it while nothing is selected; else the document sends
+        // HINT_DELETE.
+        {CMD_DELETE, [](CFileView&) {},
+         [](const CFileView& list) {
+             const bool nothing = list.HasFocus() && list.SelectedRows().empty();
+             return nothing ? std::optional(CommandState{.enabled = false}) : std::nullopt;
+         }},
+    };
+    return map;
+}
+
 bool CFileView::OnCommand(int nId)
 {
-    if (nId == CMD_VIEWS) {
-        NextStyle();
-        return true;
+    return Commands().Run(*this, nId);
+}
+
+bool CFileView::OnUpdateCommand(int nId, CommandState& state)
+{
+    return Commands().Update(*this, nId, state);
+}
+
+void CFileView::SetStyleOf(int nId)
+{
+    const ViewCommand& command = ViewCommandOf(nId);
+    if (command.fullRow) {
+        SetFullRow(*command.fullRow);
     }
-    const ViewCommand* command = FindViewCommand(nId);
-    if (command == nullptr) {
-        return false;
+    if (Style() != command.style) {
+        SetStyle(command.style);
     }
-    if (command->fullRow) {
-        SetFullRow(*command->fullRow);
-    }
-    if (Style() != command->style) {
-        SetStyle(command->style);
-    }
-    return true;
+}
+
+std::optional<CommandState> CFileView::StateOfStyle(int nId) const
+{
+    const ViewCommand& command = ViewCommandOf(nId);
+    return CommandState{.enabled = true,
+                        .checked = command.style == Style() &&
+                                   command.fullRow.value_or(GetFullRow()) == GetFullRow()};
 }
 
 void CFileView::NextStyle()
 {
     switch (Style()) {
         case ListStyle::Icon:
-            OnCommand(CMD_VIEW_SMALL_ICONS);
+            SetStyleOf(CMD_VIEW_SMALL_ICONS);
             break;
         case ListStyle::SmallIcon:
-            OnCommand(CMD_VIEW_LIST);
+            SetStyleOf(CMD_VIEW_LIST);
             break;
         case ListStyle::List:
-            OnCommand(CMD_VIEW_REPORT);
+            SetStyleOf(CMD_VIEW_REPORT);
             break;
         case ListStyle::Report:
-            OnCommand(GetFullRow() ? CMD_VIEW_LARGE_ICONS : CMD_VIEW_ROW_DETAIL);
+            SetStyleOf(GetFullRow() ? CMD_VIEW_LARGE_ICONS : CMD_VIEW_ROW_DETAIL);
             break;
     }
-}
-
-bool CFileView::OnUpdateCommand(int nId, CommandState& state)
-{
-    const ViewCommand* command = FindViewCommand(nId);
-    if (command == nullptr && nId != CMD_VIEWS) {
-        return false;
-    }
-    state.enabled = true;
-    state.checked = command != nullptr && command->style == Style() &&
-                    command->fullRow.value_or(GetFullRow()) == GetFullRow();
-    return true;
 }
 
 void CFileView::SaveLayout() const

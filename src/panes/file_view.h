@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "document/command_map.h"
 #include "document/entry_dialogs.h"
 #include "panes/drag_gesture.h"
 #include "panes/file_list_model.h"
@@ -34,9 +35,8 @@ public:
                        DragRunner runDrag = RunDrag);
     ~CFileView() override;
 
-    // Clears the list and starts to fill it with the content of `folder`, the folder of the node
-    // selected in the tree. Rows are added by the event loop and finally sorted by name. Returns
-    // false if `folder` is null.
+    // Clears the list and starts to fill it with the content of `folder`. Rows are added by the
+    // event loop and finally sorted by name. Returns false if `folder` is null.
     bool ShowFolder(const ShellFolderPtr& folder);
     // Returns true while rows are being read or sorted.
     [[nodiscard]] bool IsReading() const { return m_feed != nullptr || m_sorter.IsRunning(); }
@@ -71,8 +71,7 @@ protected:
     void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    bool ShowNode(const ShellTreeItem& node);
-    void ShowSelectedNode();
+    void ShowNode(const ShellTreeItem& node, const std::string& text);
     void OnPortion(FolderBatch batch);
     void OnEnd(const std::optional<Error>& error);
     // TopRow keeps the top row in place while rows are added and sorted, if the user has scrolled
@@ -83,7 +82,11 @@ private:
     [[nodiscard]] std::vector<std::string> NamesOf(const std::vector<int>& rows) const;
     void WarnOfMixture() const;
     void SetUpDelete();
+    [[nodiscard]] static const CommandMap<CFileView>& Commands();
     void NextStyle();
+    // For the commands CMD_VIEW_LARGE_ICONS to CMD_VIEW_ROW_DETAIL.
+    void SetStyleOf(int nId);
+    [[nodiscard]] std::optional<CommandState> StateOfStyle(int nId) const;
 
     PaneServices m_services;
     DragRunner m_runDrag;
@@ -91,7 +94,7 @@ private:
     std::unique_ptr<FolderFeed> m_feed;  // while reading
     RowSorter m_sorter;
     ShellFolderPtr m_folder;      // the folder shown
-    std::string m_strParentText;  // display name of its node in the tree
+    std::string m_strParentText;  // text of its node in the tree
     int m_nSortColumn = 0;
     bool m_bDeleteMode = false;
     SelectionKind m_nSelectionKind = SelectionKind::None;

@@ -5,20 +5,29 @@
 
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "document/view.h"
 #include "platform/shell/shell_list_item.h"
 #include "platform/shell/shell_tree_item.h"
 
 namespace quorbit {
 
-// Sent with HINT_FOLDER_SELECTED. The item belongs to the tree.
+// Sent with HINT_FOLDER_SELECTED. The item belongs to the tree and is valid during the call.
 class TreeItemHint final : public HintObject {
 public:
-    explicit TreeItemHint(const ShellTreeItem& item) : m_item(item) {}
+    // `text` is the text of the node in the tree, UTF-8.
+    TreeItemHint(const ShellTreeItem& item, std::string text)
+        : m_item(item), m_strText(std::move(text))
+    {
+    }
     [[nodiscard]] const ShellTreeItem& Item() const { return m_item; }
+    [[nodiscard]] const std::string& Text() const { return m_strText; }
 
 private:
     const ShellTreeItem& m_item;
+    std::string m_strText;
 };
 
 // Sent with HINT_FOLDER_OPENED and HINT_FOLDER_NOT_FOUND. The item belongs to the sender and is

@@ -71,15 +71,15 @@ protected:
         Expand("D:\\");
         m_from = m_view->FindNodeByPath("D:\\from");
         m_to = m_view->FindNodeByPath("D:\\to");
-        m_view->SetDragRunner([this](QWidget&, const std::string& payload, Qt::MouseButton button) {
-            m_payloads.push_back(payload);
+        m_view->SetDragRunner([this](QWidget&, const DragContent& content, Qt::MouseButton button) {
+            m_dragged.push_back(content.text);
             m_button = button;
         });
     }
 
     ShellTreeNode* m_from = nullptr;
     ShellTreeNode* m_to = nullptr;
-    std::vector<std::string> m_payloads;
+    std::vector<std::string> m_dragged;
     Qt::MouseButton m_button = Qt::NoButton;
 };
 
@@ -87,17 +87,18 @@ TEST_F(DriveDropTest, DragsAFolderWithEitherButtonAndSelectsNothing)
 {
     MakeDrive();
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
-        m_payloads.clear();
+        m_dragged.clear();
         DragFrom(m_from, button);
-        EXPECT_THAT(m_payloads, ElementsAre(FolderPayload("D:\\from")));
+        EXPECT_THAT(m_dragged, ElementsAre("DD:\\from"));
         EXPECT_EQ(m_button, button);
-        EXPECT_EQ(m_view->GetSourcePath(), "D:\\from");
         EXPECT_EQ(m_view->CurrentPath(), "D:\\");
         EXPECT_EQ(m_view->PopupMenu(), nullptr) << "a drag is no click";
         DragFrom(m_view->RootNode(), button);
-        EXPECT_EQ(m_payloads.size(), 1U) << "it has no path";
-        EXPECT_EQ(m_view->GetSourcePath(), "");
+        EXPECT_EQ(m_dragged.size(), 1U) << "it has no path";
     }
+    DragFrom(m_from, Qt::MiddleButton);
+    EXPECT_EQ(m_dragged.size(), 1U);
+    EXPECT_EQ(m_view->GetSourcePath(), "") << "nothing was dropped";
     QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, PlaceOf(m_from));
     EXPECT_EQ(m_view->CurrentPath(), "D:\\from");
 }
@@ -105,8 +106,7 @@ TEST_F(DriveDropTest, DragsAFolderWithEitherButtonAndSelectsNothing)
 TEST_F(DriveDropTest, OpensTheDialogThatFitsWhatWasDropped)
 {
     MakeDrive();
-    DragFrom(m_from, Qt::LeftButton);
-    const auto folder = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
+    const auto folder = MakeDragData(FolderDrag("D:\\from"), Qt::LeftButton);
     EXPECT_TRUE(DragTo(*folder, m_to));
     EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_TYPE_ENTRY));
     EXPECT_EQ(m_view->DropText(), "DD:\\from");
@@ -114,10 +114,13 @@ TEST_F(DriveDropTest, OpensTheDialogThatFitsWhatWasDropped)
     EXPECT_EQ(m_view->GetDestPath(), "D:\\to");
     EXPECT_THAT(m_prompts.asked, IsEmpty());
 
-    const auto rows = MakeDragData(ListPayload({"a.txt", "b.txt"}), Qt::LeftButton);
+    const auto rows = MakeDragData(ListDrag({"a.txt", "b, c.txt"}), Qt::LeftButton);
     EXPECT_TRUE(DragTo(*rows, m_to));
     EXPECT_THAT(m_posted, ElementsAre(CMD_NEW_FILE_ENTRY));
-    EXPECT_EQ(m_view->DropText(), "Fa.txt, b.txt");
+    PaneAnswers answers;
+    m_view->AnswerDocument(answers);
+    EXPECT_EQ(answers.tree->dropText, "Fa.txt, b, c.txt");
+    EXPECT_THAT(answers.tree->dropNames, ElementsAre("a.txt", "b, c.txt"));
     EXPECT_EQ(m_view->GetSourcePath(), "D:\\") << "the folder that the list shows";
     EXPECT_EQ(m_view->PopupMenu(), nullptr);
 }
@@ -139,7 +142,7 @@ TEST_F(DriveDropTest, TheRightButtonAsksWhatToMake)
     };
     for (const Case& c : cases) {
         const auto data =
-            MakeDragData(c.list ? ListPayload({"x"}) : FolderPayload("D:\\from"), Qt::RightButton);
+            MakeDragData(c.list ? ListDrag({"x"}) : FolderDrag("D:\\from"), Qt::RightButton);
         // Some platforms report no buttons during a drag.
         EXPECT_TRUE(DragTo(*data, m_to, c.list ? Qt::NoButton : Qt::RightButton));
         EXPECT_THAT(m_posted, IsEmpty());
@@ -154,22 +157,58 @@ TEST_F(DriveDropTest, TheRightButtonAsksWhatToMake)
     }
 }
 
-TEST_F(DriveDropTest, RefusesWhatIsNotOursAndTheRootNode)
+TEST_F(DriveDropTest, TheSourceIsWhatIsDroppedNotWhatWasDraggedBefore)
+{
+    MakeDrive();
+    struct Case {
+        std::string selected;
+        DragContent drag;
+        std::string source;
+        bool warned;
+    };
+    // A folder drag may come from another window.
+    for (const Case& c : {Case{"D:\\from", FolderDrag("/elsewhere"), "/elsewhere", false},
+                          Case{"D:\\from", ListDrag({"x"}), "D:\\from", false},
+                          Case{"D:\\from", FolderDrag("D:\\to"), "D:\\to", true},
+                          Case{"D:\\to", ListDrag({"sub"}), "D:\\to", true}}) {
+        DragFrom(m_from, Qt::LeftButton);  // and given up
+        GoTo(c.selected);
+        EXPECT_TRUE(DragTo(*MakeDragData(c.drag, Qt::LeftButton), m_to));
+        EXPECT_EQ(m_view->GetSourcePath(), c.source);
+        EXPECT_EQ(m_view->GetDestPath(), "D:\\to");
+        EXPECT_EQ(m_prompts.asked.size(), c.warned ? 1U : 0U) << c.source;
+    }
+    // The rows of these nodes are drives, which a default entry cannot name.
+    for (int place = 0; place < 2; ++place) {
+        m_view->setCurrentItem(m_view->topLevelItem(place));
+        EXPECT_TRUE(
+            DragTo(*MakeDragData(ListDrag({"D:\\"}), Qt::RightButton), m_to, Qt::RightButton));
+        EXPECT_EQ(m_view->GetSourcePath(), "My Computer");
+        std::vector<bool> enabled;
+        for (const QAction* row : m_view->PopupMenu()->actions()) {
+            enabled.push_back(row->isEnabled());
+        }
+        EXPECT_THAT(enabled, ElementsAre(true, false, false));
+        m_view->PopupMenu()->close();
+    }
+}
+
+TEST_F(DriveDropTest, RefusesWhatIsNotOursAndNodesWithoutAPath)
 {
     MakeDrive();
     QMimeData text;
     text.setText(QStringLiteral("qrbD/x"));
     QMimeData none;
-    const auto ours = MakeDragData(FolderPayload("D:\\from"), Qt::LeftButton);
+    const auto ours = MakeDragData(FolderDrag("D:\\from"), Qt::LeftButton);
     EXPECT_TRUE(DragTo(*ours, m_to));
     EXPECT_EQ(m_view->GetDestPath(), "D:\\to");
     EXPECT_FALSE(DragTo(text, m_to));
-    EXPECT_EQ(m_view->DropText(), "");
     EXPECT_FALSE(DragTo(none, m_to));
-    EXPECT_FALSE(DragTo(*ours, m_view->RootNode()));
-    EXPECT_EQ(m_view->DropText(), "");
-    EXPECT_THAT(m_posted, IsEmpty());
-    EXPECT_EQ(m_view->GetDestPath(), "D:\\to") << "the root node has none";
+    for (int place = 0; place < 2; ++place) {  // My Computer, Network Neighborhood
+        EXPECT_FALSE(DragTo(*ours, m_view->topLevelItem(place)));
+        EXPECT_THAT(m_posted, IsEmpty());
+        EXPECT_THAT(m_prompts.asked, IsEmpty());
+    }
 }
 
 }  // namespace

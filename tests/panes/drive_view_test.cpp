@@ -57,7 +57,7 @@ TEST_F(DriveViewTest, ReadsANodeOnceWhenItIsSelected)
     GoTo("D:\\a10\\x");
     EXPECT_EQ(m_view->CurrentPath(), "D:\\a10\\x");
     m_view->setCurrentItem(m_view->topLevelItem(1));
-    EXPECT_EQ(m_view->CurrentPath(), "D:\\a10\\x") << "the network has no path";
+    EXPECT_EQ(m_view->CurrentPath(), "My Computer") << "the network has no path";
     drive->setExpanded(false);
     m_view->setCurrentItem(m_view->RootNode());
     EXPECT_EQ(m_view->CurrentPath(), "My Computer");
@@ -165,15 +165,22 @@ TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
         QTest::mouseClick(m_view->viewport(), Qt::RightButton, {},
                           m_view->visualItemRect(item).center());
     };
-    rightClick(m_view->RootNode());
-    EXPECT_EQ(m_view->PopupMenu(), nullptr);
+    for (int place = 0; place < 2; ++place) {  // My Computer, Network Neighborhood
+        rightClick(m_view->topLevelItem(place));
+        EXPECT_EQ(m_view->PopupMenu(), nullptr);
+        m_view->setCurrentItem(m_view->topLevelItem(place));
+        m_view->OnUpdate(nullptr, HINT_DELETE, nullptr);
+        EXPECT_THAT(m_sent, IsEmpty()) << "no path, and none of an earlier use";
+        CommandState state;
+        EXPECT_TRUE(m_view->OnUpdateCommand(CMD_DELETE, state) && !state.enabled);
+    }
+    GoTo("D:\\a");
     rightClick(m_view->FindNodeByPath("D:\\b"));
     ASSERT_NE(m_view->PopupMenu(), nullptr);
     ASSERT_EQ(m_view->PopupMenu()->actions().size(), 1);
     EXPECT_EQ(m_view->PopupMenu()->actions()[0]->text().remove(QLatin1Char('&')),
               QStringLiteral("Delete Folder Setup"));
     EXPECT_EQ(SelectedPath(), "D:\\a") << "the right button selects nothing";
-    EXPECT_EQ(m_view->GetSourcePath(), "D:\\b");
     m_view->PopupMenu()->actions()[0]->trigger();
     QApplication::processEvents();
     EXPECT_THAT(m_sent, ElementsAre(CMD_NEW_FILE_TYPE_ENTRY));

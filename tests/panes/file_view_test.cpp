@@ -9,9 +9,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "panes/drag_payload.h"
 #include "panes/file_list_columns.h"
-#include "panes/folder_tree.h"
 #include "panes/list_test.h"
 #include "panes/pane_hints.h"
 
@@ -20,32 +18,18 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// A fake drive tree with one selected node.
-class SelectedNode : public FakeView, public FolderTree {
-public:
-    SelectedNode() : FakeView(ViewKind::DriveTree) {}
-    ShellTreeItem selected;
-    [[nodiscard]] const ShellTreeItem* GetSelectedItemData() const override { return &selected; }
-    [[nodiscard]] std::string GetSelectedText() const override { return "node"; }
-};
-
 class FileViewTest : public ListTest {
 protected:
     FileViewTest() { std::filesystem::create_directory(Path("data")); }
-    ~FileViewTest() override
-    {
-        doc.RemoveView(view.get());
-        doc.RemoveView(&tree);
-    }
+    ~FileViewTest() override { doc.RemoveView(view.get()); }
 
     void Make()
     {
         view = std::make_unique<CFileView>(
-            Services(), nullptr, [this](QWidget&, const std::string& payload, Qt::MouseButton b) {
-                drags.push_back(ReadPayload(payload).value_or("(foreign)"));
+            Services(), nullptr, [this](QWidget&, const DragContent& content, Qt::MouseButton b) {
+                drags.push_back(content.text);
                 buttons.push_back(b);
             });
-        doc.AddView(&tree);
         doc.AddView(view.get());
         Show(*view);
     }
@@ -64,9 +48,9 @@ protected:
     void Select(const std::string& name)
     {
         const ShellFolderPtr parent = BindTemp();
-        tree.selected = {parent, IdOf(*parent, name), {}};
-        const TreeItemHint hint(tree.selected);
-        doc.UpdateAllViews(&tree, HINT_FOLDER_SELECTED, &hint);
+        const ShellTreeItem node{parent, IdOf(*parent, name), {}};
+        const TreeItemHint hint(node, "node");
+        doc.UpdateAllViews(nullptr, HINT_FOLDER_SELECTED, &hint);
         Wait();
     }
     void Wait() const
@@ -91,9 +75,8 @@ protected:
         QTest::mouseRelease(viewport, button, {}, to);
     }
 
-    SelectedNode tree;
     std::unique_ptr<CFileView> view;
-    Texts drags;  // payloads without the "QRB" prefix
+    Texts drags;
     std::vector<Qt::MouseButton> buttons;
 };
 
@@ -166,6 +149,7 @@ TEST_F(FileViewTest, BothButtonsDragTheSelectedNamesInRowOrder)
     Drag(2, Qt::LeftButton);
     Drag(4, Qt::RightButton);
     EXPECT_EQ(drags, Texts({"Fa, c", "Fa, c"}));
+    Drag(2, Qt::MiddleButton);
     EXPECT_EQ(buttons, std::vector<Qt::MouseButton>({Qt::LeftButton, Qt::RightButton}));
     EXPECT_TRUE(CloseMenu(*view).empty()) << "a drag brings no menu";
     Drag(1, Qt::LeftButton);  // not selected before
