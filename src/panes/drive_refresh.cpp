@@ -31,16 +31,6 @@ std::string ParsingName(const ShellFolder& folder, ItemIdView id)
     return CShellPidl::GetItemName(folder, id, SHGDN_FORPARSING).value_or("");
 }
 
-// Shows the expand mark if a folder without subfolders now has some.
-void UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
-{
-    if ((attributes & SFGAO_HASSUBFOLDER) != 0 && node.m_fill == nullptr &&
-        node.childCount() == 0) {
-        node.m_bFilled = false;
-        node.SetMark(true);
-    }
-}
-
 }  // namespace
 
 // A read of one node's folder, or of the desktop, in progress.
@@ -81,17 +71,20 @@ void DriveRefresh::Start()
     UpdateExpandedChildren(nullptr);
 }
 
+// The selected node is read because the file list shows its new folders. A node without a path, the
+// network, is read because its shares come from the mount table, not from a disk.
 void DriveRefresh::UpdateIfOpen(ShellTreeNode& node)
 {
-    if (node.isExpanded() && node.m_bFilled) {
+    const bool open = node.isExpanded() || &node == m_tree.SelectedNode() || !node.Path();
+    if (open && node.m_bFilled) {
         Update(&node);
     }
 }
 
 void DriveRefresh::Update(ShellTreeNode* node)
 {
-    // Include hidden folders: their nodes stay as long as the folders exist. This also avoids
-    // reading the attributes of each folder.
+    // Include hidden folders, as when a node is filled. This also avoids reading the attributes of
+    // each folder.
     Begin(node, kAllFolders, &DriveRefresh::ApplyFolder);
 }
 
@@ -145,17 +138,13 @@ void DriveRefresh::OnBatch(Read& read, FolderBatch batch)
     }
 }
 
-// Returns the child nodes. For the desktop (null), only folders, without special places such as the
-// network.
+// Returns the child nodes. For the desktop (null), those that follow the root node.
 std::vector<ShellTreeNode*> DriveRefresh::Children(const ShellTreeNode* node) const
 {
     std::vector<ShellTreeNode*> children;
     const int count = node != nullptr ? node->childCount() : m_tree.topLevelItemCount();
     for (int i = node != nullptr ? 0 : 1; i < count; ++i) {
-        ShellTreeNode* child = NodeOf(node != nullptr ? node->child(i) : m_tree.topLevelItem(i));
-        if (node != nullptr || child->Path()) {
-            children.push_back(child);
-        }
+        children.push_back(NodeOf(node != nullptr ? node->child(i) : m_tree.topLevelItem(i)));
     }
     return children;
 }
@@ -193,32 +182,12 @@ void DriveRefresh::ApplyFolder(ShellTreeNode* node, const Read& read)
 {
     RemoveVanished(node, read);
     const ByName children = ChildrenByName(node);
-    bool missing = false;
+    bool added = false;
     for (const FolderItem& item : read.items) {
         const auto found = children.find(ParsingName(*read.folder, item.id));
         if (found != children.end()) {
             UpdateMark(*found->second, item.attributes);
-        } else {
-            missing = missing || IsFolderOnDisk(item);
-        }
-    }
-    if (missing) {
-        Begin(node, kFolders, &DriveRefresh::AddMissing);
-    }
-    if (node != nullptr) {
-        UpdateExpandedChildren(node);
-    }
-}
-
-// Inserts nodes for new folders. This listing excludes hidden folders, because a refresh does not
-// add them.
-void DriveRefresh::AddMissing(ShellTreeNode* node, const Read& read)
-{
-    const ByName children = ChildrenByName(node);
-    bool added = false;
-    for (const FolderItem& item : read.items) {
-        if (IsFolderOnDisk(item) && item.name != "Control Panel" &&
-            !children.contains(ParsingName(*read.folder, item.id))) {
+        } else if (m_tree.IsWanted(node, item)) {
             const int end = node != nullptr ? node->childCount() : m_tree.topLevelItemCount();
             m_tree.InsertNode(node, end, read.folder, item);
             added = true;
@@ -227,6 +196,14 @@ void DriveRefresh::AddMissing(ShellTreeNode* node, const Read& read)
     if (added) {
         m_tree.SortByText(node);
     }
+    if (node == nullptr) {
+        return;
+    }
+    if (node->childCount() == 0) {
+        node->setExpanded(false);
+        node->SetMark(false);
+    }
+    UpdateExpandedChildren(node);
 }
 
 void DriveRefresh::RemoveVanished(ShellTreeNode* node, const Read& read)
@@ -235,18 +212,24 @@ void DriveRefresh::RemoveVanished(ShellTreeNode* node, const Read& read)
     for (const FolderItem& item : read.items) {
         there.insert(ParsingName(*read.folder, item.id));
     }
-    bool removed = false;
     for (const auto& [name, child] : ChildrenByName(node)) {
         if (!there.contains(name)) {
             m_tree.RemoveNode(*child);
-            removed = true;
         }
     }
-    if (removed && node != nullptr && node->childCount() == 0) {
-        node->setExpanded(false);
-        // Read the folder again when it is next expanded.
-        node->m_bFilled = false;
-        node->SetMark(true);
+}
+
+// Updates the expand mark of a node without children.
+void DriveRefresh::UpdateMark(ShellTreeNode& node, std::uint32_t attributes)
+{
+    if (node.m_fill != nullptr || node.childCount() != 0) {
+        return;
+    }
+    const bool hasSubfolder = (attributes & SFGAO_HASSUBFOLDER) != 0;
+    node.m_bFilled = node.m_bFilled && !hasSubfolder;
+    node.SetMark(hasSubfolder);
+    if (hasSubfolder && &node == m_tree.SelectedNode()) {
+        m_tree.FillNode(node);
     }
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Updates a tree to match the disk: adds and removes drives, folders of the desktop, and folders
-// below expanded nodes. Existing nodes are kept. Each folder is read in a thread of its own, so a
+// Updates a tree to match the disk: adds and removes drives, network shares, folders of the desktop,
+// and folders below expanded nodes and below the selected node. Existing nodes are kept. Each folder is read in a thread of its own, so a
 // mount that does not respond blocks only its own node. A folder that cannot be read keeps its
 // nodes. User interface thread only.
 
@@ -47,9 +47,9 @@ private:
 
     void ApplyDrives(ShellTreeNode* root, const Read& read);
     void ApplyFolder(ShellTreeNode* node, const Read& read);
-    void AddMissing(ShellTreeNode* node, const Read& read);
 
     void RemoveVanished(ShellTreeNode* node, const Read& read);
+    void UpdateMark(ShellTreeNode& node, std::uint32_t attributes);
     void UpdateExpandedChildren(const ShellTreeNode* node);
     [[nodiscard]] std::vector<ShellTreeNode*> Children(const ShellTreeNode* node) const;
     [[nodiscard]] ByName ChildrenByName(const ShellTreeNode* node) const;

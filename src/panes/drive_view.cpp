@@ -51,6 +51,15 @@ ShellTreeNode* FindItem(ShellTreeNode* node, const ShellListItem& item)
     return nullptr;
 }
 
+FolderItem ItemOf(const ShellListItem& row)
+{
+    FolderItem item;
+    item.id = row.m_pidlItem;
+    item.attributes = row.m_dwAttributes;
+    item.name = row.m_szName;
+    return item;
+}
+
 }  // namespace
 
 CDriveView::CDriveView(PaneServices services, QWidget* parent)
@@ -110,9 +119,10 @@ void CDriveView::FindListRow(const ShellListItem& row, std::function<void()> onM
     ShellTreeNode* selected = SelectedNode();
     if (selected == nullptr || row.m_pFolder == nullptr) {
         onMissing();
-    } else if (selected->m_fill == nullptr) {
-        SearchListRow(row, onMissing);
     } else {
+        if (!selected->m_bFilled && IsWanted(selected, ItemOf(row))) {
+            selected->SetMark(true);  // the node was read before it had subfolders
+        }
         FillNode(*selected, [this, selected, row, onMissing = std::move(onMissing)] {
             if (SelectedNode() == selected) {
                 SearchListRow(row, onMissing);
@@ -123,7 +133,13 @@ void CDriveView::FindListRow(const ShellListItem& row, std::function<void()> onM
 
 void CDriveView::SearchListRow(const ShellListItem& row, const std::function<void()>& onMissing)
 {
-    ShellTreeNode* found = FindItem(SelectedNode(), row);
+    ShellTreeNode* selected = SelectedNode();
+    ShellTreeNode* found = FindItem(selected, row);
+    const FolderItem item = ItemOf(row);
+    if (found == nullptr && selected->m_bFilled && IsWanted(selected, item)) {
+        found = &InsertNode(selected, selected->childCount(), row.m_pFolder, item);
+        SortByText(selected);
+    }
     if (found != nullptr) {
         SelectNode(*found);
     } else {

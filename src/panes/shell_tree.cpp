@@ -135,14 +135,25 @@ void ShellTree::OnBatch(ShellTreeNode* node, FolderBatch batch)
     }
 }
 
+TreeVerdict ShellTree::Judge(const ShellTreeNode* parent, const FolderItem& item,
+                             std::size_t considered) const
+{
+    return m_filter({.attributes = item.attributes,
+                     .name = item.name,
+                     .topLevel = parent == nullptr,
+                     .belowFirst = parent != nullptr && parent == RootNode(),
+                     .considered = considered});
+}
+
+bool ShellTree::IsWanted(const ShellTreeNode* parent, const FolderItem& item) const
+{
+    return Judge(parent, item, 1) == TreeVerdict::Make;
+}
+
 void ShellTree::KeepWanted(ShellTreeNode* node, NodeFill& fill, std::vector<FolderItem> items) const
 {
     for (FolderItem& item : items) {
-        const TreeVerdict verdict = m_filter({.attributes = item.attributes,
-                                              .name = item.name,
-                                              .topLevel = node == nullptr,
-                                              .belowFirst = node != nullptr && node == RootNode(),
-                                              .considered = fill.m_nConsidered});
+        const TreeVerdict verdict = Judge(node, item, fill.m_nConsidered);
         fill.m_nConsidered += verdict == TreeVerdict::Skip ? 0 : 1;
         if (verdict == TreeVerdict::Make) {
             fill.m_wanted.push_back(std::move(item));
@@ -216,12 +227,13 @@ std::unique_ptr<ShellTreeNode> ShellTree::MakeNode(const ShellTreeNode* parent,
     return node;
 }
 
-void ShellTree::InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
-                           const FolderItem& item)
+ShellTreeNode& ShellTree::InsertNode(ShellTreeNode* parent, int place,
+                                     const ShellFolderPtr& folder, const FolderItem& item)
 {
-    std::unique_ptr<ShellTreeNode> node = MakeNode(parent, folder, item);
+    ShellTreeNode* node = MakeNode(parent, folder, item).release();  // now owned by the tree
     QTreeWidgetItem* above = parent != nullptr ? parent : invisibleRootItem();
-    above->insertChild(place, node.release());  // now owned by the tree
+    above->insertChild(place, node);
+    return *node;
 }
 
 void ShellTree::SortByText(ShellTreeNode* parent)

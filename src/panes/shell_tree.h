@@ -87,10 +87,13 @@ public:
 
     [[nodiscard]] const ShellFolderPtr& Desktop() const { return m_desktop; }
 
+    // Returns true if the filter accepts an item of the folder of `parent` that was found after the
+    // first ones; null means the top level.
+    [[nodiscard]] bool IsWanted(const ShellTreeNode* parent, const FolderItem& item) const;
     // Inserts a node for an item of `folder` at an index among the children of `parent`; null means
     // the top level.
-    void InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
-                    const FolderItem& item);
+    ShellTreeNode& InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
+                              const FolderItem& item);
     // Sorts the children by text, ignoring case. The top level (null) is sorted by CompareItemIds,
     // as it is when it is filled.
     void SortByText(ShellTreeNode* parent);
@@ -111,6 +114,8 @@ private:
     void OnCurrentChanged(QTreeWidgetItem* current, QTreeWidgetItem* previous);
     // A null node means the top level.
     void OnBatch(ShellTreeNode* node, FolderBatch batch);
+    [[nodiscard]] TreeVerdict Judge(const ShellTreeNode* parent, const FolderItem& item,
+                                    std::size_t considered) const;
     void KeepWanted(ShellTreeNode* node, NodeFill& fill, std::vector<FolderItem> items) const;
     void InsertWanted(ShellTreeNode* node, NodeFill& fill);
     void EndFill(ShellTreeNode* node, bool failed);

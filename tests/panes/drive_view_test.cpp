@@ -26,6 +26,8 @@ protected:
         ShellListItem row;
         row.m_pFolder = *folder.m_pFolder->BindToObject(folder.m_pidlItem);
         row.m_pidlItem = IdOf(*row.m_pFolder, name);
+        row.m_dwAttributes = AttributesOf(*row.m_pFolder, name);
+        row.m_szName = name;
         return row;
     }
     [[nodiscard]] std::string SelectedPath() const
@@ -127,14 +129,53 @@ TEST_F(DriveViewTest, RefreshFollowsTheDiskBelowExpandedNodes)
     WriteTree(Path("d"), {"Bb/", "a10/", "a2/sub/", ".h2/", "Control Panel/", "a/new/", "b/new/"});
     m_list.hints.clear();
     Refresh();
-    EXPECT_THAT(Texts("D:\\"), ElementsAre(".h", "a", "a10", "a2", "b", "Bb"))
-        << "by text, nothing hidden added, nothing that exists removed";
+    EXPECT_THAT(Texts("D:\\"),
+                ElementsAre(".h", ".h2", "a", "a10", "a2", "b", "Bb", "Control Panel"))
+        << "by text, nothing that exists removed";
     EXPECT_THAT(Texts("D:\\a"), ElementsAre("new", "y"));
-    EXPECT_THAT(Texts("D:\\b"), ElementsAre("z")) << "not expanded";
+    EXPECT_THAT(Texts("D:\\b"), ElementsAre("new")) << "selected, so the list shows it";
     EXPECT_TRUE(m_view->FindNodeByPath("D:\\a2")->HasMark());
     EXPECT_EQ(SelectedPath(), "D:\\b");
     EXPECT_THAT(m_list.hints, ElementsAre(HINT_FOLDER_SELECTED));
     EXPECT_EQ(m_list.folder, "D:\\b\\");
+}
+
+TEST_F(DriveViewTest, OpensAFolderThatIsNewerThanTheTree)
+{
+    Make({"leaf/", "full/x/"});
+    Expand("D:\\");
+    for (const std::string folder : {"leaf", "full"}) {
+        for (const std::string name : {"new", ".hidden"}) {
+            GoTo("D:\\" + folder);
+            std::filesystem::create_directory(Path("d/" + folder + "/" + name));
+            const ShellListItem row = Row(m_view->SelectedNode()->Item(), name);
+            m_view->OnUpdate(&m_list, HINT_FOLDER_OPENED,
+                             std::make_unique<ListItemHint>(row).get());
+            Settle();
+            EXPECT_EQ(SelectedPath(), "D:\\" + folder + "\\" + name);
+        }
+    }
+    EXPECT_THAT(Texts("D:\\leaf"), ElementsAre(".hidden", "new"));
+    EXPECT_THAT(Texts("D:\\full"), ElementsAre(".hidden", "new", "x"));
+}
+
+TEST_F(DriveViewTest, RefreshFollowsNetworkShares)
+{
+    Make({});
+    const QTreeWidgetItem* network = m_view->topLevelItem(1);
+    EXPECT_FALSE(NodeOf(network)->HasMark());
+    const std::string mounts = m_strMounts;
+    m_strMounts += "30 20 0:40 / /mnt/share rw - fuse.sshfs server:/x rw\n";
+    Refresh();
+    EXPECT_TRUE(NodeOf(network)->HasMark());
+    m_view->setCurrentItem(m_view->topLevelItem(1));
+    Settle();
+    EXPECT_EQ(Texts(network).size(), 1U);
+    m_view->setCurrentItem(m_view->RootNode());
+    m_strMounts = mounts;
+    Refresh();
+    EXPECT_THAT(Texts(network), IsEmpty()) << "else it takes drops into the bare mount point";
+    EXPECT_FALSE(NodeOf(network)->HasMark());
 }
 
 TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
