@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Updates a tree to match the disk: adds and removes drives, network shares, folders of the desktop,
-// and folders below expanded nodes and below the selected node. Existing nodes are kept. Each folder is read in a thread of its own, so a
-// mount that does not respond blocks only its own node. A folder that cannot be read keeps its
-// nodes. User interface thread only.
+// Updates a tree to match the disk: adds and removes drives, network shares, folders of the
+// desktop, and folders below expanded nodes and below the selected node. Existing nodes are kept.
+// Each folder is read in a thread of its own, so a mount that does not respond blocks only its own
+// node. A folder that cannot be read keeps its nodes. User interface thread only.
 
 #pragma once
 

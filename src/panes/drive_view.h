@@ -48,8 +48,8 @@ public:
     [[nodiscard]] ShellTreeNode* FindNodeByPath(std::string_view path) const;
     // Selects the node of a row of the file list: the first match in depth-first order, starting at
     // the selected node. If the children of the selected node are being read, searches when they
-    // are complete. A folder that is newer than the tree becomes a child of the selected node. Calls
-    // onMissing if no node matches, so for a row that is no folder.
+    // are complete. A folder that is newer than the tree becomes a child of the selected node.
+    // Calls onMissing if no node matches, so for a row that is no folder.
     void FindListRow(const ShellListItem& row, std::function<void()> onMissing);
     // Asks the other views to show the selected folder (HINT_FOLDER_SELECTED).
     void RefreshFileList();

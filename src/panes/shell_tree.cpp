@@ -227,8 +227,8 @@ std::unique_ptr<ShellTreeNode> ShellTree::MakeNode(const ShellTreeNode* parent,
     return node;
 }
 
-ShellTreeNode& ShellTree::InsertNode(ShellTreeNode* parent, int place,
-                                     const ShellFolderPtr& folder, const FolderItem& item)
+ShellTreeNode& ShellTree::InsertNode(ShellTreeNode* parent, int place, const ShellFolderPtr& folder,
+                                     const FolderItem& item)
 {
     ShellTreeNode* node = MakeNode(parent, folder, item).release();  // now owned by the tree
     QTreeWidgetItem* above = parent != nullptr ? parent : invisibleRootItem();
