@@ -115,6 +115,9 @@ EntryPlan PlanOf(const CDirCopy& entry)
         plan.steps.push_back(StepOfSource(entry, plan));
         return plan;
     }
+    if (entry.m_strSource != kMyComputer) {
+        plan.listSource = WithSeparator(entry.m_strSource);
+    }
     for (const std::string& item : entry.m_listItems) {
         plan.steps.push_back(StepOfListItem(entry, plan, item));
     }

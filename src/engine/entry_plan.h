@@ -40,8 +40,11 @@ struct PlanStep {
 };
 
 struct EntryPlan {
-    WalkRules rules;              // for all steps
-    std::string destination;      // of the entry, with a trailing separator; empty if unused
+    WalkRules rules;          // for all steps
+    std::string destination;  // of the entry, with a trailing separator; empty if unused
+    // The folder that contains the folders of a list, with a trailing separator; empty if there is
+    // none.
+    std::string listSource;
     std::vector<PlanStep> steps;  // in processing order
     // The count pass adds one unit for the entry, regardless of its steps.
     bool oneUnit = false;

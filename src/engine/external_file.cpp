@@ -109,6 +109,7 @@ void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dw
     const Status ran = RunScript(ctx, path, dwFlags);
     if (!ran) {
         ReportFileError(ctx, {RunOperation::RunScript, path, {}}, ran.GetError());
+        ShowCurrentFile(ctx, path, true, false);
     }
     TakeOffUnit(ctx);
 }

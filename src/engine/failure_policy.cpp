@@ -8,6 +8,7 @@
 #include "batch/settings.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
+#include "platform/path_text.h"
 
 namespace quorbit {
 namespace {
@@ -16,6 +17,7 @@ namespace {
 constexpr std::int32_t kErrorMaximum = 5;
 
 constexpr const char* kInvalidSource = "Source path is invalid. ";
+constexpr const char* kPathNotFound = "  Path not found:  ";
 constexpr const char* kCancelQuestion = "  Do you want to CANCEL file processing?";
 
 bool BoxesSuppressed(const CRunContext& ctx)
@@ -62,9 +64,10 @@ void ReportInvalidSource(CRunContext& ctx, const std::string& folder, const Erro
     Keep(ctx, ProblemSeverity::Error, {RunOperation::ListFolder, folder, {}}, error.Kind(),
          error.Text());
     AskCancelRun(ctx, kInvalidSource + folder);
-    // The log line has no path, so show it on the surface.
+    const std::string reason = error.Text();
     ShowCurrentFile(ctx, folder, false, true);
-    ReportError(ctx, kInvalidSource, kInvalidSource);
+    ReportError(ctx, kInvalidSource + (kPathNotFound + Printable(folder) + ": " + reason),
+                kInvalidSource + reason);
 }
 
 void ReportWarning(CRunContext& ctx, ProblemSubject subject, ErrorKind kind, std::string text)

@@ -59,6 +59,7 @@ Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
 
 // Probes the destination, and creates its folder if necessary. If the file exists, so does the
 // folder, which saves the check. Otherwise probes again if EnsureFolder opened a different folder.
+// If there is no folder, it is given up and its error reported.
 Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
 {
     TargetFolder& dest = transfer.dest;
@@ -70,7 +71,10 @@ Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
             return existing;
         }
     }
-    EnsureFolder(transfer.ctx, transfer.source.path, dest, dest.Path(), &transfer.source.handle);
+    if (!EnsureFolder(transfer.ctx, transfer.source.path, dest, dest.Path(),
+                      &transfer.source.handle)) {
+        return dest.WhyNotOpen();
+    }
     const bool same = asked && dest.Handle() && dest.Handle()->Identity() == *asked;
     return same ? existing : ProbeDestination(transfer);
 }
@@ -102,11 +106,15 @@ Status TryCopy(const Transfer& transfer)
     return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
 }
 
-void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
+ProblemSubject SubjectOf(const Transfer& transfer, RunOperation operation)
 {
     const std::string& name = transfer.item.name;
-    ReportFileError(transfer.ctx,
-                    {operation, transfer.source.path + name, transfer.dest.Path() + name}, error);
+    return {operation, transfer.source.path + name, transfer.dest.Path() + name};
+}
+
+void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
+{
+    ReportFileError(transfer.ctx, SubjectOf(transfer, operation), error);
 }
 
 // Copies the file and reports a failure. Returns true on success.
@@ -159,24 +167,75 @@ void CopyNewer(const Transfer& transfer)
     }
 }
 
-void CopyWithBackup(Transfer& transfer)
+void ReportTransferWarning(const Transfer& transfer, RunOperation operation, std::string text)
+{
+    ReportWarning(transfer.ctx, SubjectOf(transfer, operation), ErrorKind::Other, std::move(text));
+}
+
+// Restores the state before the rotation, so that the next run finds the old version under its
+// plain name.
+void UndoRotation(const Transfer& transfer, const FindData& old, const Rotation& rotation)
+{
+    const Status undone =
+        TakeBackNumber(*transfer.ctx.m_pFiles, *transfer.dest.Handle(), old, rotation);
+    if (!undone) {
+        ReportTransferWarning(transfer, RunOperation::Backup,
+                              "The old version is still named " + rotation.numbered + ": " +
+                                  undone.GetError().Text());
+    }
+}
+
+// old: the file that the copy replaces.
+void CopyWithBackup(Transfer& transfer, const FindData& old)
 {
     CRunContext& ctx = transfer.ctx;
-    const std::string& name = transfer.item.name;
-    const Rotation rotation = RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), name);
-    ShowAction(ctx, rotation == Rotation::NoneFree ? "Didn't backup file. Backup max reached."
-                                                   : "Incrementing backup.");
+    const auto rotation =
+        RotateBackup(*ctx.m_pFiles, *transfer.dest.Handle(), old.name, transfer.source.handle);
+    const bool noneFree = rotation && rotation->outcome == Rotation::Outcome::NoneFree;
+    ShowAction(ctx, noneFree ? "Didn't backup file. Backup max reached." : "Incrementing backup.");
+    if (!rotation) {
+        return ReportTransferError(transfer, RunOperation::Backup, rotation.GetError());
+    }
     // The old version is safe under its number, so its read-only attribute no longer protects the
     // plain name.
-    if (rotation == Rotation::Linked) {
+    if (rotation->outcome == Rotation::Outcome::Linked) {
         transfer.options.replaceReadOnly = true;
     }
-    if (Copy(transfer, RunOperation::Backup)) {
-        Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
-    } else if (rotation == Rotation::Linked) {
-        // Remove the plain name of the old version, so that the next run copies the file. If this
-        // fails, the next run only numbers the same version again.
-        (void)ctx.m_pFiles->DeleteFile(*transfer.dest.Handle(), name);
+    if (!Copy(transfer, RunOperation::Backup)) {
+        return UndoRotation(transfer, old, *rotation);
+    }
+    Raise(ctx, &CRunContext::m_nBackupCount, RunCounter::Backup);
+    if (noneFree) {
+        ReportTransferWarning(transfer, RunOperation::Backup,
+                              "The old version was replaced: all its version numbers are in use");
+    }
+}
+
+// Warns of a file that is skipped because its time says so, although it differs. It may be damaged
+// or belong to another file, and no later run would replace it.
+void WarnIfDifferent(const Transfer& transfer, RunOperation operation, const FindData& existing)
+{
+    if (existing.kind != transfer.item.kind) {
+        ReportTransferWarning(transfer, operation,
+                              "Not copied: the destination is not older, but no such item");
+    } else if (existing.kind == ItemKind::File && existing.size != transfer.item.size) {
+        ReportTransferWarning(transfer, operation,
+                              "Not copied: the destination is not older, but has another size");
+    }
+}
+
+// Reports a destination that cannot be checked or replaced.
+void RefuseTransfer(const Transfer& transfer, std::uint32_t dwFlags, const Error& error)
+{
+    if (dwFlags & DCF_INCREMENTAL) {
+        ShowAction(transfer.ctx, "Incrementing backup.");
+        ReportTransferError(transfer, RunOperation::Backup, error);
+    } else if (dwFlags & DCF_SYNC) {
+        ShowAction(transfer.ctx, "Sync File.");
+        ReportTransferError(transfer, RunOperation::Sync, error);
+    } else {
+        ShowAction(transfer.ctx, "Copying File.");
+        ReportTransferError(transfer, RunOperation::Copy, error);
     }
 }
 
@@ -196,11 +255,13 @@ void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
             return CopyNewer(transfer);
         case TransferAction::LeaveSync:
             ShowAction(ctx, "Didn't Sync File.");
+            WarnIfDifferent(transfer, RunOperation::Sync, *existing);
             return Raise(ctx, &CRunContext::m_nDidntSyncCount, RunCounter::DidntSync);
         case TransferAction::Backup:
-            return CopyWithBackup(transfer);
+            return CopyWithBackup(transfer, *existing);
         case TransferAction::LeaveBackup:
-            return ShowAction(ctx, "Didn't backup file. No change detected.");
+            ShowAction(ctx, "Didn't backup file. No change detected.");
+            return WarnIfDifferent(transfer, RunOperation::Backup, *existing);
     }
 }
 
@@ -217,13 +278,14 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     // A folder that could not be opened does not prove that the file is missing, so open or create
     // it first.
     const auto existing = FindDestination(transfer);
-    if (g_bStopRun) {
+    if (g_bStopRun || dest.IsGivenUp()) {
         return;
     }
     if (!existing) {
-        ShowAction(ctx, "Copying File.");
-        ReportTransferError(transfer, RunOperation::Copy, existing.GetError());
-        return;
+        return RefuseTransfer(transfer, dwFlags, existing.GetError());
+    }
+    if (*existing && (*existing)->kind == ItemKind::Folder) {
+        return RefuseTransfer(transfer, dwFlags, Error(ErrorKind::IsAFolder));
     }
     TransferBeside(transfer, *existing, dwFlags);
 }
@@ -240,34 +302,44 @@ void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::stri
     }
 }
 
-void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
+bool EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
                   const std::string& asGiven, const Folder* like)
 {
-    if (dest.Stands() || dest.IsTop()) {
-        return;
+    if (dest.IsGivenUp()) {
+        return false;
     }
-    Status created = dest.Create(like);
-    if (!created) {
+    if (dest.Stands()) {
+        return true;
+    }
+    Status created = dest.IsTop() ? Status(dest.WhyNotOpen()) : dest.Create(like);
+    if (!created && !dest.IsTop()) {
         // Create the parents only after a failure: usually they exist.
         TargetFolder& parent = dest.Parent();
         std::string parentPath = parent.Path();
         if (!parent.IsTop()) {
             parentPath.pop_back();
         }
-        EnsureFolder(ctx, source, parent, parentPath, nullptr);
+        if (!EnsureFolder(ctx, source, parent, parentPath, nullptr)) {
+            dest.GiveUp();
+            return false;
+        }
         if (dest.Stands()) {
-            return;  // another process created it in the meantime
+            return true;  // another process created it in the meantime
         }
         created = dest.Create(like);
-        if (!created) {
-            ShowCurrentFile(ctx, asGiven, false, true);
-            ReportFileError(ctx, {RunOperation::CreateFolder, source, asGiven}, created.GetError());
-            return;
+        if (!created && created.GetError().Kind() == ErrorKind::AlreadyExists) {
+            created = dest.WhyNotOpen();  // a file or a link has its name
         }
     }
     ShowAction(ctx, "Create Folder.");
-    ShowCurrentFile(ctx, source, true, true);
+    if (!created) {
+        ShowCurrentFile(ctx, asGiven, false, true);
+        ReportFileError(ctx, {RunOperation::CreateFolder, source, asGiven}, created.GetError());
+        dest.GiveUp();
+    }
+    ShowCurrentFile(ctx, source, true, created.Ok());
     ShowDestFile(ctx, asGiven, true, true);
+    return created.Ok();
 }
 
 }  // namespace quorbit

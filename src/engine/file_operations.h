@@ -31,8 +31,9 @@ void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::stri
 
 // Creates a destination folder and its missing parents. `source` and `asGiven` are the paths to
 // log. The new folder gets the permissions of `like`, which may be null; new parents get the
-// defaults. Errors are reported.
-void EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
+// defaults. If that fails, reports one error, gives up the folder and returns false, as all later
+// calls for the folder and its subfolders do without a further error.
+bool EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
                   const std::string& asGiven, const Folder* like);
 
 }  // namespace quorbit

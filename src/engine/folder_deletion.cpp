@@ -180,6 +180,10 @@ void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRule
     top.name = place->name;
     top.kind = ItemKind::Folder;
     auto folder = files.OpenSubfolder(*place->parent, top.name);
+    if (!folder && (folder.GetError().Kind() == ErrorKind::Missing ||
+                    folder.GetError().Kind() == ErrorKind::NotAFolder)) {
+        return RefuseDeletion(ctx, path, folder.GetError());
+    }
     if (folder && files.IsProtected(**folder)) {
         return RefuseDeletion(ctx, path, ProtectedError());
     }

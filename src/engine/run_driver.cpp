@@ -62,18 +62,47 @@ bool ProcessStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, c
         DeleteWholeFolder(ctx, step.source, rules);
         return true;
     }
+    if (dest.IsGivenUp()) {
+        return true;
+    }
     StepTarget target(*ctx.m_pFiles, dest, step);
     if (step.makesTarget) {
         TargetFolder& folder = target.Folder();
         const auto like = ctx.m_pFiles->OpenFolder(step.source);
-        EnsureFolder(ctx, step.source, folder, folder.Path(), like ? like->get() : nullptr);
+        if (!EnsureFolder(ctx, step.source, folder, folder.Path(), like ? like->get() : nullptr)) {
+            // The other steps then need no error of their own.
+            if (!dest.Stands()) {
+                dest.GiveUp();
+            }
+            return true;
+        }
     }
     return ProcessFolder(ctx, step.source, target, rules, readAhead);
+}
+
+// Reports the source folder of a folder list if it does not exist, for example because a disk is
+// not mounted: one error instead of one for each folder of the list. A folder that exists and
+// cannot be listed is no obstacle, because its subfolders may be accessible.
+bool IsUnreachable(CRunContext& ctx, const std::string& listSource)
+{
+    if (listSource.empty()) {
+        return false;
+    }
+    const auto opened = ctx.m_pFiles->OpenFolder(listSource);
+    if (opened || (opened.GetError().Kind() != ErrorKind::Missing &&
+                   opened.GetError().Kind() != ErrorKind::NotAFolder)) {
+        return false;
+    }
+    ReportInvalidSource(ctx, listSource, opened.GetError());
+    return true;
 }
 
 bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
 {
     const EntryPlan plan = PlanOf(entry);
+    if (IsUnreachable(ctx, plan.listSource)) {
+        return true;
+    }
     TargetFolder dest(*ctx.m_pFiles, plan.destination);
     return std::ranges::all_of(plan.steps, [&](const PlanStep& step) {
         return ProcessStep(ctx, plan.rules, dest, step, readAhead);
@@ -176,6 +205,9 @@ unsigned RunThreadProc(CRunContext* pCtx)
         stopped = !RunPasses(ctx, total);
     }
 
+    if (g_bStopRun) {
+        ctx.m_clock.Stop();  // the elapsed time ends with the work
+    }
     SyncDestinations(ctx);
     EnterPhase(ctx, RunPhase::Finishing);
     WriteTotals(ctx, total);

@@ -56,17 +56,25 @@ void TargetFolder::Open()
             m_pParent->Open();
         }
         if (!m_pParent->m_handle) {
+            m_whyNotOpen = m_pParent->m_whyNotOpen;
             return;
         }
-        if (auto opened = m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName)) {
-            m_handle = std::move(*opened);
-        }
-    } else if (auto opened = m_pFiles->OpenFolder(m_strPath)) {
-        m_handle = std::move(*opened);
+        Keep(m_pFiles->OpenSubfolder(*m_pParent->m_handle, m_strName));
+    } else {
+        Keep(m_pFiles->OpenFolder(m_strPath));
     }
     if (m_handle && !m_bSwept) {
         m_pFiles->SweepLeftovers(*m_handle);
         m_bSwept = true;
+    }
+}
+
+void TargetFolder::Keep(Result<std::unique_ptr<Folder>> opened)
+{
+    if (opened) {
+        m_handle = std::move(*opened);
+    } else {
+        m_whyNotOpen = opened.GetError();
     }
 }
 

@@ -33,6 +33,16 @@ public:
 
     // Opens the folder unless it is open and still exists. Returns false if it cannot be opened.
     bool Stands();
+    // The error of the last attempt to open the folder. NotAFolder if its name is a file or a link.
+    // Only if Stands() returned false.
+    [[nodiscard]] const Error& WhyNotOpen() const { return m_whyNotOpen; }
+    // Nothing more is placed in this folder and its subfolders. Call it after the reason was
+    // reported, so that an unusable folder is one error and not one for each of its files.
+    void GiveUp() { m_bGivenUp = true; }
+    [[nodiscard]] bool IsGivenUp() const
+    {
+        return m_bGivenUp || (m_pParent && m_pParent->IsGivenUp());
+    }
     // The open folder, or null if it is not open. Owned by this object.
     [[nodiscard]] const Folder* Handle() const { return m_handle.get(); }
     // Returns true if the folder exists and has this identity. Opens it if necessary.
@@ -46,6 +56,7 @@ public:
 
 private:
     void Open();
+    void Keep(Result<std::unique_ptr<Folder>> opened);
 
     FileSystem* m_pFiles;
     std::string m_strPath;
@@ -54,6 +65,8 @@ private:
     std::unique_ptr<TargetFolder>
         m_parentByPath;  // parent of the top folder; null until it is used
     std::unique_ptr<Folder> m_handle;
+    Error m_whyNotOpen{ErrorKind::Missing};
+    bool m_bGivenUp = false;
     bool m_bSwept = false;
     bool m_bNew = false;
 };

@@ -111,7 +111,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
             ReportFileError(m_ctx, {RunOperation::ListFolder, source, {}}, more.GetError());
             return true;
         }
-        if (!*more || g_bStopRun || !ProcessItem(folder, dest, item)) {
+        if (!*more || g_bStopRun || !ProcessItem(folder, dest, item) || dest.IsGivenUp()) {
             return true;
         }
     }
@@ -138,7 +138,10 @@ bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string
         return Process(path, opened, dest);
     }
     TargetFolder subfolder(dest, name);
-    EnsureFolder(m_ctx, path, subfolder, dest.Path() + name, opened ? opened->get() : nullptr);
+    if (!EnsureFolder(m_ctx, path, subfolder, dest.Path() + name,
+                      opened ? opened->get() : nullptr)) {
+        return true;  // reported; nothing in it can be copied
+    }
     return Process(path, opened, subfolder);
 }
 
@@ -152,7 +155,7 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
         ShowDestFile(m_ctx, m_destPath, false, true);
     }
 
-    if (!ActOnFile(source, dest, item) || g_bStopRun) {
+    if (!ActOnFile(source, dest, item) || g_bStopRun || dest.IsGivenUp()) {
         return false;
     }
     TakeOffUnit(m_ctx);

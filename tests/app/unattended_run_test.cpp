@@ -69,7 +69,7 @@ TEST_F(UnattendedRun, EndsWithOneAfterAnErrorAndSaysWhich)
 
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(Contains(result.err, "Source path is invalid.")) << result.err;
-    EXPECT_TRUE(Contains(Log("nightly"), "ERROR: Source path is invalid. \r\n"));
+    EXPECT_TRUE(Contains(Log("nightly"), "ERROR: Source path is invalid.   Path not found:  "));
     EXPECT_EQ(Counts(Log("nightly"))["Error"], "1");
     EXPECT_EQ(ContentOf(Path("to/a.txt")), "a") << "an error must not end the run";
 }

@@ -67,7 +67,12 @@ protected:
     {
         LayOut();
         const TreeLines sources = ReadTreeWithDetails(Path("@/sources"));
-        (void)Run(Batch(), failing);
+        (void)Run(Batch(), [&](FailingFileSystem& disk) {
+            if (GetParam().call == Call::Rename) {  // used where there are no hard links
+                disk.FailAlways(Call::Link, Error(ErrorKind::NotSupported));
+            }
+            failing(disk);
+        });
         EXPECT_THAT(ContentOf(Path("@/out/copy/a")), AnyOf("old", "new"));
         EXPECT_THAT(ContentOf(Path("@/out/sync/newer")), AnyOf("old", "new"));
         EXPECT_EQ(ContentOf(Path("@/out/sync/older")), "kept");
@@ -124,6 +129,7 @@ constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
                            {"RemoveFolder", Call::RemoveFolder},
                            {"CreateFolder", Call::CreateFolder},
                            {"Link", Call::Link},
+                           {"Rename", Call::Rename},
                            {"SweepLeftovers", Call::SweepLeftovers},
                            {"SyncWritten", Call::SyncWritten}};
 INSTANTIATE_TEST_SUITE_P(Of, EveryFailureTest, ValuesIn(kVerbs),

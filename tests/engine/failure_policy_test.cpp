@@ -139,8 +139,10 @@ TEST_F(FailurePolicyTest, AnInvalidSourceAsksUnlessSuppressedOrInvisible)
         EXPECT_EQ(run.surface.prompts, std::vector<Box>(asked ? 1 : 0, prompt));
         const bool stopped = asked && yes;
         EXPECT_EQ(run.counters, stopped ? "left 1 error 1" : "copy 1 error 1");
-        EXPECT_THAT(run.log, HasSubstr("ERROR: Source path is invalid. \r\n\r\n" +
-                                       std::string(stopped ? "**** Stopped" : "Action: Copying")));
+        EXPECT_THAT(run.log,
+                    HasSubstr(Path("ERROR: Source path is invalid.   Path not found:  @/none/: "
+                                   "No such file or directory\r\n\r\n") +
+                              std::string(stopped ? "**** Stopped" : "Action: Copying")));
     }
 }
 

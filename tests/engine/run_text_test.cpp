@@ -69,7 +69,7 @@ TEST_F(RunTextTest, EveryKindOfEntryHasItsBlocks)
         // An invalid source is logged as one line, not as a block.
         {{"dest/"},
          Entry(kTree, "@/none"),
-         "ERROR: Source path is invalid. \n",
+         "ERROR: Source path is invalid.   Path not found:  @/none/: No such file or directory\n",
          {.error = 1},
          {"dest/"}},
         // A file name with line breaks must not forge a log line.

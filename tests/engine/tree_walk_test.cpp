@@ -289,17 +289,73 @@ TEST_F(TreeWalkTest, EmptyPathsDoNoHarm)
     };
     for (const CDirCopy& entry : entries) {
         const RunResult run = Run({entry});
-        EXPECT_THAT(run.counters, StartsWith("error")) << entry.m_strSource;
+        EXPECT_THAT(run.counters, EndsWith("error 1")) << entry.m_strSource;
         EXPECT_EQ(Tree("@"), tree) << entry.m_strSource << " to " << entry.m_strDest;
     }
     std::filesystem::current_path(before);
 }
 
-TEST_F(TreeWalkTest, AMissingDriveIsOneErrorForEachMissingLevel)
+TEST_F(TreeWalkTest, AnUnusableFolderIsOneErrorAndTheRestIsProcessed)
 {
-    Write({"source/"});
-    EXPECT_EQ(Run({Entry(kAll, "@/source", "Q:\\a\\b\\")}).counters, "error 2");
-    EXPECT_EQ(Run({Entry(kAll, "@/source", "Q:\\")}).counters, "");
+    const TreeLines source{"source/sub/1=x", "source/sub/2=x", "source/sub/deep/3=x", "source/b=x"};
+    const std::tuple<TreeLines, CDirCopy, const char*, const char*> cases[] = {
+        {{"dest/sub=file"}, Entry(kTree), "left 3 copy 2 error 1", "Not a directory"},
+        {{"elsewhere/", "dest/sub->../elsewhere"}, Entry(kTree), "left 3 copy 2 error 1", ""},
+        {{"dest=file"}, Entry(kTree), "left 4 copy 1 error 1", "Not a directory"},
+        {{"dest=file"}, Names(kAll, {"b"}), "left 1 copy 1 error 1", "Not a directory"},
+        {{}, Entry(kTree, "@/source", "Q:\\a\\b\\"), "left 4 copy 1 error 1", "No such"},
+        {{}, Entry(kTree, "@/source", "Q:\\"), "left 4 copy 1 error 1", "No such"},
+        {{"dest=file"}, FolderList(kTree, {"sub", "sub/deep"}), "left 4 copy 1 error 1", "Not a"},
+        {{}, FolderList(kTree, {"sub", "x", "y"}, "@/no/ne"), "copy 1 error 1", "No such file"},
+        {{},
+         FolderList(kTree | DCF_DELETE | DCF_DELETE_FOLDER, {"x", "y"}, "@/none", ""),
+         "left 2 copy 1 error 1",
+         "No such file"},
+    };
+    for (const auto& [before, entry, counters, reason] : cases) {
+        std::filesystem::remove_all(Path("@"));
+        Write(source);
+        Write(before);
+        Write({"next/a=1"});
+        const RunResult run = Run({entry, Entry(kAll, "@/next", "@/healthy")});
+        EXPECT_EQ(run.counters, counters) << entry.m_strDest;
+        EXPECT_THAT(run.surface.errors, ElementsAre(HasSubstr(reason)));
+        EXPECT_EQ(ContentOf(Path("@/healthy/a")), "1");
+    }
+}
+
+TEST_F(TreeWalkTest, AFolderWithTheNameOfTheFileIsAnErrorAndStays)
+{
+    for (const std::uint32_t flags : {std::uint32_t{0}, DCF_SYNC + 0U, DCF_INCREMENTAL + 0U}) {
+        for (const std::int64_t time : {std::int64_t{1000}, std::int64_t{4'000'000'000}}) {
+            Write({"source/a.txt=new", "dest/a.txt/mine=1"});
+            SetModified(Path("@/dest/a.txt"), time);
+            const RunResult run = Run({Entry(kAll | flags)});
+            EXPECT_EQ(run.counters, "error 1");
+            EXPECT_THAT(run.surface.errors, ElementsAre("Is a directory"));
+            EXPECT_EQ(Tree("@/dest"), (TreeLines{"a.txt/", "a.txt/mine=1"}));
+        }
+    }
+}
+
+TEST_F(TreeWalkTest, AFileThatIsSkippedAlthoughItDiffersIsAWarning)
+{
+    const std::tuple<const char*, int, std::size_t> cases[] = {{"dest/a=other size", 1, 1},
+                                                               {"dest/a=other size", 0, 1},
+                                                               {"dest/a=same", 1, 0},
+                                                               {"dest/a->nowhere", 1, 1}};
+    for (const std::uint32_t flags : {DCF_SYNC + 0U, DCF_INCREMENTAL + 0U}) {
+        for (const auto& [dest, newer, warnings] : cases) {
+            std::filesystem::remove_all(Path("@"));
+            Write({"source/a=1234", dest});
+            SetModified(Path("@/source/a"), 1000);
+            SetModified(Path("@/dest/a"), 1000 + newer);
+            const RunResult run = Run({Entry(kAll | flags)});
+            EXPECT_EQ(run.counters, flags == DCF_SYNC ? "didn't sync 1" : "");
+            EXPECT_EQ(run.surface.warnings.size(), warnings) << dest;
+            EXPECT_EQ(run.problems.Kept().size(), warnings);
+        }
+    }
 }
 
 TEST_F(TreeWalkTest, LeftoversOfKilledRunsAreNeitherCopiedNorCountedAndGoAtTheDestination)
