@@ -6,29 +6,22 @@
 #include <algorithm>
 
 #include "batch/dir_copy.h"
+#include "platform/case_folding.h"
 #include "platform/find_data.h"
+#include "platform/utf8.h"
 
 namespace quorbit {
 namespace {
 
-// ASCII letters only, because the encoding of file names is unknown.
-char Lower(char c)
+// Returns what a name must end in: the mask without its first character, which may be longer than a
+// byte.
+std::string_view SuffixOf(std::string_view mask)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool EqualNoCase(std::string_view a, std::string_view b)
-{
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
-                                              [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-bool EndsWithSuffixOf(std::string_view mask, std::string_view fileName)
-{
-    const std::string_view suffix = mask.empty() ? mask : mask.substr(1);
-    // Strictly longer: "*.txt" does not select a file named ".txt".
-    return fileName.size() > suffix.size() &&
-           EqualNoCase(fileName.substr(fileName.size() - suffix.size()), suffix);
+    if (mask.empty()) {
+        return mask;
+    }
+    const std::size_t first = FirstCharacter(mask).length;
+    return mask.substr(std::max<std::size_t>(first, 1));
 }
 
 }  // namespace
@@ -47,7 +40,7 @@ bool MatchFileType(const std::vector<std::string>& list, std::string_view fileNa
             }
         } else if (item == "*.*") {
             return true;
-        } else if (EndsWithSuffixOf(item, fileName)) {
+        } else if (EndsWithNoCase(fileName, SuffixOf(item))) {
             return hit;
         }
     }

@@ -14,8 +14,8 @@ namespace quorbit {
 
 // Returns true if the list selects a name. nKind: DCK_TYPES or DCK_NAMES; dwFlags: the flags of the
 // entry. A mask selects names that end in the mask without its first character and are longer than
-// that; names must match completely. The case of ASCII letters is ignored, and there are no other
-// wildcards. "*.*" selects every file, even with DCF_EXCLUDE.
+// that; names must match completely. Case is ignored (platform/case_folding.h), and there are no
+// other wildcards. "*.*" selects every file, even with DCF_EXCLUDE.
 [[nodiscard]] bool MatchFileType(const std::vector<std::string>& list, std::string_view fileName,
                                  std::uint32_t nKind, std::uint32_t dwFlags);
 

@@ -6,11 +6,14 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/case_folding.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
 
 namespace {
+
+using case_folding::Lower;
 
 constexpr std::string_view kNameless = "@";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -29,11 +32,6 @@ std::string_view Trim(std::string_view text)
         text.remove_suffix(1);
     }
     return text;
-}
-
-constexpr char Lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 bool SameName(std::string_view a, std::string_view b)

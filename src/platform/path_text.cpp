@@ -9,6 +9,8 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/utf8.h"
+
 namespace quorbit {
 
 namespace {
@@ -79,58 +81,15 @@ std::string AppendResolved(std::string base, std::string_view text, bool drive)
     return base;
 }
 
-constexpr bool IsContinuation(unsigned char c)
+// Returns true for characters that must not reach a log or a terminal: they end a line or change
+// how the rest of it is displayed.
+constexpr bool IsEscaped(char32_t code)
 {
-    return (c & 0xC0) == 0x80;
-}
-
-// The length of a multi-byte sequence, and the range of its second byte that excludes overlong
-// forms, surrogates and code points above U+10FFFF (RFC 3629, section 4).
-struct LeadByte {
-    std::size_t length;
-    unsigned char low;
-    unsigned char high;
-};
-
-constexpr LeadByte Lead(unsigned char c)
-{
-    if (c >= 0xC2 && c <= 0xDF) {
-        return {2, 0x80, 0xBF};
-    }
-    if (c >= 0xE0 && c <= 0xEF) {
-        return {3, static_cast<unsigned char>(c == 0xE0 ? 0xA0 : 0x80),
-                static_cast<unsigned char>(c == 0xED ? 0x9F : 0xBF)};
-    }
-    if (c >= 0xF0 && c <= 0xF4) {
-        return {4, static_cast<unsigned char>(c == 0xF0 ? 0x90 : 0x80),
-                static_cast<unsigned char>(c == 0xF4 ? 0x8F : 0xBF)};
-    }
-    return {0, 0, 0};
-}
-
-// Returns the size in bytes of the printable character at the start of the text, or 0 if its first
-// byte must be escaped. Not printable: ASCII and C1 controls, invalid UTF-8.
-std::size_t PrintableLength(std::string_view text)
-{
-    const auto first = static_cast<unsigned char>(text[0]);
-    if (first < 0x80) {
-        return first >= 0x20 && first != 0x7F ? 1 : 0;
-    }
-    const LeadByte lead = Lead(first);
-    if (lead.length == 0 || text.size() < lead.length) {
-        return 0;
-    }
-    const auto second = static_cast<unsigned char>(text[1]);
-    const bool c1Control = first == 0xC2 && second < 0xA0;
-    if (second < lead.low || second > lead.high || c1Control) {
-        return 0;
-    }
-    for (std::size_t i = 2; i < lead.length; ++i) {
-        if (!IsContinuation(static_cast<unsigned char>(text[i]))) {
-            return 0;
-        }
-    }
-    return lead.length;
+    const bool control = code < 0x20 || (code >= 0x7F && code < 0xA0);
+    const bool separator = code == 0x2028 || code == 0x2029;
+    const bool direction = code == 0x061C || code == 0x200E || code == 0x200F ||
+                           (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+    return control || separator || direction;
 }
 
 bool IsPlain(char c)
@@ -147,13 +106,24 @@ std::size_t PrintableRun(std::string_view text)
             ++done;
             continue;
         }
-        const std::size_t length = PrintableLength(text.substr(done));
-        if (length == 0) {
+        const Utf8Character next = FirstCharacter(text.substr(done));
+        if (next.length == 0 || IsEscaped(next.code)) {
             break;
         }
-        done += length;
+        done += next.length;
     }
     return done;
+}
+
+void AppendEscaped(std::string& out, std::string_view bytes)
+{
+    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        out += "\\x";
+        out += kHexDigits[byte >> 4];
+        out += kHexDigits[byte & 0x0F];
+    }
 }
 
 }  // namespace
@@ -261,18 +231,16 @@ std::string Printable(std::string_view text)
 
 void AppendPrintable(std::string& out, std::string_view text)
 {
-    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
     while (true) {
         const std::size_t run = PrintableRun(text);
         out += text.substr(0, run);
         if (run == text.size()) {
             return;
         }
-        const auto byte = static_cast<unsigned char>(text[run]);
-        out += "\\x";
-        out += kHexDigits[byte >> 4];
-        out += kHexDigits[byte & 0x0F];
-        text.remove_prefix(run + 1);
+        text.remove_prefix(run);
+        const std::size_t length = std::max<std::size_t>(FirstCharacter(text).length, 1);
+        AppendEscaped(out, text.substr(0, length));
+        text.remove_prefix(length);
     }
 }
 

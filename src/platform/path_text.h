@@ -44,8 +44,9 @@ using DriveMap = std::map<char, std::string>;
 // Makes a path from the command line absolute. Resolves "." and ".." in the text, without following
 // links. Drive paths and the empty path are returned unchanged.
 [[nodiscard]] std::string MakeAbsolute(std::string_view path);
-// Returns text for the log and the screen: escapes control characters and bytes that are not UTF-8
-// as \x0A.
+// Returns text for the log and the screen: escapes, byte by byte as \x0A, what is not UTF-8,
+// control characters, line and paragraph separators (U+2028, U+2029) and direction marks (U+061C,
+// U+200E, U+200F, U+202A to U+202E, U+2066 to U+2069).
 [[nodiscard]] std::string Printable(std::string_view text);
 // The same, appended to `out`.
 void AppendPrintable(std::string& out, std::string_view text);

@@ -34,7 +34,10 @@ TEST(MatchFileType, FollowsTheTable)
                  {{"*.*"}, "no dot", true},
                  {{"*.* "}, "a.b", false},  // only "*.*" itself matches all
                  {{"*.a", "*.b"}, "x.b", true},
-                 {{"*.\xC3\x84"}, "x.\xC3\xA4", false},  // only ASCII letters ignore case
+                 {{"*.prü"}, "a.PRÜ", true},
+                 {{"ä.txt"}, "x.TXT", true},  // ignores the first character, not its first byte
+                 {{"\xE4.txt"}, "x.TXT", true},
+                 {{"*.pr\xFC"}, "a.prü", false},  // invalid UTF-8 matches only the same bytes
                  {{"*.[x"}, "a.{x", false},
                  {{}, "a.txt", false},
                  // Excluding inverts the list, except for "*.*".
@@ -50,6 +53,7 @@ TEST(MatchFileType, FollowsTheTable)
                  {{"*.*"}, "a.b", false, DCK_NAMES},
                  {{}, "a", false, DCK_NAMES},
                  {{"a.txt"}, "A.txt", false, DCK_NAMES, DCF_EXCLUDE},
+                 {{"ärger.txt"}, "ÄRGER.txt", false, DCK_NAMES, DCF_EXCLUDE},
                  {{"a.txt"}, "b.txt", true, DCK_NAMES, DCF_EXCLUDE},
                  {{"*.*"}, "a.b", true, DCK_NAMES, DCF_EXCLUDE},
                  // Deleting a whole folder selects every file.

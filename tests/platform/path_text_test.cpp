@@ -116,6 +116,9 @@ TEST(PathText, EscapesWhatCouldForgeALineAndNothingElse)
         {std::string("\0\x1F\x7F", 3), "\\x00\\x1F\\x7F"},
         {"\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80", "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80"},
         {"\xC2\x80\xC2\x9F\xC2\xA0", "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},  // C1 controls, then U+00A0
+        {"a\u2028\u2029z\u200B", "a\\xE2\\x80\\xA8\\xE2\\x80\\xA9z\u200B"},  // separators
+        {"gpj.\u202Eexe", "gpj.\\xE2\\x80\\xAEexe"},                         // reads as .jpg
+        {"\u061C\u200F\u2069", "\\xD8\\x9C\\xE2\\x80\\x8F\\xE2\\x81\\xA9"},
         {"\xFF"
          "a\xE4z",
          "\\xFFa\\xE4z"},                                             // Latin-1
