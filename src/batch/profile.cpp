@@ -21,10 +21,15 @@ SettingsValue ValueOf(Setting setting, std::string text)
 
 std::int32_t Profile::GetProfileInt(Setting setting) const
 {
+    return GetStoredInt(setting).value_or(InfoOf(setting).defaultInteger);
+}
+
+std::optional<std::int32_t> Profile::GetStoredInt(Setting setting) const
+{
     const SettingInfo& info = InfoOf(setting);
     const auto stored = m_store.ReadInt(info.section, info.name);
     const bool counts = stored && (!info.positiveOnly || *stored > 0);
-    return counts ? *stored : info.defaultInteger;
+    return counts ? std::optional(*stored) : std::nullopt;
 }
 
 std::string Profile::GetProfileString(Setting setting) const

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,6 +32,8 @@ public:
     explicit Profile(SettingsStore store) : m_store(std::move(store)) {}
 
     [[nodiscard]] std::int32_t GetProfileInt(Setting setting) const;
+    // Returns nullopt if no value is stored, or only one that does not count.
+    [[nodiscard]] std::optional<std::int32_t> GetStoredInt(Setting setting) const;
     [[nodiscard]] std::string GetProfileString(Setting setting) const;
     // Returns `standard` instead of the default of the table if no value is stored. A stored empty
     // value is returned as it is.

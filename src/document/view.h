@@ -19,6 +19,7 @@ enum : int {
     HINT_FOLDER_NOT_FOUND = 1126,  // sent by the tree if it has no such node; no view handles it
     HINT_DELETE = 1127,            // the delete command: the view with the focus handles it
     HINT_REFRESH_ENTRIES = 1128,   // refill the entry list
+    HINT_PARENT_FOLDER = 1129,     // file list to tree: select the parent of the selected folder
 };
 
 // Data of a hint; the panes derive their own types.

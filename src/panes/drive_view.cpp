@@ -164,6 +164,14 @@ void CDriveView::RefreshFileList()
     }
 }
 
+void CDriveView::SelectParent()
+{
+    ShellTreeNode* node = SelectedNode();
+    if (node != nullptr && node->parent() != nullptr) {
+        SelectNode(*NodeOf(node->parent()));
+    }
+}
+
 void CDriveView::Refresh()
 {
     StopWaiting();
@@ -197,6 +205,8 @@ void CDriveView::OnUpdate(CView*, int nHint, const HintObject* object)
             const ListItemHint hint(row);
             m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_NOT_FOUND, &hint);
         });
+    } else if (nHint == HINT_PARENT_FOLDER) {
+        SelectParent();
     } else if (nHint == HINT_DELETE && m_bFocus && SelectedNode() != nullptr) {
         SetUpDelete(SelectedNode()->Path().value_or(""));
     }

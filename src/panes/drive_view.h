@@ -53,6 +53,8 @@ public:
     void FindListRow(const ShellListItem& row, std::function<void()> onMissing);
     // Asks the other views to show the selected folder (HINT_FOLDER_SELECTED).
     void RefreshFileList();
+    // Selects the parent of the selected node, if it has one.
+    void SelectParent();
 
     // Saves the size of the pane to the profile, unless the frame is minimised.
     void SaveLayout() const;
@@ -88,6 +90,7 @@ public:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -107,6 +110,7 @@ private:
     void OnDropped(const TreeDrop& drop);
     void AddFromDrop();
     void OpenContextMenu(const ShellTreeNode* node, const QPoint& screenPosition);
+    void OnMenuKey();
     void OpenMenu(int firstCommand, int lastCommand, const QPoint& screenPosition);
     void SetUpDelete(const std::string& path);
 

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 
 #include "panes/drive_view.h"
+#include "panes/pane_keys.h"
 
 namespace quorbit {
 
@@ -86,11 +87,28 @@ void CDriveView::mouseDoubleClickEvent(QMouseEvent* event)
 void CDriveView::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
-    ShellTreeNode* node = SelectedNode();
-    if (event->reason() != QContextMenuEvent::Mouse && node != nullptr) {
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        OnMenuKey();
+    }
+}
+
+void CDriveView::OnMenuKey()
+{
+    if (ShellTreeNode* node = SelectedNode()) {
         scrollToItem(node);
         const QRect visible = visualItemRect(node) & viewport()->rect();
         OpenContextMenu(node, viewport()->mapToGlobal(visible.center()));
+    }
+}
+
+void CDriveView::keyPressEvent(QKeyEvent* event)
+{
+    if (IsMenuKey(*event)) {
+        OnMenuKey();
+    } else if (IsParentKey(*event)) {
+        SelectParent();
+    } else {
+        ShellTree::keyPressEvent(event);
     }
 }
 

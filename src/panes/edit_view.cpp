@@ -95,7 +95,7 @@ bool CQRBEditView::OnUpdateCommand(int nId, CommandState& state)
     return true;
 }
 
-void CQRBEditView::OnRowDoubleClicked(int row)
+void CQRBEditView::OnRowOpened(int row)
 {
     m_services.pDoc->EditEntry(m_model.RowAt(row).nId);
 }

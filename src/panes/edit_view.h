@@ -37,7 +37,7 @@ public:
     bool OnUpdateCommand(int nId, CommandState& state) override;
 
 protected:
-    void OnRowDoubleClicked(int row) override;
+    void OnRowOpened(int row) override;
     void OnContextMenu(int row, const QPoint& position, Qt::KeyboardModifiers modifiers) override;
 
 private:

@@ -58,7 +58,7 @@ QString CellText(const EntryRow& row, int column)
         case kEntrySource:
             return OnScreen(row.strSource);
         case kEntryDest:
-            return CutForList(OnScreen(row.strDest));
+            return (row.dwFlags & DCF_DELETE) != 0 ? QString() : CutForList(OnScreen(row.strDest));
         case kEntryItems:
             return CutForList(OnScreen(row.strItems));
         case kEntryFolderTypes:

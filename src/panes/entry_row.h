@@ -38,7 +38,8 @@ struct EntryRow {
 // Shortens a text of more than 1000 UTF-16 code units to 1000 and "...". Does not split surrogate
 // pairs.
 [[nodiscard]] QString CutForList(const QString& text);
-// Returns the display text of a cell; all columns except the source are shortened.
+// Returns the display text of a cell; all columns except the source are shortened. A delete entry
+// shows no destination: none is used.
 [[nodiscard]] QString CellText(const EntryRow& row, int column);
 
 }  // namespace quorbit

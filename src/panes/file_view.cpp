@@ -61,8 +61,11 @@ CFileView::CFileView(const PaneServices& services, QWidget* parent, DragRunner r
     ReadColumnWidths(profile, Setting::FileHeader0);
     SetStyle(static_cast<ListStyle>(profile.GetProfileInt(Setting::ViewStyle) & kStyleBits));
     SetFullRow(profile.GetProfileInt(Setting::FullRowSel) != 0);
+    Report().header()->setSortIndicatorShown(true);
     connect(Report().header(), &QHeaderView::sectionClicked, this, [this](int column) {
         m_nSortColumn = column;
+        // A second click does not reverse the order.
+        Report().header()->setSortIndicator(column, Qt::AscendingOrder);
         Sort(Keep::ScrollPlace);
     });
 }
@@ -88,7 +91,9 @@ bool CFileView::ShowFolder(const ShellFolderPtr& folder)
         return false;
     }
     m_folder = folder;
+    m_strLeftFolder.clear();
     m_nSortColumn = kFileName;
+    Report().header()->setSortIndicator(kFileName, Qt::AscendingOrder);
     m_sorter.Cancel();
     m_model.Clear();
     SetNotice({});
@@ -139,6 +144,9 @@ void CFileView::Sort(Keep keep)
         m_model.SetOrder(std::move(order));
         if (top.isValid()) {
             Report().PutOnTop(top);
+        }
+        if (!m_strLeftFolder.empty()) {
+            SelectLeftFolder();
         }
         ShowWaiting();
     });
@@ -220,11 +228,32 @@ bool CFileView::OnRowPressed(int row, Qt::KeyboardModifiers modifiers)
     return !uniform && m_nSelectionKind == SelectionKind::None;  // the list was refilled
 }
 
-void CFileView::OnRowDoubleClicked(int row)
+void CFileView::OnRowOpened(int row)
 {
     const ShellListItem item = m_model.ItemAt(row);  // a copy: the tree may refill the list
     const ListItemHint hint(item);
     m_services.pDoc->UpdateAllViews(this, HINT_FOLDER_OPENED, &hint);
+}
+
+void CFileView::OnParentKey()
+{
+    std::string left = m_strParentText;
+    m_services.pDoc->UpdateAllViews(this, HINT_PARENT_FOLDER);  // refills the list
+    if (m_feed != nullptr && left != m_strParentText) {
+        m_strLeftFolder = std::move(left);
+    }
+}
+
+void CFileView::SelectLeftFolder()
+{
+    for (int row = 0; row < m_model.RowCount(); ++row) {
+        const ShellListItem& item = m_model.ItemAt(row);
+        if (IsFolderRow(item) && item.m_szName == m_strLeftFolder) {
+            SelectRow(row);
+            m_strLeftFolder.clear();
+            return;
+        }
+    }
 }
 
 void CFileView::OnContextMenu(int row, const QPoint& position, Qt::KeyboardModifiers modifiers)

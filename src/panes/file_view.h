@@ -66,7 +66,8 @@ public:
 
 protected:
     bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers) override;
-    void OnRowDoubleClicked(int row) override;
+    void OnRowOpened(int row) override;
+    void OnParentKey() override;
     void OnContextMenu(int row, const QPoint& position, Qt::KeyboardModifiers modifiers) override;
     void OnBeginDrag(int row, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) override;
 
@@ -79,6 +80,7 @@ private:
     enum class Keep { TopRow, ScrollPlace };
     void Sort(Keep keep);
     void ShowWaiting();
+    void SelectLeftFolder();
     [[nodiscard]] std::vector<std::string> NamesOf(const std::vector<int>& rows) const;
     void WarnOfMixture() const;
     void SetUpDelete();
@@ -95,6 +97,7 @@ private:
     RowSorter m_sorter;
     ShellFolderPtr m_folder;      // the folder shown
     std::string m_strParentText;  // text of its node in the tree
+    std::string m_strLeftFolder;  // its row is to be selected; empty if there is none
     int m_nSortColumn = 0;
     bool m_bDeleteMode = false;
     SelectionKind m_nSelectionKind = SelectionKind::None;

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <QAbstractItemView>
 #include <QStyledItemDelegate>
 
 namespace quorbit {
@@ -18,6 +19,17 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
     {
         return m_cell;
+    }
+
+    // Returns the width in pixels that icon and text need in one line.
+    [[nodiscard]] int WidthOf(const QAbstractItemView& view, const QModelIndex& index) const
+    {
+        QStyleOptionViewItem option;
+        option.initFrom(&view);
+        const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
+        const int margin = 2 * (view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+        const bool besideIcon = view.iconSize().width() < m_cell.width() / 2;
+        return text + margin + (besideIcon ? view.iconSize().width() + margin : 0);
     }
 
 protected:

@@ -13,6 +13,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "panes/pane_keys.h"
+#include "panes/whole_text_tip.h"
+
 namespace quorbit {
 namespace {
 
@@ -138,15 +141,15 @@ void CListViewEx::ArrangeIcons()
 void CListViewEx::ReadColumnWidths(const Profile& profile, Setting first)
 {
     QHeaderView& header = *m_report->header();
+    m_standardWidths.clear();
     const int digit = m_report->fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < header.count(); ++column) {
         const Setting setting = NthSetting(first, column);
-        const int standard = InfoOf(setting).defaultInteger;
-        const int stored = profile.GetProfileInt(setting);
-        const bool chosen = stored > 0 && stored != standard;
-        header.resizeSection(column, chosen ? stored
-                                            : std::max(standard * digit / kDefaultDigit,
-                                                       header.sectionSizeHint(column)));
+        const int stored = profile.GetStoredInt(setting).value_or(0);
+        const int standard = std::max(InfoOf(setting).defaultInteger * digit / kDefaultDigit,
+                                      header.sectionSizeHint(column));
+        header.resizeSection(column, stored > 0 ? stored : standard);
+        m_standardWidths.push_back(stored > 0 ? 0 : header.sectionSize(column));
     }
 }
 
@@ -155,7 +158,9 @@ std::vector<std::pair<Setting, std::int32_t>> CListViewEx::ColumnWidths(Setting 
     const QHeaderView& header = *m_report->header();
     std::vector<std::pair<Setting, std::int32_t>> widths;
     for (int column = 0; column < header.count(); ++column) {
-        widths.emplace_back(NthSetting(first, column), header.sectionSize(column));
+        if (header.sectionSize(column) != m_standardWidths[static_cast<std::size_t>(column)]) {
+            widths.emplace_back(NthSetting(first, column), header.sectionSize(column));
+        }
     }
     return widths;
 }
@@ -184,6 +189,14 @@ void CListViewEx::SetCurrentRow(int row)
 {
     const QModelIndex index = m_pModel->index(row, 0);
     m_selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    ActiveView().scrollTo(index);
+}
+
+void CListViewEx::SelectRow(int row)
+{
+    const QModelIndex index = m_pModel->index(row, 0);
+    m_selection->setCurrentIndex(index,
+                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     ActiveView().scrollTo(index);
 }
 
@@ -247,7 +260,47 @@ bool CListViewEx::eventFilter(QObject* watched, QEvent* event)
         OnMenuKey();
         return true;
     }
+    if (watched == &ActiveView() && event->type() == QEvent::KeyPress) {
+        return OnKeyPress(static_cast<QKeyEvent&>(*event));
+    }
     return QStackedWidget::eventFilter(watched, event);
+}
+
+bool CListViewEx::OnKeyPress(const QKeyEvent& event)
+{
+    if (IsMenuKey(event)) {
+        OnMenuKey();
+        return true;
+    }
+    if (IsParentKey(event)) {
+        OnParentKey();
+        return true;
+    }
+    if (!IsOpenKey(event)) {
+        return false;
+    }
+    const std::vector<int> selected = SelectedRows();
+    if (selected.size() == 1) {
+        OnRowOpened(selected.front());
+    }
+    return true;
+}
+
+bool CListViewEx::OnToolTip(const QHelpEvent& event)
+{
+    QWidget& viewport = *ActiveView().viewport();
+    if (m_style == ListStyle::Report) {
+        const RowCell cell = m_report->CutCellAt(event.pos());
+        ShowWholeText(event, viewport, cell.rect, cell.index.data().toString());
+        return true;
+    }
+    const QModelIndex index = m_icons->indexAt(event.pos());
+    const QString text = index.data().toString();
+    const QRect cell = m_icons->visualRect(index);
+    // Large icons wrap their texts, so this also shows some that are complete.
+    const bool cut = m_gridDelegate.WidthOf(*m_icons, index) > cell.width();
+    ShowWholeText(event, viewport, cell, cut ? text : QString());
+    return true;
 }
 
 // Opens the context menu of the menu key at the current row.
@@ -275,6 +328,8 @@ bool CListViewEx::OnViewportEvent(QEvent& event)
             return OnMouseRelease(static_cast<QMouseEvent&>(event));
         case QEvent::MouseButtonDblClick:
             return OnDoubleClick(static_cast<QMouseEvent&>(event));
+        case QEvent::ToolTip:
+            return OnToolTip(static_cast<QHelpEvent&>(event));
         case QEvent::ContextMenu:
             // The mouse opens the menu on release, because the right button may start a drag.
             return static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
@@ -322,7 +377,7 @@ bool CListViewEx::OnDoubleClick(const QMouseEvent& event)
         return false;
     }
     m_bTakenOver = true;
-    OnRowDoubleClicked(row);
+    OnRowOpened(row);
     return true;
 }
 
@@ -330,8 +385,13 @@ bool CListViewEx::OnMouseRelease(const QMouseEvent& event)
 {
     const bool takenOver = std::exchange(m_bTakenOver, false);
     if (m_gesture.Release(event) && !takenOver && event.button() == Qt::RightButton) {
-        OnContextMenu(RowAt(event.position().toPoint()), event.globalPosition().toPoint(),
-                      event.modifiers());
+        const int row = RowAt(event.position().toPoint());
+        if (row < 0) {
+            // The view does so only after this event, and the menu must not offer commands for rows
+            // that then are no longer selected.
+            m_selection->clearSelection();
+        }
+        OnContextMenu(row, event.globalPosition().toPoint(), event.modifiers());
     }
     return takenOver;
 }

@@ -69,13 +69,16 @@ protected:
     // Must be called once. `model` is not owned and must outlive this object.
     void SetModel(QAbstractItemModel& model);
     // Reads the column widths (pixels) from the settings starting at `first`. The default widths
-    // assume digits 5 pixels wide: a width that is missing or equal to its default is scaled to the
-    // font and is at least as wide as the title.
+    // assume digits 5 pixels wide: they are scaled to the font and are at least as wide as the
+    // title.
     void ReadColumnWidths(const Profile& profile, Setting first);
-    // Returns the current widths (pixels), with the settings to store them in.
+    // Returns the current widths (pixels), with the settings to store them in, without those that
+    // still are the default.
     [[nodiscard]] std::vector<std::pair<Setting, std::int32_t>> ColumnWidths(Setting first) const;
     // Moves the keyboard cursor to a row and scrolls to it, without selecting it.
     void SetCurrentRow(int row);
+    // Selects only this row, with the keyboard cursor, and scrolls to it.
+    void SelectRow(int row);
     void SetKeepsSelection(bool keeps) { m_report->SetKeepsSelection(keeps); }
     // Shows a text in place of rows; an empty text hides it.
     void SetNotice(const QString& text);
@@ -85,7 +88,10 @@ protected:
     // Called when the left button is pressed on a row, before the view changes the selection.
     // Return true to keep the view from handling the press.
     virtual bool OnRowPressed(int row, Qt::KeyboardModifiers modifiers);
-    virtual void OnRowDoubleClicked(int row) = 0;
+    // Called on a double click, and on Enter if exactly one row is selected.
+    virtual void OnRowOpened(int row) = 0;
+    // Called on Backspace and Alt+Up.
+    virtual void OnParentKey() {}
     // `row` is -1 outside the rows. `position` is in screen coordinates.
     virtual void OnContextMenu(int row, const QPoint& position,
                                Qt::KeyboardModifiers modifiers) = 0;
@@ -103,6 +109,8 @@ private:
     void OnFocusChanged(const QWidget* now);
     void PlaceNotice();
     void OnMenuKey();
+    bool OnKeyPress(const QKeyEvent& event);
+    bool OnToolTip(const QHelpEvent& event);
     bool OnViewportEvent(QEvent& event);
     bool OnMousePress(const QMouseEvent& event);
     bool OnMouseMove(const QMouseEvent& event);
@@ -116,6 +124,7 @@ private:
     GridDelegate m_gridDelegate;
     QAbstractItemModel* m_pModel = nullptr;
     QItemSelectionModel* m_selection = nullptr;  // of the report, shared with the icon view
+    std::vector<int> m_standardWidths;           // of columns; 0 if another width is stored
     std::unique_ptr<QMenu> m_pPopupMenu;
     ListStyle m_style = ListStyle::Report;
     bool m_bFocus = false;

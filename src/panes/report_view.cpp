@@ -47,6 +47,15 @@ QModelIndex ReportView::indexAt(const QPoint& point) const
     return m_bFullRow || index.column() == 0 ? index : QModelIndex();
 }
 
+RowCell ReportView::CutCellAt(const QPoint& point) const
+{
+    const QModelIndex index = QTreeView::indexAt(point);
+    const RowCell cell{index, visualRect(index) & viewport()->rect()};
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    return index.isValid() && m_delegate.IsCut(option, cell) ? cell : RowCell();
+}
+
 std::vector<RowCell> ReportView::CellsOf(const QRect& row, const QModelIndex& index) const
 {
     std::vector<RowCell> cells;

@@ -28,6 +28,10 @@ public:
     // Scrolls vertically so that the row is at the top, or as near as the scroll range allows.
     void PutOnTop(const QModelIndex& row);
 
+    // Returns the visible part of the cell at a position if its text is cut, by the column or the
+    // edge of the viewport; else an invalid cell.
+    [[nodiscard]] RowCell CutCellAt(const QPoint& point) const;
+
     // Returns an invalid index outside the first cell, unless full rows are on.
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
 

@@ -115,6 +115,15 @@ void RowDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& optio
                      int(side | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip, shown);
 }
 
+bool RowDelegate::IsCut(const QStyleOptionViewItem& option, const RowCell& cell) const
+{
+    const QString text = cell.index.data(Qt::DisplayRole).toString();
+    const bool first = cell.index.column() == 0;
+    const int room = (first ? LabelRect(option, cell.rect) : cell.rect).width() -
+                     2 * (first ? kFirstMargin : kMargin);
+    return text.size() > kMostCharacters || option.fontMetrics.horizontalAdvance(text) > room;
+}
+
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const int width = option.fontMetrics.horizontalAdvance(TextOf(index));

@@ -38,6 +38,9 @@ public:
     void PaintRow(QPainter& painter, const QStyleOptionViewItem& option,
                   const std::vector<RowCell>& cells, const RowState& state, int clientRight) const;
 
+    // Returns true if the cell has no room for its whole text.
+    [[nodiscard]] bool IsCut(const QStyleOptionViewItem& option, const RowCell& cell) const;
+
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
 

@@ -4,12 +4,14 @@
 #include "panes/shell_tree.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "panes/network_name.h"
 #include "panes/node_fill.h"
+#include "panes/whole_text_tip.h"
 #include "platform/path_text.h"
 #include "platform/shell/shell_constants.h"
 #include "platform/shell/shell_pidl.h"
@@ -51,6 +53,7 @@ ShellTree::ShellTree(ShellFolderPtr desktop, const ItemIcons& icons, std::uint32
 {
     setColumnCount(1);
     setHeaderHidden(true);
+    setHeaderLabel(QStringLiteral("Folder"));  // read by screen readers
     setRootIsDecorated(true);
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -251,6 +254,31 @@ void ShellTree::RemoveNode(ShellTreeNode& node)
 {
     QTreeWidgetItem* above = node.parent() != nullptr ? node.parent() : invisibleRootItem();
     const std::unique_ptr<QTreeWidgetItem> gone(above->takeChild(above->indexOfChild(&node)));
+}
+
+bool ShellTree::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        OnToolTip(static_cast<QHelpEvent&>(*event));
+        return true;
+    }
+    return QTreeWidget::viewportEvent(event);
+}
+
+void ShellTree::OnToolTip(const QHelpEvent& event)
+{
+    const QModelIndex index = indexAt(event.pos());
+    const QRect row = visualRect(index);
+    const QRect text(row.topLeft(), QSize(sizeHintForIndex(index).width(), row.height()));
+    const bool cut = index.isValid() && !viewport()->rect().contains(text);
+    ShowWholeText(event, *viewport(), row, cut ? index.data().toString() : QString());
+}
+
+// Makes the column at least as wide as the viewport, so that the highlight reaches its edge.
+void ShellTree::resizeEvent(QResizeEvent* event)
+{
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeWidget::resizeEvent(event);
 }
 
 void ShellTree::OnExpanded(ShellTreeNode& node)

@@ -108,7 +108,12 @@ public:
     // Hides the wait cursor; reads in progress continue.
     void StopWaiting();
 
+protected:
+    bool viewportEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void OnToolTip(const QHelpEvent& event);
     void OnExpanded(ShellTreeNode& node);
     void OnCollapsed(ShellTreeNode& node);
     void OnCurrentChanged(QTreeWidgetItem* current, QTreeWidgetItem* previous);
