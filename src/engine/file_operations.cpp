@@ -37,8 +37,25 @@ struct Transfer {
     TargetFolder& dest;
     const FindData& item;
     SourceFile* opened;
+    const TransferRules& rules;
     CopyOptions options;
 };
+
+ProblemSubject SubjectOf(const Transfer& transfer, RunOperation operation)
+{
+    const std::string& name = transfer.item.name;
+    return {operation, transfer.source.path + name, transfer.dest.Path() + name};
+}
+
+void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
+{
+    ReportFileError(transfer.ctx, SubjectOf(transfer, operation), error);
+}
+
+void ReportTransferWarning(const Transfer& transfer, RunOperation operation, std::string text)
+{
+    ReportWarning(transfer.ctx, SubjectOf(transfer, operation), ErrorKind::Other, std::move(text));
+}
 
 // Returns the file at the destination, or nullopt if it is missing. Other failures are errors.
 Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
@@ -79,6 +96,30 @@ Result<std::optional<FindData>> FindDestination(const Transfer& transfer)
     return same ? existing : ProbeDestination(transfer);
 }
 
+// Copies the file. A further name of a file that was copied before becomes a hard link to the copy.
+Status CopyOrLink(const Transfer& transfer, SourceFile& opened, CopyOptions options)
+{
+    FileSystem& files = *transfer.ctx.m_pFiles;
+    const Folder& folder = *transfer.dest.Handle();
+    const std::string& name = transfer.item.name;
+    const FindData& details = opened.Details();
+    if (details.links < 2 || details.kind != ItemKind::File) {
+        return files.CopyFile(opened, folder, name, options);
+    }
+    HardLinks& hardLinks = transfer.rules.hardLinks;
+    const HardLinks::Copy copy = hardLinks.Find(files, details);
+    if (copy.folder) {
+        options.linkTo = &copy.file;
+    }
+    Status copied = files.CopyFile(opened, folder, name, options);
+    if (copied && !hardLinks.Add(files, details, folder, transfer.dest.Path(), name)) {
+        ReportTransferWarning(transfer, RunOperation::Copy,
+                              "There are too many files with several names. Hard links among the "
+                              "further ones become separate files");
+    }
+    return copied;
+}
+
 // Copies the file and returns the error without reporting it.
 Status TryCopy(const Transfer& transfer)
 {
@@ -103,18 +144,11 @@ Status TryCopy(const Transfer& transfer)
     ShownProgress progress(ctx);
     CopyOptions options = transfer.options;
     options.progress = &progress;
-    return ctx.m_pFiles->CopyFile(*opened, *transfer.dest.Handle(), transfer.item.name, options);
-}
-
-ProblemSubject SubjectOf(const Transfer& transfer, RunOperation operation)
-{
-    const std::string& name = transfer.item.name;
-    return {operation, transfer.source.path + name, transfer.dest.Path() + name};
-}
-
-void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
-{
-    ReportFileError(transfer.ctx, SubjectOf(transfer, operation), error);
+    const Status copied = CopyOrLink(transfer, *opened, options);
+    if (copied) {
+        transfer.dest.MarkChanged();
+    }
+    return copied;
 }
 
 // Copies the file and reports a failure. Returns true on success.
@@ -167,11 +201,6 @@ void CopyNewer(const Transfer& transfer)
     }
 }
 
-void ReportTransferWarning(const Transfer& transfer, RunOperation operation, std::string text)
-{
-    ReportWarning(transfer.ctx, SubjectOf(transfer, operation), ErrorKind::Other, std::move(text));
-}
-
 // Restores the state before the rotation, so that the next run finds the old version under its
 // plain name.
 void UndoRotation(const Transfer& transfer, const FindData& old, const Rotation& rotation)
@@ -195,6 +224,12 @@ void CopyWithBackup(Transfer& transfer, const FindData& old)
     ShowAction(ctx, noneFree ? "Didn't backup file. Backup max reached." : "Incrementing backup.");
     if (!rotation) {
         return ReportTransferError(transfer, RunOperation::Backup, rotation.GetError());
+    }
+    // A later source file may have the name of the version.
+    if (transfer.rules.IsFlat() || transfer.dest.Placed().IgnoresCase()) {
+        FindData version = old;
+        version.name = rotation->numbered;
+        (void)transfer.dest.Placed().Add(version);
     }
     // The old version is safe under its number, so its read-only attribute no longer protects the
     // plain name.
@@ -239,6 +274,12 @@ void RefuseTransfer(const Transfer& transfer, std::uint32_t dwFlags, const Error
     }
 }
 
+Error SameNameError()
+{
+    return {ErrorKind::AlreadyExists,
+            "Another item of this entry has the same name at the destination, which ignores case"};
+}
+
 // Acts on the state of the destination; existing: nullopt if the file is missing.
 void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
                     std::uint32_t dwFlags)
@@ -265,20 +306,50 @@ void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
     }
 }
 
-}  // namespace
-
-void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
-                  const FindData& item, SourceFile* opened, std::uint32_t dwFlags)
+// Returns true if the item at the destination belongs to another file of this entry. In a flat
+// entry that is expected, so it is a warning and the transfer goes on.
+bool IsTakenByOther(const Transfer& transfer, FindData existing)
 {
-    Transfer transfer{ctx, source, dest, item, opened, {}};
-    transfer.options.replaceReadOnly = (dwFlags & DCF_OVERWRITE_RO) != 0;
-    if ((dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) == 0 && CopyIntoNewFolder(transfer)) {
+    existing.name = transfer.item.name;
+    if (!transfer.dest.Placed().Has(existing)) {
+        return false;
+    }
+    if (transfer.rules.IsFlat()) {
+        ReportTransferWarning(transfer, RunOperation::Copy,
+                              "Another file of this entry has the same name at the destination, "
+                              "where there is place for one only");
+    }
+    return !transfer.rules.IsFlat();
+}
+
+// Remembers whose item the destination is now, if another source file can have the same name there.
+void RememberPlaced(const Transfer& transfer)
+{
+    TargetFolder& dest = transfer.dest;
+    if (!dest.Handle()) {
         return;
     }
+    FileSystem& files = *transfer.ctx.m_pFiles;
+    dest.Placed().LearnCase(files, *dest.Handle(), transfer.item.name);
+    if (!transfer.rules.IsFlat() && !dest.Placed().IgnoresCase()) {
+        return;
+    }
+    const auto placed = files.Probe(*dest.Handle(), transfer.item.name);
+    if (placed && !dest.Placed().Add(*placed)) {
+        ReportTransferWarning(transfer, RunOperation::Copy,
+                              "There are too many files in this folder. Further ones that have the "
+                              "same name at the destination are not noticed");
+    }
+}
+
+// Probes the destination and acts on what is there.
+void TransferChecked(Transfer& transfer)
+{
+    const std::uint32_t dwFlags = transfer.rules.dwFlags;
     // A folder that could not be opened does not prove that the file is missing, so open or create
     // it first.
     const auto existing = FindDestination(transfer);
-    if (g_bStopRun || dest.IsGivenUp()) {
+    if (g_bStopRun || transfer.dest.IsGivenUp()) {
         return;
     }
     if (!existing) {
@@ -287,7 +358,67 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
     if (*existing && (*existing)->kind == ItemKind::Folder) {
         return RefuseTransfer(transfer, dwFlags, Error(ErrorKind::IsAFolder));
     }
+    if (*existing && IsTakenByOther(transfer, **existing)) {
+        return RefuseTransfer(transfer, dwFlags, SameNameError());
+    }
     TransferBeside(transfer, *existing, dwFlags);
+    RememberPlaced(transfer);
+}
+
+}  // namespace
+
+void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
+                  const FindData& item, SourceFile* opened, const TransferRules& rules)
+{
+    Transfer transfer{ctx, source, dest, item, opened, rules, {}};
+    transfer.options.replaceReadOnly = (rules.dwFlags & DCF_OVERWRITE_RO) != 0;
+    const bool compares = (rules.dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) != 0;
+    const bool namesMayMeet = rules.IsFlat() || dest.Placed().IgnoresCase();
+    if (!compares && !namesMayMeet && CopyIntoNewFolder(transfer)) {
+        RememberPlaced(transfer);
+    } else {
+        TransferChecked(transfer);
+    }
+}
+
+bool ClaimFolder(CRunContext& ctx, const std::string& source, TargetFolder& parent,
+                 TargetFolder& dest, const std::string& name)
+{
+    if (!dest.Handle() || !parent.Handle()) {
+        return true;
+    }
+    PlacedItems& placed = parent.Placed();
+    placed.LearnCase(*ctx.m_pFiles, *parent.Handle(), name);
+    if (!placed.IgnoresCase()) {
+        return true;
+    }
+    FindData item;
+    item.name = name;
+    item.kind = ItemKind::Folder;
+    item.device = dest.Handle()->Identity().device;
+    item.inode = dest.Handle()->Identity().inode;
+    if (placed.HasUnderOtherName(item)) {
+        ShowAction(ctx, "Create Folder.");
+        ReportFileError(ctx, {RunOperation::CreateFolder, source, dest.Path()}, SameNameError());
+        ShowCurrentFile(ctx, source, true, true);
+        ShowDestFile(ctx, dest.Path(), true, true);
+        return false;
+    }
+    (void)placed.Add(item);  // files report a full list
+    return true;
+}
+
+void KeepFolderTime(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest)
+{
+    if (g_bStopRun || !dest.IsChanged() || !dest.Handle()) {
+        return;
+    }
+    const Status kept = ctx.m_pFiles->CopyFolderTime(source.handle, *dest.Handle());
+    if (!kept) {
+        ReportWarning(ctx, {RunOperation::CreateFolder, source.path, dest.Path()},
+                      kept.GetError().Kind(),
+                      "The time of the folder could not be kept: " + kept.GetError().Text());
+    }
 }
 
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name)

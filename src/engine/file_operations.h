@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string>
 
+#include "batch/dir_copy.h"
+#include "engine/hard_links.h"
 #include "engine/run_context.h"
 #include "engine/target_folder.h"
 #include "platform/file_system.h"
@@ -21,10 +23,32 @@ struct SourceFolder {
     const Folder& handle;
 };
 
-// Copies, syncs, backs up or skips one file, depending on the flags of its entry. `opened` is the
-// source file if it is already open, otherwise null; not owned. Errors are reported.
+// The flags of an entry (DCF_... bits), and what is remembered while it is processed (not owned).
+struct TransferRules {
+    std::uint32_t dwFlags = 0;
+    HardLinks& hardLinks;
+
+    // The files of several source folders go into one folder.
+    [[nodiscard]] bool IsFlat() const
+    {
+        return (dwFlags & (DCF_SUBFOLDERS | DCF_PRESERVE_TREE)) == DCF_SUBFOLDERS;
+    }
+};
+
+// Copies, syncs, backs up or skips one file, depending on the rules. `opened` is the source file if
+// it is already open, otherwise null; not owned. Errors are reported.
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
-                  const FindData& item, SourceFile* opened, std::uint32_t dwFlags);
+                  const FindData& item, SourceFile* opened, const TransferRules& rules);
+
+// Checks a destination folder that was opened for a source folder `source`. Returns false and
+// reports an error if another source folder is the same folder at the destination, because the
+// destination ignores case. parent: contains dest.
+bool ClaimFolder(CRunContext& ctx, const std::string& source, TargetFolder& parent,
+                 TargetFolder& dest, const std::string& name);
+
+// Gives the destination folder the last-write time of its source if this run changed it. Call it
+// when nothing more will be placed in the folder. Failures are warnings.
+void KeepFolderTime(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest);
 
 // Deletes a file of the source folder. Errors are reported.
 void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::string& name);

@@ -52,7 +52,7 @@ bool CountEntry(CRunContext& ctx, const CDirCopy& entry)
 
 // Returns false if a stop was requested before a walk started.
 bool ProcessStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, const PlanStep& step,
-                 ReadAheadPolicy& readAhead)
+                 WalkMemory& memory)
 {
     if (step.kind == StepKind::RunScript) {
         RunExternalFile(ctx, step.source, rules.dwFlags);
@@ -76,8 +76,12 @@ bool ProcessStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, c
             }
             return true;
         }
+        if (!step.targetName.empty() &&
+            !ClaimFolder(ctx, step.source, dest, folder, step.targetName)) {
+            return true;
+        }
     }
-    return ProcessFolder(ctx, step.source, target, rules, readAhead);
+    return ProcessFolder(ctx, step.source, target, rules, memory);
 }
 
 // Reports the source folder of a folder list if it does not exist, for example because a disk is
@@ -104,8 +108,10 @@ bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& read
         return true;
     }
     TargetFolder dest(*ctx.m_pFiles, plan.destination);
+    HardLinks hardLinks;
+    WalkMemory memory{readAhead, hardLinks};
     return std::ranges::all_of(plan.steps, [&](const PlanStep& step) {
-        return ProcessStep(ctx, plan.rules, dest, step, readAhead);
+        return ProcessStep(ctx, plan.rules, dest, step, memory);
     });
 }
 

@@ -97,6 +97,9 @@ void SourceQueue::Prepare(QueuedItem& item)
     item.data.size = details.size;
     item.data.modified = details.modified;
     item.data.modifiedNsec = details.modifiedNsec;
+    item.data.device = details.device;
+    item.data.inode = details.inode;
+    item.data.links = details.links;
 }
 
 }  // namespace quorbit

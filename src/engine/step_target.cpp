@@ -5,7 +5,8 @@
 
 namespace quorbit {
 
-StepTarget::StepTarget(FileSystem& files, TargetFolder& dest, const PlanStep& step) : m_dest(dest)
+StepTarget::StepTarget(FileSystem& files, TargetFolder& dest, const PlanStep& step)
+    : m_dest(dest), m_bMirrorsSource(step.makesTarget)
 {
     if (!step.targetName.empty()) {
         m_own.emplace(dest, step.targetName);

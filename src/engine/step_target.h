@@ -21,12 +21,16 @@ public:
 
     // The folder into which the step copies.
     [[nodiscard]] TargetFolder& Folder() { return m_own ? *m_own : m_dest; }
+    // True if the folder stands for the source folder of the step, and is not just where selected
+    // files go.
+    [[nodiscard]] bool MirrorsSource() const { return m_bMirrorsSource; }
     // Returns true for the destination folder of the step or of its entry. A walk must not enter
     // them, because it would copy its own copies.
     [[nodiscard]] bool IsAt(const FolderIdentity& folder);
 
 private:
     TargetFolder& m_dest;
+    bool m_bMirrorsSource;
     std::optional<TargetFolder> m_own;  // unless it is the folder of the entry
 };
 

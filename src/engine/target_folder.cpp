@@ -97,6 +97,8 @@ Status TargetFolder::Create(const Folder* like)
         m_bSwept = true;  // a new folder contains no leftovers
         Open();
         m_bNew = m_handle != nullptr;
+        m_bChanged = true;
+        parent.m_bChanged = true;
     }
     return created;
 }

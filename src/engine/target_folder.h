@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "engine/placed_items.h"
 #include "platform/file_system.h"
 
 namespace quorbit {
@@ -50,6 +51,11 @@ public:
     // True if this object created the folder, which therefore contains only what was put there
     // since. False again after the folder was reopened because it had been removed.
     [[nodiscard]] bool IsNew() const { return m_bNew; }
+    // True if this run changed the folder, so that its time is no longer its own.
+    [[nodiscard]] bool IsChanged() const { return m_bChanged; }
+    void MarkChanged() { m_bChanged = true; }
+    // The items whose source names are known.
+    [[nodiscard]] PlacedItems& Placed() { return m_placed; }
     // Creates the folder in its parent. Returns Missing if the parent does not exist. `like`: see
     // FileSystem::CreateFolder.
     Status Create(const Folder* like);
@@ -69,6 +75,8 @@ private:
     bool m_bGivenUp = false;
     bool m_bSwept = false;
     bool m_bNew = false;
+    bool m_bChanged = false;
+    PlacedItems m_placed;
 };
 
 }  // namespace quorbit

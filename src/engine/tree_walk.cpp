@@ -60,9 +60,8 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
 // Processes one source folder and its subfolders.
 class ProcessWalk {
 public:
-    ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target,
-                ReadAheadPolicy& readAhead)
-        : m_ctx(ctx), m_rules(rules), m_target(target), m_readAhead(readAhead)
+    ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target, WalkMemory& memory)
+        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory)
     {
     }
 
@@ -80,7 +79,7 @@ private:
     CRunContext& m_ctx;
     const WalkRules& m_rules;
     StepTarget& m_target;
-    ReadAheadPolicy& m_readAhead;
+    WalkMemory& m_memory;
     std::string m_path;      // of the current file; a member to reuse its memory
     std::string m_destPath;  // its destination
 };
@@ -102,7 +101,7 @@ bool ProcessWalk::Process(const std::string& source, const Result<std::unique_pt
         return true;
     }
     FlushLogIfDue(m_ctx);
-    SourceQueue queue(*m_ctx.m_pFiles, folder.handle, *items, m_rules, m_readAhead);
+    SourceQueue queue(*m_ctx.m_pFiles, folder.handle, *items, m_rules, m_memory.readAhead);
     QueuedItem item;
     for (;;) {
         const auto more = queue.Next(item);
@@ -142,7 +141,14 @@ bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string
                       opened ? opened->get() : nullptr)) {
         return true;  // reported; nothing in it can be copied
     }
-    return Process(path, opened, subfolder);
+    if (!ClaimFolder(m_ctx, path, dest, subfolder, name)) {
+        return true;
+    }
+    const bool processed = Process(path, opened, subfolder);
+    if (opened) {
+        KeepFolderTime(m_ctx, {path, **opened}, subfolder);
+    }
+    return processed;
 }
 
 bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
@@ -193,7 +199,8 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
     if (m_rules.Deletes()) {
         DeleteOneFile(m_ctx, source, item.data.name);
     } else {
-        TransferFile(m_ctx, source, dest, item.data, item.source.get(), m_rules.dwFlags);
+        TransferFile(m_ctx, source, dest, item.data, item.source.get(),
+                     {m_rules.dwFlags, m_memory.hardLinks});
     }
     // Close the file now; the item is reused only for the next one.
     item.source.reset();
@@ -210,10 +217,15 @@ bool CountFolder(CRunContext& ctx, const std::string& folder, StepTarget& target
 }
 
 bool ProcessFolder(CRunContext& ctx, const std::string& source, StepTarget& target,
-                   const WalkRules& rules, ReadAheadPolicy& readAhead)
+                   const WalkRules& rules, WalkMemory& memory)
 {
-    return ProcessWalk(ctx, rules, target, readAhead)
-        .Process(source, ctx.m_pFiles->OpenFolder(source), target.Folder());
+    const auto opened = ctx.m_pFiles->OpenFolder(source);
+    const bool processed =
+        ProcessWalk(ctx, rules, target, memory).Process(source, opened, target.Folder());
+    if (opened && target.MirrorsSource() && rules.Has(DCF_PRESERVE_TREE)) {
+        KeepFolderTime(ctx, {source, **opened}, target.Folder());
+    }
+    return processed;
 }
 
 }  // namespace quorbit

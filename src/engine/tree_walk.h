@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "engine/hard_links.h"
 #include "engine/read_ahead_policy.h"
 #include "engine/run_context.h"
 #include "engine/step_target.h"
@@ -21,9 +22,15 @@ namespace quorbit {
 [[nodiscard]] bool CountFolder(CRunContext& ctx, const std::string& folder, StepTarget& target,
                                const WalkRules& rules);
 
+// What walks remember; not owned.
+struct WalkMemory {
+    ReadAheadPolicy& readAhead;  // of the run
+    HardLinks& hardLinks;        // of the entry
+};
+
 // Transfers the selected files of a folder to the target, or deletes them. Errors are reported.
 // Returns false if a stop was requested before it started.
 [[nodiscard]] bool ProcessFolder(CRunContext& ctx, const std::string& source, StepTarget& target,
-                                 const WalkRules& rules, ReadAheadPolicy& readAhead);
+                                 const WalkRules& rules, WalkMemory& memory);
 
 }  // namespace quorbit

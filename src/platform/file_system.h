@@ -68,10 +68,21 @@ public:
     virtual void OnBytesCopied(std::uint64_t bytes) = 0;  // since the last call
 };
 
+// A file that was copied before.
+struct PlacedFile {
+    const Folder* folder = nullptr;  // not owned
+    // As probed after the copy. Only a file with this identity, size and time is used, so that
+    // another file of its name is not; an inode number alone may be used again.
+    FindData item;
+};
+
 struct CopyOptions {
     bool replaceReadOnly = false;      // if false, replacing a read-only file fails, even for root
     bool expectMissing = false;        // a hint that the name does not exist yet; harmless if wrong
     CopyProgress* progress = nullptr;  // not owned; may be null
+    // A copy of the same source file under another name. The destination becomes a hard link to it
+    // if possible, and otherwise a file of its own. Not owned; may be null.
+    const PlacedFile* linkTo = nullptr;
 };
 
 class FileSystem {
@@ -90,12 +101,12 @@ public:
     virtual bool IsProtected(const Folder& folder) = 0;
 
     virtual Result<std::unique_ptr<Listing>> List(const Folder& folder) = 0;
-    // Sets kind, size and time of a listed item.
+    // Sets kind, size, time, identity and links of a listed item.
     virtual Status ReadDetails(const Folder& folder, FindData& item) = 0;
     // Sets the attribute word of an item whose kind is known.
     virtual Status ReadAttributes(const Folder& folder, FindData& item) = 0;
-    // Returns kind, size and time of a name. ErrorKind::Missing means that it does not exist; any
-    // other error means that this could not be determined.
+    // Returns kind, size, time, identity and links of a name. ErrorKind::Missing means that it does
+    // not exist; any other error means that this could not be determined.
     virtual Result<FindData> Probe(const Folder& folder, const std::string& name) = 0;
     // Replaces the read-only, hidden, system and archive attributes of an item with those in the
     // word.
@@ -128,6 +139,8 @@ public:
     // the name is taken.
     virtual Status CreateFolder(const Folder& parent, const std::string& name,
                                 const Folder* like) = 0;
+    // Gives a folder the last-write time of another one. Ok if the file system cannot store it.
+    virtual Status CopyFolderTime(const Folder& from, const Folder& to) = 0;
     // Creates a hard link in the same folder. AlreadyExists if the new name is taken.
     virtual Status Link(const Folder& folder, const std::string& name,
                         const std::string& newName) = 0;

@@ -33,7 +33,11 @@ struct FindData {
     std::uint64_t size = 0;  // bytes; set by ReadDetails, Probe and OpenSource
     std::int64_t modified = 0;       // last-write time, seconds since 1970-01-01 UTC; set with size
     std::uint32_t modifiedNsec = 0;  // fraction of that second, in nanoseconds
-    std::uint32_t attributes = 0;    // the attribute word; set by ReadAttributes only
+    // Identify the item among those that exist at one time; set with size.
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t links = 1;       // names of the file, 2 or more for hard links; set with size
+    std::uint32_t attributes = 0;  // the attribute word; set by ReadAttributes only
 };
 
 }  // namespace quorbit

@@ -58,7 +58,7 @@ TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
         {Call::OpenFolder, 2, "left 3"},       // between the passes
         {Call::OpenSource, 1, "left 3"},       // before the first file is opened
         {Call::StillThere, 1, "left 3"},       // while its folder is checked
-        {Call::Probe, 2, "left 2 copy 1"},     // while the second destination is checked
+        {Call::Probe, 3, "left 2 copy 1"},     // while the second destination is checked
         {Call::CopyFile, 2, "left 2 copy 2"},  // after the last check: it is copied
     };
     for (const auto& [call, number, counters] : cases) {

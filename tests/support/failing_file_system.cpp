@@ -3,6 +3,8 @@
 
 #include "support/failing_file_system.h"
 
+#include "platform/case_folding.h"
+
 namespace quorbit {
 
 namespace {
@@ -46,6 +48,25 @@ Result<std::unique_ptr<Listing>> FailingFileSystem::List(const Folder& folder)
         *listing = std::make_unique<FailingListing>(*this, std::move(*listing));
     }
     return listing;
+}
+
+std::string FailingFileSystem::Existing(const Folder& folder, Name name)
+{
+    if (!m_bIgnoresCase || m_inner.Probe(folder, name)) {
+        return name;
+    }
+    const auto listing = m_inner.List(folder);
+    FindData item;
+    while (listing) {
+        const auto more = (*listing)->Next(item);
+        if (!more || !*more) {
+            break;
+        }
+        if (EqualNoCase(item.name, name)) {
+            return item.name;
+        }
+    }
+    return name;
 }
 
 }  // namespace quorbit

@@ -33,6 +33,7 @@ enum class FileSystemCall {
     DeleteFile,
     RemoveFolder,
     CreateFolder,
+    CopyFolderTime,
     Link,
     Rename,
     SweepLeftovers,  // failing: does nothing
@@ -58,6 +59,8 @@ public:
     {
         m_actions[{call, number}] = std::move(action);
     }
+    // From now on, behaves like a file system that ignores the case of names.
+    void IgnoreCase() { m_bIgnoresCase = true; }
     [[nodiscard]] int Count(Call call) const
     {
         return m_counts.contains(call) ? m_counts.at(call) : 0;
@@ -73,7 +76,8 @@ public:
     }
     Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent, Name name) override
     {
-        return Through(Call::OpenSubfolder, &FileSystem::OpenSubfolder, parent, name);
+        return Through(Call::OpenSubfolder, &FileSystem::OpenSubfolder, parent,
+                       Existing(parent, name));
     }
     bool StillThere(const Folder& folder) override
     {
@@ -94,7 +98,7 @@ public:
     }
     Result<FindData> Probe(const Folder& folder, Name name) override
     {
-        return Through(Call::Probe, &FileSystem::Probe, folder, name);
+        return Through(Call::Probe, &FileSystem::Probe, folder, Existing(folder, name));
     }
     Status SetAttributes(const Folder& folder, Name name, std::uint32_t attributes) override
     {
@@ -114,7 +118,8 @@ public:
     Status CopyFile(SourceFile& source, const Folder& destination, Name name,
                     const CopyOptions& options) override
     {
-        return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination, name, options);
+        return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination,
+                       Existing(destination, name), options);
     }
     Status DeleteFile(const Folder& folder, Name name) override
     {
@@ -126,7 +131,12 @@ public:
     }
     Status CreateFolder(const Folder& parent, Name name, const Folder* like) override
     {
-        return Through(Call::CreateFolder, &FileSystem::CreateFolder, parent, name, like);
+        return Through(Call::CreateFolder, &FileSystem::CreateFolder, parent,
+                       Existing(parent, name), like);
+    }
+    Status CopyFolderTime(const Folder& from, const Folder& to) override
+    {
+        return Through(Call::CopyFolderTime, &FileSystem::CopyFolderTime, from, to);
     }
     Status Link(const Folder& folder, Name name, Name newName) override
     {
@@ -171,7 +181,11 @@ private:
     using Moment = std::pair<Call, int>;
     static constexpr int kAlways = 0;
 
+    // Returns the name of the item that a file system that ignores case would find.
+    [[nodiscard]] std::string Existing(const Folder& folder, Name name);
+
     FileSystem& m_inner;
+    bool m_bIgnoresCase = false;
     std::map<Call, int> m_counts;
     std::map<Moment, Error> m_failures;
     std::map<Moment, std::function<void()>> m_actions;

@@ -4,6 +4,7 @@
 #include "platform/posix/item_details.h"
 
 #include <fcntl.h>
+#include <sys/sysmacros.h>
 
 #include "platform/posix/system_call.h"
 
@@ -39,6 +40,9 @@ void FillDetails(const struct stat& details, FindData& item)
     item.size = static_cast<std::uint64_t>(details.st_size);
     item.modified = details.st_mtim.tv_sec;
     item.modifiedNsec = static_cast<std::uint32_t>(details.st_mtim.tv_nsec);
+    item.device = details.st_dev;
+    item.inode = details.st_ino;
+    item.links = details.st_nlink;
 }
 
 Status ReadDetailsAt(int folder, FindData& item)
@@ -46,7 +50,7 @@ Status ReadDetailsAt(int folder, FindData& item)
     struct statx details = {};
     const int done = RetryInterrupted([&] {
         return ::statx(folder, item.name.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
-                       STATX_TYPE | STATX_SIZE | STATX_MTIME, &details);
+                       STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_INO | STATX_NLINK, &details);
     });
     if (done != 0) {
         return LastError();
@@ -55,6 +59,9 @@ Status ReadDetailsAt(int folder, FindData& item)
     item.size = details.stx_size;
     item.modified = details.stx_mtime.tv_sec;
     item.modifiedNsec = details.stx_mtime.tv_nsec;
+    item.device = makedev(details.stx_dev_major, details.stx_dev_minor);
+    item.inode = details.stx_ino;
+    item.links = details.stx_nlink;
     return {};
 }
 

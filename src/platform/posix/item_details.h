@@ -17,11 +17,11 @@ namespace quorbit {
 // Returns the kind for an st_mode; see inode(7).
 [[nodiscard]] ItemKind KindFromMode(mode_t mode);
 
-// Sets kind, size and time.
+// Sets kind, size, time, identity and links.
 void FillDetails(const struct stat& details, FindData& item);
 
-// Sets kind, size and time of the item `item.name` in an open folder. Follows no links and triggers
-// no automount.
+// Sets kind, size, time, identity and links of the item `item.name` in an open folder. Follows no
+// links and triggers no automount.
 Status ReadDetailsAt(int folder, FindData& item);
 
 // Calls fstatat(2) on a name in an open folder. Follows no links and triggers no automount.

@@ -29,7 +29,53 @@ constexpr std::uint64_t kStatBlock = 512;
 
 Status PosixFileCopy::Run()
 {
-    return m_source.Details().kind == ItemKind::File ? CopyRegular() : CopyUnopened();
+    if (m_source.Details().kind != ItemKind::File) {
+        return CopyUnopened();
+    }
+    if (m_options.linkTo != nullptr) {
+        const Result<bool> linked = LinkToPlaced();
+        if (!linked || *linked) {
+            return linked ? Status() : linked.GetError();
+        }
+    }
+    return CopyRegular();
+}
+
+// Returns false if the file cannot be linked and must be copied.
+Result<bool> PosixFileCopy::LinkToPlaced() const
+{
+    const PlacedFile& placed = *m_options.linkTo;
+    const int from = static_cast<const PosixFolder&>(*placed.folder).Descriptor();
+    const int folder = m_destination.Descriptor();
+    const auto isPlaced = [&placed](int in, const std::string& name) {
+        FindData found;
+        found.name = name;
+        return ReadDetailsAt(in, found) && found.device == placed.item.device &&
+               found.inode == placed.item.inode && found.size == placed.item.size &&
+               found.modified == placed.item.modified &&
+               found.modifiedNsec == placed.item.modifiedNsec;
+    };
+    // Linking is not copying: the checks of the destination apply in the same way.
+    const Result<bool> replaces = CheckDestination();
+    if (!replaces) {
+        return replaces.GetError();
+    }
+    if (!isPlaced(from, placed.item.name)) {
+        return false;
+    }
+    if (*replaces && isPlaced(folder, m_strName)) {
+        return true;  // rename(2) of two links to one file would do nothing
+    }
+    const std::string own = MakeLeftoverName();
+    if (::linkat(from, placed.item.name.c_str(), folder, own.c_str(), 0) != 0) {
+        return false;
+    }
+    // Check again: another process may have replaced the placed file.
+    if (!isPlaced(folder, own) || ::renameat(folder, own.c_str(), folder, m_strName.c_str()) != 0) {
+        (void)::unlinkat(folder, own.c_str(), 0);
+        return false;
+    }
+    return true;
 }
 
 Result<bool> PosixFileCopy::CheckDestination() const

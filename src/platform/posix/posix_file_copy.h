@@ -35,6 +35,7 @@ private:
     Result<bool> CheckDestination() const;
     Result<bool> IsReadOnly(const struct stat& details) const;
 
+    Result<bool> LinkToPlaced() const;
     Status CopyRegular();
     Status CopyStaged();
     Status CopyContent(int to) const;

@@ -293,6 +293,15 @@ Status PosixFileSystem::CreateFolder(const Folder& parent, const std::string& na
     return done;
 }
 
+Status PosixFileSystem::CopyFolderTime(const Folder& from, const Folder& to)
+{
+    struct stat model = {};
+    if (::fstat(Own(from).Descriptor(), &model) != 0) {
+        return LastError();
+    }
+    return SetModified(Own(to).Descriptor(), model, Own(to).Volume().keepsEvenSeconds);
+}
+
 Status PosixFileSystem::Link(const Folder& folder, const std::string& name,
                              const std::string& newName)
 {

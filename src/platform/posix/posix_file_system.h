@@ -45,6 +45,7 @@ public:
     Status DeleteFile(const Folder& folder, const std::string& name) override;
     Status RemoveFolder(const Folder& parent, const std::string& name) override;
     Status CreateFolder(const Folder& parent, const std::string& name, const Folder* like) override;
+    Status CopyFolderTime(const Folder& from, const Folder& to) override;
     Status Link(const Folder& folder, const std::string& name, const std::string& newName) override;
     Status Rename(const Folder& folder, const std::string& name,
                   const std::string& newName) override;
