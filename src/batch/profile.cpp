@@ -114,11 +114,9 @@ DriveMap Profile::ReadDrives() const
         return drives;
     }
     for (const auto& [name, folder] : *section) {
-        const std::string drive = name + ':';
-        const bool letter = name.size() == 1 && IsDrivePath(drive);
-        if (letter && folder.starts_with('/')) {
-            const bool lower = name[0] >= 'a';
-            drives.try_emplace(static_cast<char>(lower ? name[0] - 'a' + 'A' : name[0]), folder);
+        std::string key = DriveKey(name);
+        if (!key.empty() && folder.starts_with('/')) {
+            drives.try_emplace(std::move(key), folder);
         }
     }
     return drives;

@@ -53,8 +53,9 @@ public:
     // Stores the first eight paths and clears the remaining values.
     void WriteRecentFiles(const std::vector<std::string>& paths) const;
 
-    // Reads section "Drives": each "C=/mnt/c" assigns a folder to a drive letter. Ignores names
-    // that are not letters and folders that are not absolute. The first of two equal letters wins.
+    // Reads section "Drives": each "C=/mnt/c" assigns a folder to a drive letter, each
+    // "\\nas\backup=/mnt/nas" to a share. Ignores names that are neither, and folders that are not
+    // absolute. The first of two equal names wins.
     [[nodiscard]] DriveMap ReadDrives() const;
 
 private:

@@ -48,7 +48,7 @@ std::vector<std::string> NamesOfDropText(const std::string& text)
 {
     if (text.starts_with('D')) {
         const std::string path = text.substr(1);
-        if (path.starts_with('/') || IsDrivePath(path)) {
+        if (path.starts_with('/') || IsWindowsPath(path)) {
             return {};
         }
     }

@@ -57,7 +57,7 @@ std::string ComposeDestination(const std::string& source, const std::string& des
     }
     // The first character is the root folder in a native path, and the drive letter in a drive
     // path.
-    const bool native = !IsDrivePath(source) && source.front() == '/';
+    const bool native = source.front() == '/';
     std::size_t cut = source.rfind(SeparatorOf(source));
     bool hasSeparator = cut != std::string::npos && (cut > 0 || native);
     std::string tail = hasSeparator ? source.substr(cut + 1) : source.substr(1);

@@ -30,7 +30,7 @@ std::string StartFolder(const std::string& file)
     if (file.empty()) {
         return TypedName(QDir::currentPath());
     }
-    return IsDrivePath(file) ? ParentFolder(file) : ParentFolder(MakeAbsolute(file));
+    return IsWindowsPath(file) ? ParentFolder(file) : ParentFolder(MakeAbsolute(file));
 }
 
 }  // namespace
@@ -237,13 +237,13 @@ void COpenDialog::accept()
         return;
     }
     const std::string typed = TypedName(text);
-    if (IsDrivePath(typed)) {
+    if (IsWindowsPath(typed)) {
         TakePath(typed);
     } else if (typed.starts_with('/')) {
         TakePath(MakeAbsolute(typed));
     } else {
-        TakePath(IsDrivePath(m_strFolder) ? m_strFolder + typed
-                                          : MakeAbsolute(m_strFolder + typed));
+        TakePath(IsWindowsPath(m_strFolder) ? m_strFolder + typed
+                                            : MakeAbsolute(m_strFolder + typed));
     }
 }
 

@@ -14,7 +14,7 @@
 
 namespace quorbit {
 
-// drives: maps the letters of drive paths to native folders.
+// drives: maps drives and shares to native folders.
 [[nodiscard]] std::unique_ptr<FileSystem> MakeFileSystem(DriveMap drives = {});
 
 // openFileLimit: limit of open files for started programs, since programs that use select(2) do not

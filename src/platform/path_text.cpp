@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
-#include <vector>
 
+#include "platform/case_folding.h"
 #include "platform/utf8.h"
 
 namespace quorbit {
@@ -25,60 +25,136 @@ constexpr char UpperLetter(char c)
     return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// Names cannot contain a slash, so accept it as a separator in drive paths too.
-constexpr bool IsSeparator(char c, bool drive)
+// Names cannot contain a slash, so accept it as a separator in Windows paths too.
+constexpr bool IsSeparator(char c, bool windows)
 {
-    return c == '/' || (drive && c == '\\');
+    return c == '/' || (windows && c == '\\');
 }
 
-// Returns a drive path without "C:", and any other path unchanged.
-std::string_view AfterDrive(std::string_view path)
+std::string_view WithoutClosingSeparators(std::string_view text, bool windows)
 {
-    return IsDrivePath(path) ? path.substr(2) : path;
-}
-
-std::string_view WithoutClosingSeparators(std::string_view text, bool drive)
-{
-    while (!text.empty() && IsSeparator(text.back(), drive)) {
+    while (!text.empty() && IsSeparator(text.back(), windows)) {
         text.remove_suffix(1);
     }
     return text;
 }
 
-// Splits a path without its drive into components. Skips empty ones and "."; ".." removes the
-// component before it, but not the root.
-std::vector<std::string_view> Components(std::string_view text, bool drive)
+// Removes the leading separators and the first name from the text. Returns the name, which is empty
+// at the end of the text.
+std::string_view TakeName(std::string_view& text, bool windows)
+{
+    const auto separates = [windows](char c) { return IsSeparator(c, windows); };
+    const auto start = std::find_if_not(text.begin(), text.end(), separates);
+    const auto end = std::find_if(start, text.end(), separates);
+    const std::string_view name(start, end);
+    text = std::string_view(end, text.end());
+    return name;
+}
+
+// Returns the part of a path that is not a name in a parent folder: "C:" or "\\server\share". Empty
+// for all other paths.
+std::string_view RootOf(std::string_view path)
+{
+    if (IsDrivePath(path)) {
+        return path.substr(0, 2);
+    }
+    if (!IsSharePath(path)) {
+        return {};
+    }
+    std::string_view rest = path;
+    (void)TakeName(rest, true);
+    (void)TakeName(rest, true);
+    return path.substr(0, path.size() - rest.size());
+}
+
+std::string_view BelowRoot(std::string_view path)
+{
+    return path.substr(RootOf(path).size());
+}
+
+// Splits a path without its root into names. Skips "."; ".." removes the name before it, but not
+// the root.
+std::vector<std::string_view> Components(std::string_view text, bool windows)
 {
     std::vector<std::string_view> parts;
-    while (!text.empty()) {
-        const auto end = std::find_if(text.begin(), text.end(),
-                                      [drive](char c) { return IsSeparator(c, drive); });
-        const auto length = static_cast<std::size_t>(end - text.begin());
-        const std::string_view part = text.substr(0, length);
-        text.remove_prefix(std::min(length + 1, text.size()));
-        if (part == "..") {
-            if (!parts.empty()) {
-                parts.pop_back();
+    for (auto part = TakeName(text, windows); !part.empty(); part = TakeName(text, windows)) {
+        if (part != "..") {
+            if (part != ".") {
+                parts.push_back(part);
             }
-        } else if (!part.empty() && part != ".") {
-            parts.push_back(part);
+        } else if (!parts.empty()) {
+            parts.pop_back();
         }
     }
     return parts;
 }
 
-// Appends the resolved components of text to base, which has no trailing separator. The result has
-// one if text has one, or if it is the root.
-std::string AppendResolved(std::string base, std::string_view text, bool drive)
+// Returns the rest of a path that starts with the names of `prefix`, or nullopt.
+std::optional<std::string_view> AfterPrefix(std::string_view path, std::string_view prefix)
 {
-    for (const std::string_view part : Components(text, drive)) {
-        base += '/';
-        base += part;
+    for (auto name = TakeName(prefix, true); !name.empty(); name = TakeName(prefix, true)) {
+        if (!EqualNoCase(TakeName(path, true), name)) {
+            return std::nullopt;
+        }
     }
-    if (base.empty() || (!text.empty() && IsSeparator(text.back(), drive))) {
+    return path;
+}
+
+struct Mapping {
+    std::string_view folder;
+    std::string_view rest;  // of the path
+};
+
+std::optional<Mapping> FindDrive(std::string_view path, const DriveMap& drives)
+{
+    const auto drive = drives.find({UpperLetter(path[0]), ':'});
+    if (drive == drives.end()) {
+        return std::nullopt;
+    }
+    return Mapping{drive->second, BelowRoot(path)};
+}
+
+// Of several prefixes that match, the longest wins.
+std::optional<Mapping> FindShare(std::string_view path, const DriveMap& drives)
+{
+    std::optional<Mapping> longest;
+    for (const auto& [prefix, folder] : drives) {
+        if (!IsSharePath(prefix)) {
+            continue;
+        }
+        const auto rest = AfterPrefix(path, prefix);
+        if (rest && (!longest || rest->size() < longest->rest.size())) {
+            longest = Mapping{folder, *rest};
+        }
+    }
+    return longest;
+}
+
+// Appends the names of text to base, which has no trailing separator. The result has one if text
+// has one, or if it is the root.
+std::string AppendNames(std::string base, std::string_view text)
+{
+    for (const std::string_view name : Components(text, false)) {
+        base += '/';
+        base += name;
+    }
+    if (base.empty() || text.ends_with('/')) {
         base += '/';
     }
     return base;
+}
+
+// Returns where the last ".." of a path ends, or 0 if there is none.
+std::size_t EndOfLastParent(std::string_view path)
+{
+    std::size_t end = 0;
+    std::string_view rest = path;
+    for (auto name = TakeName(rest, false); !name.empty(); name = TakeName(rest, false)) {
+        if (name == "..") {
+            end = path.size() - rest.size();
+        }
+    }
+    return end;
 }
 
 // Returns true for characters that must not reach a log or a terminal: they end a line or change
@@ -133,14 +209,24 @@ bool IsDrivePath(std::string_view path)
     return path.size() >= 2 && IsAsciiLetter(path[0]) && path[1] == ':';
 }
 
+bool IsSharePath(std::string_view path)
+{
+    return path.starts_with("\\\\");
+}
+
+bool IsWindowsPath(std::string_view path)
+{
+    return IsDrivePath(path) || path.starts_with('\\');
+}
+
 char SeparatorOf(std::string_view path)
 {
-    return IsDrivePath(path) ? '\\' : '/';
+    return IsWindowsPath(path) ? '\\' : '/';
 }
 
 bool EndsInSeparator(std::string_view path)
 {
-    return !path.empty() && IsSeparator(path.back(), IsDrivePath(path));
+    return !path.empty() && IsSeparator(path.back(), IsWindowsPath(path));
 }
 
 std::string WithSeparator(std::string path)
@@ -153,20 +239,19 @@ std::string WithSeparator(std::string path)
 
 bool IsRoot(std::string_view path)
 {
-    return !path.empty() && WithoutClosingSeparators(AfterDrive(path), IsDrivePath(path)).empty();
+    return !path.empty() && WithoutClosingSeparators(BelowRoot(path), IsWindowsPath(path)).empty();
 }
 
 std::pair<std::string, std::string> SplitLast(std::string_view path)
 {
-    const bool drive = IsDrivePath(path);
-    const std::string_view prefix = path.substr(0, drive ? 2 : 0);
-    const std::string_view rest = WithoutClosingSeparators(AfterDrive(path), drive);
+    const bool windows = IsWindowsPath(path);
+    const std::string_view rest = WithoutClosingSeparators(BelowRoot(path), windows);
     std::size_t start = rest.size();
-    while (start > 0 && !IsSeparator(rest[start - 1], drive)) {
+    while (start > 0 && !IsSeparator(rest[start - 1], windows)) {
         --start;
     }
-    std::string parent(prefix);
-    parent += WithoutClosingSeparators(rest.substr(0, start), drive);
+    std::string parent(RootOf(path));
+    parent += WithoutClosingSeparators(rest.substr(0, start), windows);
     return {std::move(parent), std::string(rest.substr(start))};
 }
 
@@ -176,7 +261,8 @@ std::string ParentFolder(std::string_view path)
     if (!parent.empty()) {
         return parent;
     }
-    return std::string(1, path.starts_with('/') ? '/' : '.');
+    const bool fromRoot = !path.empty() && IsSeparator(path.front(), true);
+    return std::string(1, fromRoot ? path.front() : '.');
 }
 
 std::string VolumeName(std::string_view path)
@@ -185,25 +271,61 @@ std::string VolumeName(std::string_view path)
         return std::string(path.substr(0, 1));
     }
     std::string name;
-    for (const std::string_view part : Components(path, false)) {
+    for (const std::string_view part : Components(path, IsWindowsPath(path))) {
         name += name.empty() ? "" : "-";
         name += part;
     }
     return name.empty() ? "root" : name;
 }
 
-std::string ToNative(std::string_view path, const DriveMap& drives)
+std::string DriveKey(std::string_view name)
 {
-    if (!IsDrivePath(path)) {
-        return std::string(path);
+    if (name.size() == 1 && IsAsciiLetter(name[0])) {
+        return {UpperLetter(name[0]), ':'};
     }
-    const auto drive = drives.find(UpperLetter(path[0]));
-    if (drive == drives.end() || drive->second.empty() || drive->second.front() != '/') {
+    std::string_view rest = name;
+    if (!IsSharePath(name) || TakeName(rest, true).empty() || !IsUtf8(name)) {
         return {};
     }
-    // Resolve ".." as text: on a mapped drive it must not leave the mapped folder.
-    return AppendResolved(std::string(WithoutClosingSeparators(drive->second, false)),
-                          AfterDrive(path), true);
+    return std::string(WithoutClosingSeparators(name, true));
+}
+
+std::optional<MappedPath> MapPath(std::string_view path, const DriveMap& drives)
+{
+    std::optional<Mapping> found;
+    if (IsDrivePath(path)) {
+        found = FindDrive(path, drives);
+    } else if (IsSharePath(path)) {
+        found = FindShare(path, drives);
+    }
+    if (!found || !found->folder.starts_with('/')) {
+        return std::nullopt;
+    }
+    MappedPath mapped;
+    mapped.folder = WithoutClosingSeparators(found->folder, false);
+    // Resolve ".." as text: it must not leave the mapped folder.
+    for (const std::string_view name : Components(found->rest, true)) {
+        mapped.names.emplace_back(name);
+    }
+    mapped.closed = (!found->rest.empty() && IsSeparator(found->rest.back(), true)) ||
+                    (mapped.folder.empty() && mapped.names.empty());
+    return mapped;
+}
+
+std::string ToNative(std::string_view path, const DriveMap& drives)
+{
+    if (!IsWindowsPath(path)) {
+        return std::string(path);
+    }
+    const auto mapped = MapPath(path, drives);
+    if (!mapped) {
+        return {};
+    }
+    std::string native = mapped->folder;
+    for (const std::string& name : mapped->names) {
+        native += '/' + name;
+    }
+    return mapped->closed ? native + '/' : native;
 }
 
 std::string MakeAbsolute(std::string_view path)
@@ -211,15 +333,24 @@ std::string MakeAbsolute(std::string_view path)
     if (path.empty() || IsDrivePath(path)) {
         return std::string(path);
     }
-    if (path.front() == '/') {
-        return AppendResolved({}, path, false);
-    }
     std::error_code failed;
-    const std::string current = std::filesystem::current_path(failed).string();
-    if (failed) {
-        return std::string(path);
+    std::string whole(path);
+    if (path.front() != '/') {
+        const std::string current = std::filesystem::current_path(failed).string();
+        if (failed) {
+            return whole;
+        }
+        whole = current + '/' + whole;
     }
-    return AppendResolved({}, current + '/' + std::string(path), false);
+    const std::size_t parentEnd = EndOfLastParent(whole);
+    if (parentEnd == 0) {
+        return AppendNames({}, whole);
+    }
+    const std::string folder = std::filesystem::canonical(whole.substr(0, parentEnd), failed);
+    if (failed) {
+        return whole;  // opening it then gives the reason
+    }
+    return AppendNames(folder == "/" ? std::string() : folder, whole.substr(parentEnd));
 }
 
 std::string Printable(std::string_view text)

@@ -71,12 +71,13 @@ TEST_F(ProfileTest, RemembersEightFilesOfAnyName)
     EXPECT_EQ(m_profile.RecentFiles(), std::vector<std::string>{"/one.qrb"});
 }
 
-TEST_F(ProfileTest, MapsDriveLettersToAbsoluteFoldersOnly)
+TEST_F(ProfileTest, MapsDrivesAndSharesToAbsoluteFoldersOnly)
 {
     WriteFile(
         "[Drives]\nC=/mnt/c\nd=/mnt/d e\nE=relative\nF=\nGG=/mnt/g\n1=/mnt/1\n\xC3\xA4=/mnt/a\n"
-        "c=/second\n");
-    EXPECT_EQ(m_profile.ReadDrives(), (DriveMap{{'C', "/mnt/c"}, {'D', "/mnt/d e"}}));
+        "c=/second\n\\\\nas\\backup\\=/mnt/nas\n\\\\=/mnt/all\n\\one=/mnt/one\n\\\\n\xFF=/mnt/n\n");
+    EXPECT_EQ(m_profile.ReadDrives(),
+              (DriveMap{{"C:", "/mnt/c"}, {"D:", "/mnt/d e"}, {"\\\\nas\\backup", "/mnt/nas"}}));
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ TEST_F(ExternalFileTest, AScriptThatCannotBeStartedIsAnErrorAndTheRunGoesOn)
 
 TEST_F(ExternalFileTest, ADrivePathIsLookedUpAndTheLinesBeforeItAreInTheFileWhileItRuns)
 {
-    m_drives['C'] = Path("@/mounted");
+    m_drives["C:"] = Path("@/mounted");
     Write({"source/a=1"});
     WriteScript("mounted/jobs/look.bat", "cp '" + LogPath() + "' seen");
     EXPECT_EQ(Run({Entry(kAll), Script("c:\\jobs\\look.bat")}).counters, "copy 1");

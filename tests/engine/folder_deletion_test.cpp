@@ -90,7 +90,7 @@ TEST_F(FolderDeletionTest, WhatNamesNoFolderOfItsOwnDeletesNothing)
 // A drive is treated like a mount point, which cannot be removed.
 TEST_F(FolderDeletionTest, AWholeDriveLosesWhatItHoldsAndStays)
 {
-    m_drives['D'] = Path("@/there");
+    m_drives["D:"] = Path("@/there");
     for (const CDirCopy& entry :
          {Delete("D:\\"), Delete("d:"), FolderList(kDeleteFolder, {"D:\\"}, "My Computer")}) {
         Write({"there/a/b=x", "there/c=x", "else=x"});
@@ -98,7 +98,7 @@ TEST_F(FolderDeletionTest, AWholeDriveLosesWhatItHoldsAndStays)
         EXPECT_EQ(run.counters, "delete 1 error 1");
         EXPECT_EQ(Tree("@"), (TreeLines{"else=x", "there/"}));
     }
-    m_drives['D'] = "/";
+    m_drives["D:"] = "/";
     EXPECT_THAT(Run({Delete("D:\\")}).log, HasSubstr("protected"));
 }
 

@@ -72,7 +72,7 @@ TEST_F(TreeWalkTest, ListedFoldersLandUnderTheirNames)
 TEST_F(TreeWalkTest, MyComputerListsWholeVolumes)
 {
     Write({"mounted/a=1", "mounted/sub/b=2", "volume/c=3"});
-    m_drives['C'] = Path("@/mounted");
+    m_drives["C:"] = Path("@/mounted");
     const RunResult run =
         Run({FolderList(kTree, {"C:\\", "c:", "Q:\\", Path("@/volume")}, "My Computer")});
     EXPECT_EQ(run.counters, "copy 5 error 1");
@@ -84,6 +84,24 @@ TEST_F(TreeWalkTest, MyComputerListsWholeVolumes)
     // "My Computer" is case-sensitive and only valid in a folder list.
     EXPECT_EQ(Run({FolderList(kTree, {"C:\\"}, "my computer")}).counters, "error 1");
     EXPECT_EQ(Run({Entry(kTree, "My Computer")}).counters, "error 1");
+}
+
+// A folder named "\\nas\backup" in the current folder would receive the copies.
+TEST_F(TreeWalkTest, NetworkPathsAreMappedAndOthersAreMissingDrives)
+{
+    m_drives["\\\\nas\\backup"] = Path("@/mounted");
+    Write({"source/a=1", "mounted/b=2"});
+    EXPECT_EQ(Run({Entry(kTree, "@/source", "\\\\NAS\\backup\\new\\sub")}).counters, "copy 1");
+    EXPECT_EQ(Run({Entry(kTree, "\\\\nas\\backup", "@/dest")}).counters, "copy 2");
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"b=2", "new/", "new/sub/", "new/sub/a=1"}));
+    for (const char* path : {"\\\\nas\\other\\x", "\\Save", "\\", "\\\\"}) {
+        for (const RunResult& run :
+             {Run({Entry(kTree, "@/source", path)}), Run({Entry(kTree, path, "@/dest2")})}) {
+            EXPECT_THAT(run.counters, HasSubstr("error 1")) << path;
+            EXPECT_THAT(run.log, HasSubstr("No such file or directory")) << path;
+            EXPECT_FALSE(std::filesystem::exists(path)) << path;
+        }
+    }
 }
 
 TEST_F(TreeWalkTest, ADestinationInsideTheSourceIsNotWalkedInto)

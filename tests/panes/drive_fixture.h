@@ -39,7 +39,7 @@ protected:
     // Creates the tree view; `items` is the content of drive D:.
     void Make(const TreeLines& items, std::uint32_t nRunMode = 0)
     {
-        m_drives['D'] = Path("d");
+        m_drives["D:"] = Path("d");
         WriteTree(Path("d"), items);
         m_doc.AddView(&m_list);
         m_view = std::make_unique<CDriveView>(

@@ -8,6 +8,9 @@
 #include <filesystem>
 #include <string>
 
+#include "support/temp_folder.h"
+#include "support/tree.h"
+
 namespace quorbit {
 namespace {
 
@@ -25,10 +28,17 @@ TEST(PathText, TellsDrivesSeparatorsAndRoots)
         {"c:\\", true, true, "c:\\"},
         {"C:\\Data", true, false, "C:\\Data\\"},
         {"C:/Data/", true, false, "C:/Data/"},
-        {"My Computer", false, false, "My Computer/"}};
-    for (const auto& [path, drive, root, withSeparator] : cases) {
+        {"My Computer", false, false, "My Computer/"},
+        {"\\\\nas\\backup", true, true, "\\\\nas\\backup\\"},
+        {"\\\\nas", true, true, "\\\\nas\\"},
+        {"\\\\nas\\backup\\x/", true, false, "\\\\nas\\backup\\x/"},
+        {"\\", true, true, "\\"},
+        {"\\Data", true, false, "\\Data\\"},
+        {"./\\odd", false, false, "./\\odd/"},
+        {"//nas/backup", false, false, "//nas/backup/"}};
+    for (const auto& [path, windows, root, withSeparator] : cases) {
         SCOPED_TRACE(path);
-        EXPECT_EQ(IsDrivePath(path), drive);
+        EXPECT_EQ(IsWindowsPath(path), windows);
         EXPECT_EQ(IsRoot(path), root);
         EXPECT_EQ(WithSeparator(path), withSeparator);
     }
@@ -37,13 +47,24 @@ TEST(PathText, TellsDrivesSeparatorsAndRoots)
 TEST(PathText, SplitsOnlyAtASeparatorOfThePathsOwnKind)
 {
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"/a/b/", "/a", "b"},    {"/a", "", "a"},
-        {"a", "", "a"},          {"", "", ""},
-        {"/", "", ""},           {"/a//b//", "/a", "b"},
-        {"/a\\b", "", "a\\b"},   {"a/b", "a", "b"},
-        {"C:\\x\\", "C:", "x"},  {"C:\\", "C:", ""},
-        {"C:x", "C:", "x"},      {"C:\\x\\y z", "C:\\x", "y z"},
-        {"C:/x/y", "C:/x", "y"}, {"/a/b.c.d", "/a", "b.c.d"}};
+        {"/a/b/", "/a", "b"},
+        {"/a", "", "a"},
+        {"a", "", "a"},
+        {"", "", ""},
+        {"/", "", ""},
+        {"/a//b//", "/a", "b"},
+        {"/a\\b", "", "a\\b"},
+        {"a/b", "a", "b"},
+        {"C:\\x\\", "C:", "x"},
+        {"C:\\", "C:", ""},
+        {"C:x", "C:", "x"},
+        {"C:\\x\\y z", "C:\\x", "y z"},
+        {"C:/x/y", "C:/x", "y"},
+        {"/a/b.c.d", "/a", "b.c.d"},
+        {"\\a", "", "a"},
+        {"\\a\\b\\", "\\a", "b"},
+        {"\\\\n\\s\\", "\\\\n\\s", ""},
+        {"\\\\n\\s\\x/y", "\\\\n\\s\\x", "y"}};
     for (const auto& [path, parent, last] : cases) {
         EXPECT_EQ(SplitLast(path), std::pair(std::string(parent), std::string(last))) << path;
     }
@@ -53,22 +74,34 @@ using Texts = std::pair<const char*, const char*>;
 
 TEST(PathText, GivesAParentThatCanBeOpenedAndNamesAVolumeAfterItsLetterOrMountPath)
 {
-    for (const auto& [path, parent] :
-         {Texts{"/a/b/", "/a"}, {"/a", "/"}, {"a", "."}, {"C:\\x\\y", "C:\\x"}, {"C:\\x", "C:"}}) {
+    for (const auto& [path, parent] : {Texts{"/a/b/", "/a"},
+                                       {"/a", "/"},
+                                       {"a", "."},
+                                       {"C:\\x\\y", "C:\\x"},
+                                       {"C:\\x", "C:"},
+                                       {"\\x", "\\"},
+                                       {"\\\\n\\s\\x", "\\\\n\\s"}}) {
         EXPECT_EQ(ParentFolder(path), parent) << path;
     }
     for (const auto& [path, name] : {Texts{"C:\\", "C"},
                                      {"d:", "d"},
                                      {"/mnt/usb-1/", "mnt-usb-1"},
                                      {"/", "root"},
-                                     {"//media//me/a b", "media-me-a b"}}) {
+                                     {"//media//me/a b", "media-me-a b"},
+                                     {"\\\\nas\\backup\\", "nas-backup"}}) {
         EXPECT_EQ(VolumeName(path), name) << path;
     }
 }
 
-TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
+TEST(PathText, MapsWindowsPathsAndNeverLeavesTheMappedFolder)
 {
-    const DriveMap drives = {{'C', "/mnt/c"}, {'D', "/"}, {'E', "/mnt/e//"}, {'F', ""}, {'G', "g"}};
+    const DriveMap drives = {{"C:", "/mnt/c"},
+                             {"D:", "/"},
+                             {"E:", "/mnt/e//"},
+                             {"F:", ""},
+                             {"G:", "g"},
+                             {"\\\\nas\\backup", "/mnt/nas"},
+                             {"\\\\nas\\backup\\Bücher", "/mnt/books"}};
     const Texts cases[] = {
         {"/home/me/a\\b", "/home/me/a\\b"},
         {"", ""},
@@ -83,23 +116,39 @@ TEST(PathText, MapsDrivePathsAndNeverLeavesTheDrive)
         {"E:\\x", "/mnt/e/x"},
         {"F:\\etc", ""},  // an empty or relative mapped folder must not become the root
         {"G:\\etc", ""},
-        {"X:\\etc", ""}};
+        {"X:\\etc", ""},
+        {"\\\\nas\\backup", "/mnt/nas"},
+        {"\\\\NAS/Backup\\x\\", "/mnt/nas/x/"},
+        {"\\\\nas\\backup\\..\\..\\etc", "/mnt/nas/etc"},
+        {"\\\\nas\\backup\\BÜCHER\\x", "/mnt/books/x"},
+        {"\\\\nas\\backup\\BÜCHER2\\x", "/mnt/nas/BÜCHER2/x"},
+        {"\\\\nas\\backups", ""},  // only complete names match
+        {"\\\\nas", ""},
+        {"\\nas\\backup", ""},
+        {"\\etc", ""},
+        {"\\\\", ""}};
     for (const auto& [path, native] : cases) {
         EXPECT_EQ(ToNative(path, drives), native) << path;
     }
 }
 
-TEST(PathText, MakesPathsAbsoluteAsText)
+TEST(PathText, MakesPathsAbsoluteAsTheSystemUnderstandsThem)
 {
     const std::string here = std::filesystem::current_path().string();
     const std::string above = std::filesystem::current_path().parent_path().string();
+    const TempFolder folder;
+    WriteTree(folder.Path(), {"b/c/", "a/link->../b/c"});
+    const std::string at = std::filesystem::canonical(folder.Path()).string();
     const std::pair<std::string, std::string> cases[] = {
-        {"./x//y/../z/", WithSeparator(here) + "x/z/"},
+        {at + "/a/link/../x.qrb", at + "/b/x.qrb"},
+        {at + "/a/../a/link/.//x", at + "/a/link/x"},    // other links stay
+        {at + "/none/../x.qrb", at + "/none/../x.qrb"},  // does not exist for the system either
         {".", here},
+        {"./x//z/", WithSeparator(here) + "x/z/"},
         {"", ""},
         {"/../..", "/"},
         {"../a", WithSeparator(above) + "a"},
-        {"/a/./b//../c", "/a/c"},
+        {"/a/.//c", "/a/c"},
         {"/a/..hidden/...", "/a/..hidden/..."},
         {"C:\\a\\..\\b", "C:\\a\\..\\b"}};
     for (const auto& [path, absolute] : cases) {

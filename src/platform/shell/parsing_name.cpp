@@ -106,6 +106,14 @@ Result<ItemIdList> ParseAbsoluteName(const ShellContext& context, std::string_vi
     if (name == kNetworkParsingName) {
         return Single(ShellItemKind::Network);
     }
+    // Shares are not nodes of the tree; the folder that they are mapped to is.
+    if (IsSharePath(name)) {
+        const std::string native = ToNative(name, context.sources.drives);
+        if (native.empty()) {
+            return Error(ErrorKind::Missing);
+        }
+        return ParseAbsoluteName(context, native);
+    }
     if (!name.starts_with('/') && !IsDrivePath(name)) {
         return Error(ErrorKind::Invalid);
     }

@@ -85,7 +85,7 @@ TEST_F(PosixFileSystemTest, OpensTheFolderThatThePathNames)
     const FolderIdentity sub = Open(Source("sub"))->Identity();
     EXPECT_EQ(Open(Source("link"))->Identity(), sub);
     EXPECT_EQ(Open(Source("sub/"))->Identity(), sub);
-    PosixFileSystem mapped({{'C', Source()}});
+    PosixFileSystem mapped({{"C:", Source()}});
     EXPECT_EQ((*mapped.OpenFolder("C:\\sub\\"))->Identity(), sub);
     for (const std::string& path : {std::string(), std::string("C:\\sub\\"), Source("none/"),
                                     Source("sub") + std::string("\0x", 2)}) {

@@ -30,7 +30,7 @@ TEST_F(DesktopFolderTest, ListsDrivesThatAreNotThere)
 TEST_F(DesktopFolderTest, ResolvesNamesByTheInnermostVolumeAndRefusesThoseThatNameNothing)
 {
     m_strMounts += "30 20 8:2 / /mnt/usb rw - ext4 /dev/sdb1 rw\n";
-    m_drives['D'] = Path();
+    m_drives["D:"] = Path();
     const std::pair<std::string, const char*> cases[] = {{"/mnt/usb/x/y", "/mnt/usb/"},
                                                          {"/mnt/usb", "/mnt/usb/"},
                                                          {"/mnt/usb2/x", "/"},
@@ -89,7 +89,7 @@ TEST_F(DesktopFolderTest, EveryItemComesBackFromItsParsingName)
 TEST_F(DesktopFolderTest, ANameThatWouldBeAnotherPathOnAMappedDriveHasNone)
 {
     Write({"a\\b=", "a/b=", "fold\\er/"});
-    m_drives['C'] = Path();
+    m_drives["C:"] = Path();
     const auto drive = Bind("C:\\");
     EXPECT_THAT(Names(*drive, kEverything, SHGDN_FORPARSING),
                 UnorderedElementsAre("C:\\a\\", "(none)", "(none)"));

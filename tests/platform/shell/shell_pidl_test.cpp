@@ -49,7 +49,7 @@ class ShellPidlTest : public ShellTest {};
 TEST_F(ShellPidlTest, PathsEndInASeparatorOnlyAtRoots)
 {
     Write({"sub/a.txt=1"});
-    m_drives['C'] = Path();
+    m_drives["C:"] = Path();
     const auto desktop = Desktop();
     const std::pair<std::string, std::string> cases[] = {{"/", "/"},
                                                          {"C:\\", "C:\\"},

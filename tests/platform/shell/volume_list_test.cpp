@@ -96,12 +96,14 @@ TEST(VolumeList, HoldsARootFolderInAnyCaseAndMappedDrivesWithTheirLetters)
 {
     EXPECT_THAT(Listed(""), ElementsAre("F root (/)"));
     const std::string table = kRoot + "40 20 0:40 / /mnt/nas rw - cifs //nas/docs rw\n";
-    EXPECT_THAT(
-        Listed(
-            table,
-            {{'C', "/mnt/c"}, {'N', "/mnt/nas/sub/"}, {'O', "/mnt/nas2"}, {'X', ""}, {'Y', "rel"}}),
-        ElementsAre("F root (/)", "n docs on nas (/mnt/nas)", "F c (C:)", "n sub (N:)",
-                    "F nas2 (O:)"));
+    EXPECT_THAT(Listed(table, {{"C:", "/mnt/c"},
+                               {"N:", "/mnt/nas/sub/"},
+                               {"O:", "/mnt/nas2"},
+                               {"X:", ""},
+                               {"Y:", "rel"},
+                               {"\\\\nas\\share", "/mnt/nas"}}),
+                ElementsAre("F root (/)", "n docs on nas (/mnt/nas)", "F c (C:)", "n sub (N:)",
+                            "F nas2 (O:)"));
 }
 
 TEST(GvfsFolders, AreThoseOfTheUserWhoAsks)

@@ -123,12 +123,11 @@ std::vector<const MountEntry*> ChooseDrives(const std::vector<MountEntry>& visib
     return chosen;
 }
 
-ShellVolume MappedDrive(char letter, const std::string& folder,
+ShellVolume MappedDrive(const std::string& drive, const std::string& folder,
                         const std::vector<MountEntry>& visible)
 {
-    const std::string name(1, letter);
     const MountEntry* mount = MountOf(visible, folder);
-    return {name + ":\\", WithPath(LastComponent(folder), name + ":"),
+    return {drive + '\\', WithPath(LastComponent(folder), drive),
             mount != nullptr ? KindOfMount(*mount) : VolumeKind::Fixed};
 }
 
@@ -167,9 +166,9 @@ std::vector<ShellVolume> ListVolumes(const std::vector<MountEntry>& mounts, cons
     if (volumes.empty() || volumes.front().path != "/") {
         volumes.push_back({"/", WithPath(VolumeName("/"), "/"), VolumeKind::Fixed});
     }
-    for (const auto& [letter, folder] : drives) {
-        if (!ToNative(std::string(1, letter) + ":\\", drives).empty()) {
-            volumes.push_back(MappedDrive(letter, folder, visible));
+    for (const auto& [drive, folder] : drives) {
+        if (IsDrivePath(drive) && MapPath(drive, drives)) {
+            volumes.push_back(MappedDrive(drive, folder, visible));
         }
     }
     std::sort(volumes.begin(), volumes.end(),
