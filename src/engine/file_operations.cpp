@@ -151,12 +151,24 @@ Status TryCopy(const Transfer& transfer)
     return copied;
 }
 
+// Reports a failed copy. An item that the destination cannot hold is only a warning: no later run
+// could copy it, and links and pipes are common in home folders.
+void ReportCopyError(const Transfer& transfer, RunOperation operation, const Error& error)
+{
+    if (error.Kind() == ErrorKind::ItemNotSupported) {
+        ReportWarning(transfer.ctx, SubjectOf(transfer, operation), error.Kind(),
+                      "Not copied: " + error.Text());
+    } else {
+        ReportTransferError(transfer, operation, error);
+    }
+}
+
 // Copies the file and reports a failure. Returns true on success.
 bool Copy(const Transfer& transfer, RunOperation operation)
 {
     const Status copied = TryCopy(transfer);
     if (!copied) {
-        ReportTransferError(transfer, operation, copied.GetError());
+        ReportCopyError(transfer, operation, copied.GetError());
     }
     return copied.Ok();
 }
@@ -186,7 +198,7 @@ bool CopyIntoNewFolder(Transfer transfer)
     if (copied) {
         Raise(ctx, &CRunContext::m_nCopyCount, RunCounter::Copy);
     } else if (ctx.m_pFiles->StillThere(*transfer.dest.Handle())) {
-        ReportTransferError(transfer, RunOperation::Copy, copied.GetError());
+        ReportCopyError(transfer, RunOperation::Copy, copied.GetError());
     } else {
         return false;
     }

@@ -51,14 +51,30 @@ void ClearReadOnly(FileSystem& files, const Folder& folder, FindData& item)
     }
 }
 
+void ShowFolderDeletion(CRunContext& ctx, const std::string& path)
+{
+    ShowAction(ctx, "Delete Folder.");
+    ShowCurrentFile(ctx, path, true, true);
+    ShowDestFile(ctx, path, true, true);
+}
+
 void DeleteListedFolder(CRunContext& ctx, const Folder& folder, const std::string& path,
                         FindData& item, const WalkRules& rules)
 {
-    ClearReadOnly(*ctx.m_pFiles, folder, item);
     const std::string subfolder = SubfolderPath(path, item.name);
-    const auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);
-    // The home folder or a folder above it may also be mounted inside the tree. RemoveFolder then
-    // fails and is reported.
+    auto opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);
+    if (opened && ctx.m_pFiles->IsMountPoint(**opened)) {
+        // What is mounted here is not part of the folder that the user wants to delete.
+        ShowFolderDeletion(ctx, subfolder);
+        return ReportFileError(ctx, {RunOperation::DeleteFolder, subfolder, {}},
+                               Error(ErrorKind::Busy,
+                                     "A file system is mounted here; it is not "
+                                     "deleted with the folder around it"));
+    }
+    ClearReadOnly(*ctx.m_pFiles, folder, item);
+    if (!opened) {
+        opened = ctx.m_pFiles->OpenSubfolder(folder, item.name);  // it may be readable now
+    }
     if (opened && !ctx.m_pFiles->IsProtected(**opened)) {
         DeleteFolderTree(ctx, **opened, subfolder, rules);
     }
@@ -95,13 +111,6 @@ void TallyDeletion(CRunContext& ctx)
 Error ProtectedError()
 {
     return {ErrorKind::Protected, "This folder is protected from being deleted as a whole"};
-}
-
-void ShowFolderDeletion(CRunContext& ctx, const std::string& path)
-{
-    ShowAction(ctx, "Delete Folder.");
-    ShowCurrentFile(ctx, path, true, true);
-    ShowDestFile(ctx, path, true, true);
 }
 
 // Reports a folder that cannot be found or must not be deleted.

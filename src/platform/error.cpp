@@ -30,6 +30,8 @@ const char* UsualText(ErrorKind kind)
             return "Source and destination are the same file";
         case ErrorKind::NotSupported:
             return "Operation not supported";
+        case ErrorKind::ItemNotSupported:
+            return "The file system of the destination cannot hold such an item";
         case ErrorKind::NameTooLong:
             return "File name too long";
         case ErrorKind::TooManyOpen:

@@ -19,10 +19,11 @@ enum class ErrorKind {
     AlreadyExists,
     NotAFolder,
     IsAFolder,
-    NotEmpty,      // removing a folder that is not empty
-    DiskFull,      // no space, quota exceeded, or file too large
-    SameFile,      // source and destination are the same file
-    NotSupported,  // not supported by this file system
+    NotEmpty,          // removing a folder that is not empty
+    DiskFull,          // no space, quota exceeded, or file too large
+    SameFile,          // source and destination are the same file
+    NotSupported,      // not supported by this file system
+    ItemNotSupported,  // the file system cannot hold such an item: a link, FIFO, socket or device
     NameTooLong,
     TooManyOpen,  // no free file descriptors
     Protected,    // the root folder, the home folder or a parent of it

@@ -92,11 +92,15 @@ public:
     // Opens a folder by its path. Follows links in it, since the user chose the path. Drive paths
     // ("C:\Data\") are resolved with the drive map; Missing if the drive is not mapped.
     virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) = 0;
-    // Opens a folder inside an open one. NotAFolder if the name is a symbolic link.
+    // Opens a folder inside an open one. NotAFolder if the name is no folder; the text of the error
+    // tells a symbolic link.
     virtual Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent,
                                                           const std::string& name) = 0;
     // Returns false if the folder has been removed from its file system.
     virtual bool StillThere(const Folder& folder) = 0;
+    // Returns true if another file system, or another folder of the same one, is mounted at the
+    // folder. Returns false if the system cannot tell (Linux before 5.8).
+    virtual bool IsMountPoint(const Folder& folder) = 0;
     // Returns true for the root folder, the user's home folder and all parents of the home folder.
     virtual bool IsProtected(const Folder& folder) = 0;
 
@@ -126,7 +130,8 @@ public:
     // Copies content, last-write time, permissions, attributes, extended attributes, ACLs and, if
     // allowed, ownership. The destination is created or replaced atomically: at any moment, even
     // after a kill or on a full disk, the name refers to the complete old or the complete new file.
-    // Copying a file onto itself fails with SameFile.
+    // Copying a file onto itself fails with SameFile. ItemNotSupported if the source is no regular
+    // file and the destination cannot hold its kind of item, whatever the permissions.
     virtual Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                             const CopyOptions& options) = 0;
 

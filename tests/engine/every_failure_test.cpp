@@ -116,6 +116,7 @@ TEST_P(EveryFailureTest, LosesNothing)
 constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
                            {"OpenSubfolder", Call::OpenSubfolder},
                            {"StillThere", Call::StillThere},
+                           {"IsMountPoint", Call::IsMountPoint},
                            {"IsProtected", Call::IsProtected},
                            {"List", Call::List},
                            {"Next", Call::Next},

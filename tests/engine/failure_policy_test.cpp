@@ -163,6 +163,23 @@ TEST_F(FailurePolicyTest, AnInvisibleRunStopsAtItsSixthError)
     EXPECT_EQ(FailingRun(8).counters, "error 8");
 }
 
+TEST_F(FailurePolicyTest, ItemsThatTheDestinationCannotHoldDoNotEndTheRun)
+{
+    m_nRunMode = kRunInvisible;
+    Write({"source/a->x", "source/b->x", "source/c|", "source/d->x", "source/e->x", "source/f->x",
+           "dest/f=old"});
+    SetModified(Path("@/dest/f"), 1000);
+    for (const std::uint32_t flags : {std::uint32_t{0}, DCF_SYNC + 0U, DCF_INCREMENTAL + 0U}) {
+        const RunResult run = Run({Entry(kAll | flags)}, [](FailingFileSystem& disk) {
+            disk.FailAlways(Call::CopyFile, Error(ErrorKind::ItemNotSupported));
+        });
+        EXPECT_EQ(run.counters, "");
+        EXPECT_EQ(run.exitCode, 0);
+        EXPECT_EQ(run.surface.warnings.size(), 6U);
+        EXPECT_EQ(Tree("@/dest"), (TreeLines{"f=old"}));
+    }
+}
+
 TEST_F(FailurePolicyTest, InvalidSourcesAloneDoNotReachTheMaximum)
 {
     m_nRunMode = kRunInvisible;

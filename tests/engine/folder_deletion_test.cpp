@@ -130,6 +130,17 @@ TEST_F(FolderDeletionTest, AProtectedFolderInsideTheTreeKeepsWhatItHolds)
     EXPECT_EQ(Tree("@/source"), (TreeLines{"mounted/", "mounted/a=1"}));
 }
 
+TEST_F(FolderDeletionTest, WhatIsMountedInsideTheTreeIsNotDeleted)
+{
+    Write({"source/a=1", "source/mounted/b=1"});
+    const RunResult run = Run({Delete("@/source")}, [](FailingFileSystem& disk) {
+        disk.FailAlways(Call::IsMountPoint, Error(ErrorKind::Other));
+    });
+    EXPECT_EQ(run.counters, "delete 1 error 2");  // and that of the folder around it
+    EXPECT_EQ(run.problems.Kept()[0].subject.source, Path("@/source/mounted/"));
+    EXPECT_EQ(Tree("@/source"), (TreeLines{"mounted/", "mounted/b=1"}));
+}
+
 TEST_F(FolderDeletionTest, AFolderSwappedForALinkIsNotEntered)
 {
     Write({"source/sub/deep/a=1", "keep/deep/a=1", "keep/b=2"});

@@ -318,7 +318,10 @@ TEST_F(TreeWalkTest, AnUnusableFolderIsOneErrorAndTheRestIsProcessed)
     const TreeLines source{"source/sub/1=x", "source/sub/2=x", "source/sub/deep/3=x", "source/b=x"};
     const std::tuple<TreeLines, CDirCopy, const char*, const char*> cases[] = {
         {{"dest/sub=file"}, Entry(kTree), "left 3 copy 2 error 1", "Not a directory"},
-        {{"elsewhere/", "dest/sub->../elsewhere"}, Entry(kTree), "left 3 copy 2 error 1", ""},
+        {{"elsewhere/", "dest/sub->../elsewhere"},
+         Entry(kTree),
+         "left 3 copy 2 error 1",
+         "Is a link"},
         {{"dest=file"}, Entry(kTree), "left 4 copy 1 error 1", "Not a directory"},
         {{"dest=file"}, Names(kAll, {"b"}), "left 1 copy 1 error 1", "Not a directory"},
         {{}, Entry(kTree, "@/source", "Q:\\a\\b\\"), "left 4 copy 1 error 1", "No such"},

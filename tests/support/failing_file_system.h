@@ -20,8 +20,9 @@ namespace quorbit {
 enum class FileSystemCall {
     OpenFolder,
     OpenSubfolder,
-    StillThere,   // failing: false
-    IsProtected,  // failing: true
+    StillThere,    // failing: false
+    IsMountPoint,  // failing: true
+    IsProtected,   // failing: true
     List,
     Next,  // of a listing
     ReadDetails,
@@ -82,6 +83,10 @@ public:
     bool StillThere(const Folder& folder) override
     {
         return Enter(Call::StillThere) && m_inner.StillThere(folder);
+    }
+    bool IsMountPoint(const Folder& folder) override
+    {
+        return !Enter(Call::IsMountPoint) || m_inner.IsMountPoint(folder);
     }
     bool IsProtected(const Folder& folder) override
     {

@@ -257,11 +257,38 @@ Status PosixFileCopy::Create(const std::string& name) const
         if (!target) {
             return target.GetError();
         }
-        return ::symlinkat(target->c_str(), folder, name.c_str()) == 0 ? Status() : LastError();
+        if (::symlinkat(target->c_str(), folder, name.c_str()) == 0) {
+            return {};
+        }
+    } else {
+        const mode_t mode = (m_source.Stat().st_mode & S_IFMT) | S_IRUSR | S_IWUSR;
+        if (::mknodat(folder, name.c_str(), mode, m_source.Stat().st_rdev) == 0) {
+            return {};
+        }
     }
-    const mode_t mode = (m_source.Stat().st_mode & S_IFMT) | S_IRUSR | S_IWUSR;
-    return ::mknodat(folder, name.c_str(), mode, m_source.Stat().st_rdev) == 0 ? Status()
-                                                                               : LastError();
+    const Error error = LastError();
+    return CannotHold(error) ? Error(ErrorKind::ItemNotSupported) : error;
+}
+
+// symlink(2) and mknod(2) report EPERM both if the file system has no such items and if the caller
+// may not create them. Items that need no privilege tell the two apart.
+bool PosixFileCopy::CannotHold(const Error& error) const
+{
+    if (error.Kind() == ErrorKind::NotSupported) {
+        return true;
+    }
+    if (error.Code() != EPERM) {
+        return false;
+    }
+    const mode_t kind = m_source.Stat().st_mode;
+    if (S_ISCHR(kind) || S_ISBLK(kind)) {
+        const std::string own = MakeLeftoverName();
+        if (::mknodat(m_destination.Descriptor(), own.c_str(), S_IFIFO | S_IRUSR, 0) == 0) {
+            (void)::unlinkat(m_destination.Descriptor(), own.c_str(), 0);
+            return false;  // only root may create devices
+        }
+    }
+    return StagedCopy(m_destination).Open(S_IRUSR | S_IWUSR).Ok();
 }
 
 Status PosixFileCopy::CopyMetadataByName(const std::string& name) const

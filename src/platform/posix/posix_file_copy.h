@@ -45,6 +45,7 @@ private:
 
     Status CopyUnopened();
     Status Create(const std::string& name) const;
+    [[nodiscard]] bool CannotHold(const Error& error) const;
     Status CopyMetadataByName(const std::string& name) const;
 
     const PosixSourceFile& m_source;

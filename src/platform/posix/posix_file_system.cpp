@@ -106,7 +106,14 @@ Result<std::unique_ptr<Folder>> PosixFileSystem::OpenSubfolder(const Folder& par
         return ::openat(Own(parent).Descriptor(), name.c_str(), kFolderFlags | O_NOFOLLOW);
     }));
     if (!descriptor.IsOpen()) {
-        return LastError();
+        const Error error = LastError();
+        if (error.Kind() == ErrorKind::NotAFolder) {
+            const Result<struct stat> found = StatAt(Own(parent).Descriptor(), name);
+            if (found && S_ISLNK(found->st_mode)) {
+                return Error(ErrorKind::NotAFolder, "Is a link", error.Code());
+            }
+        }
+        return error;
     }
     return MakeFolder(std::move(descriptor));
 }
@@ -115,6 +122,16 @@ bool PosixFileSystem::StillThere(const Folder& folder)
 {
     struct stat details = {};
     return ::fstat(Own(folder).Descriptor(), &details) == 0 && details.st_nlink > 0;
+}
+
+bool PosixFileSystem::IsMountPoint(const Folder& folder)
+{
+    struct statx details = {};
+    const int done = RetryInterrupted([&] {
+        return ::statx(Own(folder).Descriptor(), "", AT_EMPTY_PATH | AT_NO_AUTOMOUNT, STATX_TYPE,
+                       &details);
+    });
+    return done == 0 && (details.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
 bool PosixFileSystem::IsProtected(const Folder& folder)

@@ -26,6 +26,7 @@ public:
     Result<std::unique_ptr<Folder>> OpenSubfolder(const Folder& parent,
                                                   const std::string& name) override;
     bool StillThere(const Folder& folder) override;
+    bool IsMountPoint(const Folder& folder) override;
     bool IsProtected(const Folder& folder) override;
 
     Result<std::unique_ptr<Listing>> List(const Folder& folder) override;

@@ -177,6 +177,16 @@ TEST_F(PosixFileSystemTest, ProtectsTheRootTheHomeAndWhatIsAbove)
     EXPECT_FALSE(m_files.IsProtected(*Open(Path("real/other"))));
 }
 
+TEST_F(PosixFileSystemTest, TellsWhatIsMountedAndWhatIsALink)
+{
+    Write({"folder/", "link->folder", "file=x"});
+    EXPECT_TRUE(m_files.IsMountPoint(*Open("/proc")));
+    EXPECT_FALSE(m_files.IsMountPoint(*Open("/proc/self")));
+    EXPECT_FALSE(m_files.IsMountPoint(*Open(Path("folder"))));
+    EXPECT_EQ(m_files.OpenSubfolder(*Open(Path()), "link").GetError().Text(), "Is a link");
+    EXPECT_EQ(m_files.OpenSubfolder(*Open(Path()), "file").GetError().Text(), "Not a directory");
+}
+
 TEST_F(PosixFileSystemTest, CreatesAFolderLikeAnother)
 {
     Write({"source/shared/", "source/closed/"});
