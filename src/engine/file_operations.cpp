@@ -4,7 +4,9 @@
 #include "engine/file_operations.h"
 
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "batch/dir_copy.h"
 #include "engine/backup_rotation.h"
@@ -19,6 +21,9 @@ namespace {
 
 // From this size, in bytes, a copy may take long: write the log lines before it starts.
 constexpr std::uint64_t kLongCopy = 1024 * 1024;
+
+// Followed by an attribute and the reason.
+constexpr const char* kNotKept = "Copied without an attribute: ";
 
 // Shows the progress of a copy.
 class ShownProgress : public CopyProgress {
@@ -145,8 +150,12 @@ Status TryCopy(const Transfer& transfer)
     CopyOptions options = transfer.options;
     options.progress = &progress;
     const Status copied = CopyOrLink(transfer, *opened, options);
+    const std::vector<std::string> notKept = ctx.m_pFiles->TakeNotKept();
     if (copied) {
         transfer.dest.MarkChanged();
+        for (const std::string& attribute : notKept) {
+            ReportTransferWarning(transfer, RunOperation::Copy, kNotKept + attribute);
+        }
     }
     return copied;
 }
@@ -473,6 +482,10 @@ bool EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& des
         if (!created && created.GetError().Kind() == ErrorKind::AlreadyExists) {
             created = dest.WhyNotOpen();  // a file or a link has its name
         }
+    }
+    for (const std::string& attribute : ctx.m_pFiles->TakeNotKept()) {
+        ReportWarning(ctx, {RunOperation::CreateFolder, source, asGiven}, ErrorKind::Other,
+                      kNotKept + attribute);
     }
     ShowAction(ctx, "Create Folder.");
     if (!created) {

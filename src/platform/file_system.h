@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 #include "platform/find_data.h"
@@ -134,6 +135,11 @@ public:
     // file and the destination cannot hold its kind of item, whatever the permissions.
     virtual Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                             const CopyOptions& options) = 0;
+
+    // Returns what the copies and new folders since the last call lack, although their file system
+    // has such attributes, for example because one is too large: "user.comment: No space left on
+    // device".
+    [[nodiscard]] virtual std::vector<std::string> TakeNotKept() = 0;
 
     // Deletes any item except a folder, even if it is read-only.
     virtual Status DeleteFile(const Folder& folder, const std::string& name) = 0;

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/file_system.h"
 
@@ -126,6 +127,7 @@ public:
         return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination,
                        Existing(destination, name), options);
     }
+    [[nodiscard]] std::vector<std::string> TakeNotKept() override { return m_inner.TakeNotKept(); }
     Status DeleteFile(const Folder& folder, Name name) override
     {
         return Through(Call::DeleteFile, &FileSystem::DeleteFile, folder, name);

@@ -53,7 +53,7 @@ Result<std::string_view> ListNames(int from, std::array<char, kUsualSize>& usual
 }
 
 // Returns true if the attribute was copied.
-Result<bool> CopyOne(int from, int to, const char* name)
+Result<bool> CopyOne(int from, int to, const char* name, std::vector<std::string>* notKept)
 {
     std::array<char, kUsualSize> usual;
     std::vector<char> large;
@@ -66,6 +66,13 @@ Result<bool> CopyOne(int from, int to, const char* name)
     }
     const bool copied =
         size >= 0 && ::fsetxattr(to, name, value, static_cast<std::size_t>(size), 0) == 0;
+    if (!copied && IsTooLarge(errno)) {
+        // The content is worth more than the attribute.
+        if (notKept != nullptr) {
+            notKept->push_back(std::string(name) + ": " + LastError().Text());
+        }
+        return false;
+    }
     // ENODATA: the attribute was removed in the meantime.
     if (!copied && !CannotBeKept(errno) && errno != ENODATA) {
         return LastError();
@@ -105,6 +112,11 @@ bool CannotBeKept(int code)
            code == EINVAL;
 }
 
+bool IsTooLarge(int code)
+{
+    return code == ENOSPC || code == EDQUOT || code == E2BIG || code == ERANGE || code == EDOM;
+}
+
 Result<bool> CopyOwnership(int to, const struct stat& source, uid_t owner, gid_t group)
 {
     if (source.st_uid == owner && source.st_gid == group) {
@@ -141,7 +153,7 @@ Status CopyExtendedAttributes(int from, int to, const AttributeCopy& options)
         }
         accessAcl = accessAcl || std::strcmp(name, kAccessAcl) == 0;
         defaultAcl = defaultAcl || std::strcmp(name, kDefaultAcl) == 0;
-        const Result<bool> copied = CopyOne(from, to, name);
+        const Result<bool> copied = CopyOne(from, to, name, options.notKept);
         if (!copied) {
             return copied.GetError();
         }

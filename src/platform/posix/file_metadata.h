@@ -5,11 +5,14 @@
 // time. Works on open descriptors. Any thread.
 //
 // Metadata that the destination cannot store, or that the user may not set, is skipped without an
-// error. A full or failing disk is an error.
+// error. An extended attribute that does not fit is skipped and named. A failing disk is an error.
 
 #pragma once
 
 #include <sys/stat.h>
+
+#include <string>
+#include <vector>
 
 #include "platform/error.h"
 
@@ -25,6 +28,9 @@ struct AttributeCopy {
     // Permissions for the new item; may be null. If its ACL cannot be copied, the group bits are
     // reduced to those of the ACL's owning group entry.
     mode_t* mode = nullptr;
+    // Receives the attributes that do not fit and why, as FileSystem::TakeNotKept returns them; may
+    // be null.
+    std::vector<std::string>* notKept = nullptr;
 };
 
 // Copies the extended attributes, including ACLs.
@@ -39,6 +45,10 @@ Status SetModified(int to, const struct stat& source, bool evenSeconds);
 
 // Returns the time that SetModified sets.
 [[nodiscard]] timespec ModifiedOfCopy(const struct stat& source, bool evenSeconds);
+
+// Returns true if the errno value means that an extended attribute does not fit at the destination:
+// file systems limit the size of one value, of all, or of their number (xattr(7)).
+[[nodiscard]] bool IsTooLarge(int code);
 
 // Returns true if the errno value only means that the destination cannot store the metadata.
 [[nodiscard]] bool CannotBeKept(int code);

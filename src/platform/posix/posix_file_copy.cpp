@@ -175,7 +175,7 @@ Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
     const bool inheritedAcl = m_destination.HasDefaultAcl();
     // A copy with another owner must not run with that owner's rights: drop the set-ID bits.
     mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
-    const AttributeCopy how{inheritedAcl, !*owned, &mode};
+    const AttributeCopy how{inheritedAcl, !*owned, &mode, &m_notKept};
     if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, how); !copied) {
         return copied;
     }
@@ -205,8 +205,15 @@ Status PosixFileCopy::CopyAttributeBits(int to, mode_t mode) const
     }
     const AttributeItem copy{m_destination.Descriptor(), m_strName, ItemKind::File, to};
     const Status written = WriteAttributeBits(into, copy, mode, *bits);
-    const bool cannot = !written && (CannotBeKept(written.GetError().Code()) ||
-                                     written.GetError().Kind() == ErrorKind::NotSupported);
+    if (written) {
+        return {};
+    }
+    const Error& error = written.GetError();
+    if (IsTooLarge(error.Code())) {
+        m_notKept.push_back("The attributes of the file: " + error.Text());
+        return {};
+    }
+    const bool cannot = CannotBeKept(error.Code()) || error.Kind() == ErrorKind::NotSupported;
     return cannot ? Status() : written;
 }
 

@@ -19,12 +19,14 @@ class PosixFileCopy {
 public:
     // All arguments must outlive this object.
     PosixFileCopy(const PosixSourceFile& source, const PosixFolder& destination,
-                  const std::string& name, const CopyOptions& options, ContentCopier& copier)
+                  const std::string& name, const CopyOptions& options, ContentCopier& copier,
+                  std::vector<std::string>& notKept)
         : m_source(source),
           m_destination(destination),
           m_strName(name),
           m_options(options),
-          m_copier(copier)
+          m_copier(copier),
+          m_notKept(notKept)
     {
     }
 
@@ -53,6 +55,7 @@ private:
     const std::string& m_strName;
     const CopyOptions& m_options;
     ContentCopier& m_copier;
+    std::vector<std::string>& m_notKept;  // see FileSystem::TakeNotKept
 };
 
 }  // namespace quorbit

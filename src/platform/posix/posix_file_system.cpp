@@ -223,7 +223,8 @@ Status PosixFileSystem::CopyFile(SourceFile& source, const Folder& destination,
     }
     const PosixFolder& folder = Own(destination);
     MarkWritten(folder);
-    return PosixFileCopy(static_cast<PosixSourceFile&>(source), folder, name, options, m_copier)
+    return PosixFileCopy(static_cast<PosixSourceFile&>(source), folder, name, options, m_copier,
+                         m_notKept)
         .Run();
 }
 
@@ -262,7 +263,7 @@ Status PosixFileSystem::RemoveFolder(const Folder& parent, const std::string& na
 
 namespace {
 
-Status MakeLike(int to, int like, bool inheritedAcl)
+Status MakeLike(int to, int like, bool inheritedAcl, std::vector<std::string>& notKept)
 {
     struct stat model = {};
     struct stat now = {};
@@ -275,7 +276,8 @@ Status MakeLike(int to, int like, bool inheritedAcl)
     }
     // Keep the set-ID bits only if owner and group could be kept.
     mode_t mode = model.st_mode & (*owned ? 07777U : 01777U);
-    if (Status copied = CopyExtendedAttributes(like, to, {inheritedAcl, true, &mode}); !copied) {
+    if (Status copied = CopyExtendedAttributes(like, to, {inheritedAcl, true, &mode, &notKept});
+        !copied) {
         return copied;
     }
     return SetMode(to, mode | S_IRWXU);
@@ -301,9 +303,9 @@ Status PosixFileSystem::CreateFolder(const Folder& parent, const std::string& na
     }
     const UniqueFd created(RetryInterrupted(
         [&] { return ::openat(folder.Descriptor(), name.c_str(), kFolderFlags | O_NOFOLLOW); }));
-    Status done = created.IsOpen()
-                      ? MakeLike(created.Get(), Own(*like).Descriptor(), folder.HasDefaultAcl())
-                      : LastError();
+    Status done = created.IsOpen() ? MakeLike(created.Get(), Own(*like).Descriptor(),
+                                              folder.HasDefaultAcl(), m_notKept)
+                                   : LastError();
     if (!done) {
         (void)::unlinkat(folder.Descriptor(), name.c_str(), AT_REMOVEDIR);
     }

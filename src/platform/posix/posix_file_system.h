@@ -6,6 +6,9 @@
 #pragma once
 
 #include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/file_system.h"
 #include "platform/path_text.h"
@@ -43,6 +46,11 @@ public:
     Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                     const CopyOptions& options) override;
 
+    [[nodiscard]] std::vector<std::string> TakeNotKept() override
+    {
+        return std::exchange(m_notKept, {});
+    }
+
     Status DeleteFile(const Folder& folder, const std::string& name) override;
     Status RemoveFolder(const Folder& parent, const std::string& name) override;
     Status CreateFolder(const Folder& parent, const std::string& name, const Folder* like) override;
@@ -63,6 +71,7 @@ private:
     ProtectedFolders m_protected;
     ContentCopier m_copier;
     FileFetcher m_fetcher;
+    std::vector<std::string> m_notKept;           // see TakeNotKept
     std::map<std::uint64_t, UniqueFd> m_written;  // by device: an open folder for syncfs(2)
 };
 

@@ -194,6 +194,25 @@ TEST_P(PosixFileCopyTest, KeepsExtendedAttributesAlsoOfReadOnlyFiles)
     EXPECT_EQ(AttributeOf(Dest("a"), "user.empty"), "");
 }
 
+TEST_P(PosixFileCopyTest, AnAttributeThatDoesNotFitIsNamedAndTheContentIsCopied)
+{
+    const TempFolder other("/dev/shm");
+    const std::string large(20'000, 'v');  // more than the block of ext4 that holds attributes
+    WriteTree(other.Path(), {"a=x"});
+    Write({"dest/probe=x"});
+    if (!SetAttribute(other.Path() + "/a", "user.large", large) ||
+        !SetAttribute(other.Path() + "/a", "user.small", "v") ||
+        SetAttribute(Dest("probe"), "user.large", large)) {
+        GTEST_SKIP() << "the attribute fits in " << Path() << " or does not fit in /dev/shm";
+    }
+    EXPECT_TRUE(CopyBetween(*Open(other.Path()), *Open(Dest()), "a", "a").Ok());
+    EXPECT_EQ(ContentOf(Dest("a")), "x");
+    EXPECT_EQ(AttributeOf(Dest("a"), "user.small"), "v");
+    const std::vector<std::string> notKept = m_files.TakeNotKept();
+    ASSERT_EQ(notKept.size(), 1U);
+    EXPECT_TRUE(notKept[0].starts_with("user.large: ")) << notKept[0];
+}
+
 // ACL in the format of <linux/posix_acl_xattr.h>, version 2: owner rw, user 1 r, group r, mask rw,
 // others none.
 constexpr std::string_view kAcl{
