@@ -36,7 +36,9 @@ bool FileExists(const std::string& path)
 int ShowBatchFile(const std::string& path)
 {
     Batch file;
-    const BatchFileStatus read = ReadBatchFile(path, file);
+    const Profile profile(OpenSettingsStores().profile);
+    const BatchFileStatus read =
+        ReadBatchFile(path, file, profile.GetProfileInt(Setting::CodePage));
     if (!read) {
         std::fprintf(stderr, "quorbit: %s: %s\n", Printable(path).c_str(),
                      read.GetError().Text().c_str());

@@ -25,13 +25,14 @@ void Complain(const std::string& text)
     std::fprintf(stderr, "quorbit: %s\n", text.c_str());
 }
 
-bool LoadBatch(const CommandLine& line, Batch& batch)
+bool LoadBatch(const CommandLine& line, const Profile& profile, Batch& batch)
 {
     if (!line.named) {
         return true;
     }
     const std::string path = MakeAbsolute(line.batchFile);
-    const BatchFileStatus opened = ReadBatchFile(path, batch);
+    const BatchFileStatus opened =
+        ReadBatchFile(path, batch, profile.GetProfileInt(Setting::CodePage));
     if (!opened) {
         Complain(Printable(path) + ": " + opened.GetError().Text());
     }
@@ -61,7 +62,7 @@ void PrintSummary(const CRunContext& ctx)
 int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile& profile)
 {
     Batch batch;
-    if (!LoadBatch(line, batch)) {
+    if (!LoadBatch(line, profile, batch)) {
         return kExitNoRun;
     }
     const DriveMap drives = profile.ReadDrives();

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "batch/entry_texts.h"
 #include "platform/staged_file.h"
 
 namespace quorbit {
@@ -342,12 +343,16 @@ std::string FormatBatchFile(const Batch& batch)
     return bytes;
 }
 
-BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch)
+BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch, std::int32_t codePage)
 {
     const auto bytes = ReadWholeFile(path, kLargestFile);
     if (bytes) {
         BatchFileStatus parsed = ParseBatchFile(*bytes, batch);
         if (parsed) {
+            const auto converter = OpenCodePage(codePage);
+            for (CDirCopy& entry : batch.m_arrEntries) {
+                DecodeTexts(entry, *converter);
+            }
             batch.m_strFilePath = path;
         }
         return parsed;
@@ -358,9 +363,18 @@ BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch)
     return BatchFileError{BatchFileFault::Unreadable, 0, bytes.GetError().Text()};
 }
 
-BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch)
+BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch, std::int32_t codePage)
 {
-    const std::string bytes = FormatBatchFile(batch);
+    const auto converter = OpenCodePage(codePage);
+    Batch stored = batch;
+    for (std::size_t i = 0; i < stored.m_arrEntries.size(); ++i) {
+        if (const Status encoded = EncodeTexts(stored.m_arrEntries[i], *converter); !encoded) {
+            return BatchFileError{
+                BatchFileFault::NotWritable, 0,
+                "entry " + std::to_string(i + 1) + ": " + encoded.GetError().Text()};
+        }
+    }
+    const std::string bytes = FormatBatchFile(stored);
     if (bytes.size() > kLargestFile || CountStrings(batch) > kMostStrings) {
         return BatchFileError{BatchFileFault::TooLarge, bytes.size(), {}};
     }

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "batch/batch.h"
+#include "platform/code_page.h"
 
 namespace quorbit {
 
@@ -48,16 +49,20 @@ private:
     std::optional<BatchFileError> m_error;
 };
 
-// Parses the content of a file. Checks every count and length against the bytes left before it
-// allocates memory. On failure `batch` is unchanged. Empty content is an empty batch and leaves the
-// header words unchanged. Never changes the path.
+// Parses the content of a file. Strings stay the bytes of the file. Checks every count and length
+// against the bytes left before it allocates memory. On failure `batch` is unchanged. Empty content
+// is an empty batch and leaves the header words unchanged. Never changes the path.
 BatchFileStatus ParseBatchFile(std::string_view bytes, Batch& batch);
 // Returns the content of the file for a batch. Does not check the limits.
 [[nodiscard]] std::string FormatBatchFile(const Batch& batch);
 
-// Reads a file and stores its path in `batch`. On failure `batch` is unchanged.
-BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch);
-// Replaces the file atomically. On failure the old file is unchanged. Does not store the path.
-BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch);
+// Reads a file, converts the texts of Windows paths from the code page (see batch/entry_texts.h)
+// and stores the path of the file in `batch`. On failure `batch` is unchanged.
+BatchFileStatus ReadBatchFile(const std::string& path, Batch& batch,
+                              std::int32_t codePage = kDefaultCodePage);
+// Converts the texts of Windows paths to the code page and replaces the file atomically. On failure
+// the old file is unchanged. Does not store the path.
+BatchFileStatus WriteBatchFile(const std::string& path, const Batch& batch,
+                               std::int32_t codePage = kDefaultCodePage);
 
 }  // namespace quorbit

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+#include "platform/code_page.h"
+
 namespace quorbit {
 
 namespace {
@@ -41,6 +43,7 @@ constexpr SettingInfo kTable[] = {
     Integer(OptFlags, kOptions, "OptFlags", 0, "bit 0: no error boxes during a run; bit 1: refresh the views after it"),
     Text(QrbFilePath, kOptions, "Qrb File Path", "c:\\", "folder in which File Open starts; before the default comes \"Install Path\""),
     Integer(SyncAtEnd, kOptions, "SyncAtEnd", 1, "1: a run waits for the disk before it writes its counts; 0: that is left to the system"),
+    Integer(Setting::CodePage, kOptions, "CodePage", kDefaultCodePage, "number of the code page of texts in batch files made on Windows; 65001 is UTF-8"),
 
     Integer(FileBits, kDefaultEntry, "FileBits", 1, "flag word of a default entry"),
     Text(FileTypes, kDefaultEntry, "FileTypes", "Default", "\"*.*\", or the masks of a default entry with nothing between them"),

@@ -15,6 +15,7 @@ enum class Setting {
     OptFlags,
     QrbFilePath,
     SyncAtEnd,
+    CodePage,
     FileBits,
     FileTypes,
     FrameX,

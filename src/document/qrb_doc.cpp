@@ -71,7 +71,7 @@ void CQRBDoc::OnNewDocument()
 
 BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
 {
-    if (BatchFileStatus read = ReadBatchFile(path, *this); !read) {
+    if (BatchFileStatus read = ReadBatchFile(path, *this, m_services.readCodePage()); !read) {
         return read;
     }
     m_bModified = false;
@@ -82,7 +82,7 @@ BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
 BatchFileStatus CQRBDoc::OnSaveDocument(const std::string& path)
 {
     m_strFilePath = path;
-    BatchFileStatus written = WriteBatchFile(path, *this);
+    BatchFileStatus written = WriteBatchFile(path, *this, m_services.readCodePage());
     if (written) {
         m_bModified = false;
     }

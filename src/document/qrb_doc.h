@@ -19,6 +19,7 @@
 #include "document/command_target.h"
 #include "document/entry_dialogs.h"
 #include "document/view.h"
+#include "platform/code_page.h"
 
 namespace quorbit {
 
@@ -36,6 +37,8 @@ struct DocumentServices {
     ScriptDialog* scriptDialog = nullptr;
     RunDialog* runDialog = nullptr;
     std::function<DefaultEntry()> readDefaultEntry;  // called at each use
+    // Returns the code page of batch files (platform/code_page.h); called at each use.
+    std::function<std::int32_t()> readCodePage = [] { return kDefaultCodePage; };
 };
 
 class CQRBDoc : public CommandTarget, public Batch {

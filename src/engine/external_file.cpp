@@ -11,6 +11,7 @@
 #include "batch/dir_copy.h"
 #include "engine/failure_policy.h"
 #include "engine/run_report.h"
+#include "platform/path_lookup.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -65,7 +66,7 @@ Result<std::vector<std::string>> InterpretedCommand(ProcessRunner& processes,
 
 Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
-    const std::string native = ToNative(path, ctx.m_drives);
+    const std::string native = FindNative(path, ctx.m_drives);
     if (native.empty()) {
         return Error(ErrorKind::Missing);
     }

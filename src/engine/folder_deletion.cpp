@@ -9,6 +9,7 @@
 #include "engine/failure_policy.h"
 #include "engine/folder_items.h"
 #include "engine/run_report.h"
+#include "platform/path_lookup.h"
 #include "platform/path_text.h"
 
 namespace quorbit {
@@ -87,18 +88,21 @@ struct Place {
     std::string name;
 };
 
-Result<Place> FindPlace(FileSystem& files, const std::string& path)
+Result<Place> FindPlace(CRunContext& ctx, const std::string& path)
 {
-    const std::string name = SplitLast(path).second;
+    std::string name = SplitLast(path).second;
     // A folder without a name in its parent cannot be removed from it.
     if (name.empty() || name == "." || name == "..") {
         return Error(ErrorKind::Invalid);
     }
-    auto opened = files.OpenFolder(ParentFolder(path));
+    auto opened = ctx.m_pFiles->OpenFolder(ParentFolder(path));
     if (!opened) {
         return opened.GetError();
     }
-    return Place{std::move(*opened), name};
+    if (IsWindowsPath(path)) {
+        name = SplitLast(FindNative(path, ctx.m_drives)).second;  // the case may differ
+    }
+    return Place{std::move(*opened), std::move(name)};
 }
 
 // Counts the folder as one unit, even if parts of it could not be deleted.
@@ -181,7 +185,7 @@ void DeleteWholeFolder(CRunContext& ctx, const std::string& path, const WalkRule
     if (IsRoot(path)) {
         return DeleteWholeVolume(ctx, path, rules);
     }
-    const auto place = FindPlace(files, path);
+    const auto place = FindPlace(ctx, path);
     if (!place) {
         return RefuseDeletion(ctx, path, place.GetError());
     }

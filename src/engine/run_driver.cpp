@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/entry_texts.h"
 #include "engine/entry_plan.h"
 #include "engine/external_file.h"
 #include "engine/failure_policy.h"
@@ -40,6 +41,9 @@ bool CountStep(CRunContext& ctx, const WalkRules& rules, TargetFolder& dest, con
 
 bool CountEntry(CRunContext& ctx, const CDirCopy& entry)
 {
+    if (!CheckTexts(entry)) {
+        return true;  // reported by the process pass
+    }
     const EntryPlan plan = PlanOf(entry);
     if (plan.oneUnit) {
         AddUnit(ctx);
@@ -103,6 +107,12 @@ bool IsUnreachable(CRunContext& ctx, const std::string& listSource)
 
 bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
 {
+    if (const Status texts = CheckTexts(entry); !texts) {
+        ShowCurrentFile(ctx, entry.m_strSource, false, true);
+        ReportFileError(ctx, {RunOperation::ReadEntry, entry.m_strSource, entry.m_strDest},
+                        texts.GetError());
+        return true;
+    }
     const EntryPlan plan = PlanOf(entry);
     if (IsUnreachable(ctx, plan.listSource)) {
         return true;

@@ -27,6 +27,7 @@ enum class RunOperation {
     DeleteFile,
     DeleteFolder,
     RunScript,
+    ReadEntry,    // the conversion of its texts
     WriteToDisk,  // the sync at the end of the run
 };
 

@@ -280,5 +280,39 @@ TEST_F(BatchFileOnDiskTest, AFailedSaveKeepsTheOldFile)
     ExpectSame(read, WorkedExample());
 }
 
+TEST_F(BatchFileOnDiskTest, ConvertsTheTextsOfWindowsPathsAndKeepsAllBytes)
+{
+    const auto entry = [](std::string source, std::string dest, std::string item) {
+        CDirCopy made(std::move(source), std::move(dest), 0, DCK_NAMES, 0);
+        made.m_listItems = {item};
+        made.m_listFolderTypes = {item};
+        return made;
+    };
+    const Batch stored{
+        {},
+        {entry("C:\\Pr\xFC", "/r\xFC", "a.pr\xFC"), entry("/r\xFC", "\\\\nas\\r\xFC", "a.pr\xFC"),
+         entry(kMyComputer, "C:\\", "C:\\\xFC"), entry(kMyComputer, "", "/\xFC"),
+         entry("C:\\\xC3\x81", "D:\\\xFC", "\x81")}};
+    const std::vector<CDirCopy> read{
+        entry("C:\\Prü", "/r\xFC", "a.prü"), entry("/r\xFC", "\\\\nas\\rü", "a.pr\xFC"),
+        entry(kMyComputer, "C:\\", "C:\\ü"), entry(kMyComputer, "", "/\xFC"),
+        entry("C:\\\xED\xB3\x83\xED\xB2\x81", "D:\\ü", "\xED\xB2\x81")};
+    Write({"a.qrb=" + FormatBatchFile(stored)});
+    Batch file;
+    ASSERT_TRUE(ReadBatchFile(Path("a.qrb"), file));
+    EXPECT_EQ(file.m_arrEntries, read);
+    ASSERT_TRUE(WriteBatchFile(Path("b.qrb"), file));
+    EXPECT_EQ(ContentOf(Path("b.qrb")), FormatBatchFile(stored));
+
+    file.m_arrEntries[1].m_strDest = "D:\\日本";
+    const BatchFileStatus refused = WriteBatchFile(Path("b.qrb"), file);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(
+        refused.GetError().Text(),
+        "The batch file cannot be written: entry 2: A text has characters that are not in the "
+        "code page of the settings.");
+    EXPECT_EQ(ContentOf(Path("b.qrb")), FormatBatchFile(stored));
+}
+
 }  // namespace
 }  // namespace quorbit

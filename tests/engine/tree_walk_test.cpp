@@ -104,6 +104,36 @@ TEST_F(TreeWalkTest, NetworkPathsAreMappedAndOthersAreMissingDrives)
     }
 }
 
+// A name that is not recognised would be deleted by the first entry and not copied by the second.
+TEST_F(TreeWalkTest, AnEntryWithUnconvertedTextIsAnErrorAndDoesNothing)
+{
+    Write({"source/keep=1", "source/other=2"});
+    CDirCopy remove = Names(DCF_NO_ATTRS | DCF_DELETE | DCF_EXCLUDE, {"keep", "\xED\xB2\x81"});
+    CDirCopy copy = Names(DCF_NO_ATTRS, {"keep", "\xED\xB2\x81"});
+    remove.m_strSource = copy.m_strSource = "C:\\source";
+    m_drives["C:"] = Path("@");
+    const RunResult run = Run({remove, copy, Entry(kAll)});
+    EXPECT_EQ(run.counters, "copy 2 error 2");
+    EXPECT_EQ(Tree("@/dest"), (TreeLines{"keep=1", "other=2"}));
+    EXPECT_EQ(Tree("@/source"), (TreeLines{"keep=1", "other=2"}));
+}
+
+TEST_F(TreeWalkTest, DrivePathsIgnoreCaseIfOneOtherNameExists)
+{
+    m_drives["C:"] = Path("@");
+    const auto counters = [this](const CDirCopy& entry) { return Run({entry}).counters; };
+    Write({"Données/a=1", "Two/a=1", "TWO/a=1", "Gone/Sub/a=1", "other/"});
+    EXPECT_EQ(counters(Entry(kTree, "C:\\DONNÉES", "C:\\Other\\New")), "copy 1");
+    EXPECT_EQ(counters(FolderList(kTree, {"DONNÉES"}, "c:\\")), "copy 1");
+    EXPECT_EQ(counters(Entry(kTree, "C:\\two", "C:\\none")), "error 1");  // ambiguous
+    EXPECT_EQ(counters(Entry(kTree, "@/données", "@/none")), "error 1");  // native
+    EXPECT_EQ(counters(Entry(kAll | DCF_DELETE | DCF_DELETE_FOLDER, "C:\\gone\\SUB", "")),
+              "delete 1");
+    EXPECT_EQ(Tree("@"), (TreeLines{"Données/", "Données/a=1", "Gone/", "TWO/", "TWO/a=1", "Two/",
+                                    "Two/a=1", "dest/", "dest/DONNÉES/", "dest/DONNÉES/a=1",
+                                    "none/", "other/", "other/New/", "other/New/a=1"}));
+}
+
 TEST_F(TreeWalkTest, ADestinationInsideTheSourceIsNotWalkedInto)
 {
     Write({"source/a=1", "source/sub/b=2"});

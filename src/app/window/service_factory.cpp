@@ -45,6 +45,7 @@ DocumentServices ServiceFactory::ForDocument(RunDialog& run)
                 return DefaultEntry{static_cast<std::uint32_t>(bits),
                                     m_profile.GetProfileString(Setting::FileTypes)};
             },
+        .readCodePage = [this] { return m_profile.GetProfileInt(Setting::CodePage); },
     };
 }
 

@@ -11,6 +11,7 @@
 #include <climits>
 #include <utility>
 
+#include "platform/path_lookup.h"
 #include "platform/posix/file_metadata.h"
 #include "platform/posix/item_attributes.h"
 #include "platform/posix/item_details.h"
@@ -85,7 +86,7 @@ Result<std::unique_ptr<Folder>> PosixFileSystem::MakeFolder(UniqueFd descriptor)
 
 Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path)
 {
-    const std::string native = ToNative(path, m_drives);
+    const std::string native = FindNative(path, m_drives);
     if (native.empty() || native.find('\0') != std::string::npos) {
         return ErrorFromErrno(ENOENT);
     }
