@@ -13,8 +13,8 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kValueBuffer = 128;  // bytes, including a terminating NUL
-constexpr std::size_t kNameBuffer = 80;    // the same for the name of the section
+constexpr std::size_t kValueBuffer = 4096;  // bytes, including a terminating NUL; as PATH_MAX
+constexpr std::size_t kNameBuffer = 80;     // the same for the name of the section
 
 constexpr const char* kFirstRunAhead = "1";
 constexpr const char* kFirstRunDone = "0";
@@ -99,7 +99,8 @@ bool MachineValues::SetRegValue(const std::string& name, const std::string& text
     if (!folder) {
         return false;
     }
-    const bool stored = m_store.Write({{*folder, name, text}}).Ok();
+    // Never store what GetRegValue refuses.
+    const bool stored = text.size() < kValueBuffer && m_store.Write({{*folder, name, text}}).Ok();
     if (!stored) {
         m_fatal.FatalMessage(kRegistryMessage);
     }

@@ -43,7 +43,7 @@ public:
     {
     }
 
-    // Returns a value, or an empty string if it is missing or has 128 bytes or more. If Run1 is
+    // Returns a value, or an empty string if it is missing or has 4,096 bytes or more. If Run1 is
     // "1", reading it sets the first-run flag and stores "0". Calls the fatal handler and returns
     // nullopt if the store cannot be read and written, has no section or one whose name has 80
     // bytes or more, if the log path is missing or too long, or if Run1 cannot be stored.

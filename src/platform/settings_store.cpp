@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <optional>
 
 #include "platform/folder_lock.h"
@@ -77,14 +76,13 @@ Result<std::int32_t> SettingsStore::ReadInt(const std::string& section,
     if (!text) {
         return text.GetError();
     }
-    std::int64_t number = 0;
+    std::int32_t number = 0;
     const char* end = text->data() + text->size();
     const auto [stop, fault] = std::from_chars(text->data(), end, number);
-    if (fault != std::errc() || stop != end || number < std::numeric_limits<std::int32_t>::min() ||
-        number > std::numeric_limits<std::uint32_t>::max()) {
+    if (fault != std::errc() || stop != end) {
         return Error(ErrorKind::Other, "The value is not a number");
     }
-    return static_cast<std::int32_t>(number);
+    return number;
 }
 
 Result<std::vector<std::pair<std::string, std::string>>> SettingsStore::ReadSection(

@@ -53,8 +53,7 @@ public:
     [[nodiscard]] Result<std::string> FirstSection() const;
     [[nodiscard]] Result<std::string> ReadText(const std::string& section,
                                                const std::string& name) const;
-    // Accepts decimal numbers from -2^31 to 2^32 - 1; values above 2^31 - 1 wrap around. Any
-    // other text fails with Other.
+    // Accepts decimal numbers from -2^31 to 2^31 - 1. Any other text fails with Other.
     [[nodiscard]] Result<std::int32_t> ReadInt(const std::string& section,
                                                const std::string& name) const;
     // Returns names and texts in file order; empty if there is no such section.

@@ -125,6 +125,15 @@ TEST_F(MachineValuesTest, AMarkerOrLogPathThatCannotBeStoredIsFatal)
     EXPECT_EQ(m_fatal.m_texts.size(), 3U);
 }
 
+TEST_F(MachineValuesTest, StoresOnlyWhatItReads)
+{
+    ASSERT_TRUE(EnsureMachineStore(m_stores.machine).Ok());
+    const std::string longest(4095, 'x');
+    EXPECT_TRUE(m_values.SetRegValue("Log File", longest));
+    EXPECT_FALSE(m_values.SetRegValue("Log File", longest + 'x'));
+    EXPECT_EQ(m_values.GetRegValue(MachineValue::LogFile), longest);
+}
+
 TEST_F(MachineValuesTest, FileTypesTakeNamedAndNamelessValues)
 {
     const std::string command = "/opt/q\xFF/quorbit \"%1\" \"%2\"";

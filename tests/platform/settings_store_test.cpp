@@ -120,9 +120,19 @@ TEST_F(SettingsStoreTest, ReadsWholeNumbersOf32BitsOnly)
 {
     constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
     const std::pair<const char*, std::optional<std::int32_t>> cases[] = {
-        {"0", 0},           {"-1", -1},         {"16400", 16400},    {"-2147483648", kLowest},
-        {"4294967295", -1}, {"4294967296", {}}, {"-2147483649", {}}, {"2147483648", kLowest},
-        {"", {}},           {"1x", {}},         {"0x10", {}},        {"99999999999999999999", {}}};
+        {"2147483647", std::numeric_limits<std::int32_t>::max()},
+        {"0", 0},
+        {"-1", -1},
+        {"16400", 16400},
+        {"-2147483648", kLowest},
+        {"4294967295", {}},
+        {"4294967296", {}},
+        {"-2147483649", {}},
+        {"2147483648", {}},
+        {"", {}},
+        {"1x", {}},
+        {"0x10", {}},
+        {"99999999999999999999", {}}};
     for (const auto& [text, expected] : cases) {
         WriteFile(std::string("[A]\nx=") + text + "\n");
         const auto number = Store().ReadInt("A", "x");

@@ -26,6 +26,11 @@ public:
     Result<std::optional<std::uint32_t>> Read(const AttributeItem& item) override
     {
         const Result<std::string> value = Value(item);
+        if (!value && value.GetError().Code() == ERANGE) {
+            // Longer than any known version. Like other values that are not understood, it does not
+            // count.
+            return std::optional<std::uint32_t>();
+        }
         if (!value) {
             return value.GetError();
         }

@@ -165,7 +165,7 @@ TEST_F(QrbAppTest, EndsIfItCannotBeToldWhereTheLastLogLies)
     Start();
     EXPECT_TRUE(Frame().OnCmdMsg(CMD_LOG_FILE));
     EXPECT_EQ(prompts.asked, Lines{}) << "the editor tells that there is none yet";
-    ASSERT_TRUE(stores.machine.Write({{"1.00", "Log File", std::string(128, 'x')}}));
+    ASSERT_TRUE(stores.machine.Write({{"1.00", "Log File", std::string(4096, 'x')}}));
     Frame().PostCommand(CMD_LOG_FILE);
     EXPECT_EQ(app->ExitInstance(QApplication::exec()), 0);
     EXPECT_EQ(prompts.asked, Lines{kRegistryMessage});
