@@ -13,6 +13,7 @@
 #include "batch/batch_file.h"
 #include "batch/machine_values.h"
 #include "batch/profile.h"
+#include "batch/settings_check.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "platform/system_facts.h"
@@ -85,6 +86,9 @@ int StartUnattended(const CommandLine& line)
 
 int Start(const CommandLine& line, const WindowStart& runInWindow)
 {
+    for (const std::string& mistake : FindSettingsMistakes(OpenSettingsStores().profile)) {
+        std::fprintf(stderr, "quorbit: warning: %s\n", mistake.c_str());
+    }
     const bool unattended = (line.nRunMode & kRunInvisible) != 0;
     if (HasDisplay() && !(unattended && !IsFirstRunAhead(OpenSettingsStores().machine))) {
         return runInWindow(line);

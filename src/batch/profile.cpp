@@ -9,8 +9,6 @@ namespace quorbit {
 
 namespace {
 
-constexpr const char* kDrivesSection = "Drives";
-
 SettingsValue ValueOf(Setting setting, std::string text)
 {
     const SettingInfo& info = InfoOf(setting);

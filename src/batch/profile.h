@@ -27,6 +27,9 @@ struct PaneSize {
     bool operator==(const PaneSize&) const = default;
 };
 
+// The section that maps drives and network paths to folders.
+inline constexpr const char* kDrivesSection = "Drives";
+
 class Profile {
 public:
     explicit Profile(SettingsStore store) : m_store(std::move(store)) {}

@@ -109,6 +109,15 @@ std::string Decode(std::string_view text)
     return decoded;
 }
 
+bool IsBlankOrComment(std::string_view line)
+{
+    if (line.starts_with(kByteOrderMark)) {
+        line.remove_prefix(kByteOrderMark.size());
+    }
+    line = Trim(line);
+    return line.empty() || line.starts_with(';') || line.starts_with('#');
+}
+
 }  // namespace
 
 IniText::IniText(std::string_view text)
@@ -200,6 +209,23 @@ std::vector<std::pair<std::string, std::string>> IniText::Values(std::string_vie
         }
     }
     return values;
+}
+
+std::vector<SettingsLine> IniText::Lines() const
+{
+    std::vector<SettingsLine> lines;
+    std::string section;
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        const Line& line = m_lines[i];
+        if (line.kind == Line::Section) {
+            section = line.name;
+        } else if (line.kind == Line::Value) {
+            lines.push_back({SettingsLine::Value, i + 1, section, line.name, line.value});
+        } else if (!IsBlankOrComment(line.text)) {
+            lines.push_back({SettingsLine::NotUnderstood, i + 1, section, {}, {}});
+        }
+    }
+    return lines;
 }
 
 void IniText::Set(std::string_view section, std::string_view name, std::string_view value)

@@ -18,6 +18,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,16 @@
 #include <vector>
 
 namespace quorbit {
+
+// A line of a settings file that is a value or is not understood.
+struct SettingsLine {
+    enum Kind { Value, NotUnderstood };
+    Kind kind = Value;
+    std::size_t number = 0;  // from 1
+    std::string section;     // empty before the first section
+    std::string name;        // decoded; of values only
+    std::string value;       // decoded; of values only
+};
 
 class IniText {
 public:
@@ -37,6 +48,8 @@ public:
     // Returns the names and values of a section in file order.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> Values(
         std::string_view section) const;
+    // Returns all lines in file order, except sections, comments and blank lines.
+    [[nodiscard]] std::vector<SettingsLine> Lines() const;
     // Replaces the value, or adds it at the end of its section. Adds the section if it is missing.
     void Set(std::string_view section, std::string_view name, std::string_view value);
 

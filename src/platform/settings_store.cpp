@@ -8,7 +8,6 @@
 #include <optional>
 
 #include "platform/folder_lock.h"
-#include "platform/ini_text.h"
 #include "platform/path_text.h"
 #include "platform/staged_file.h"
 #include "platform/standard_folders.h"
@@ -28,6 +27,14 @@ bool HasNul(const SettingsValue& value)
 }
 
 }  // namespace
+
+std::optional<std::int32_t> ParseSettingsInteger(const std::string& text)
+{
+    std::int32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, number);
+    return fault == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+}
 
 Result<IniText> SettingsStore::Load() const
 {
@@ -76,13 +83,9 @@ Result<std::int32_t> SettingsStore::ReadInt(const std::string& section,
     if (!text) {
         return text.GetError();
     }
-    std::int32_t number = 0;
-    const char* end = text->data() + text->size();
-    const auto [stop, fault] = std::from_chars(text->data(), end, number);
-    if (fault != std::errc() || stop != end) {
-        return Error(ErrorKind::Other, "The value is not a number");
-    }
-    return number;
+    const auto number = ParseSettingsInteger(*text);
+    return number ? Result<std::int32_t>(*number)
+                  : Error(ErrorKind::Other, "The value is not a number");
 }
 
 Result<std::vector<std::pair<std::string, std::string>>> SettingsStore::ReadSection(
@@ -93,6 +96,15 @@ Result<std::vector<std::pair<std::string, std::string>>> SettingsStore::ReadSect
         return ini.GetError();
     }
     return ini->Values(section);
+}
+
+Result<std::vector<SettingsLine>> SettingsStore::ReadLines() const
+{
+    const auto ini = Load();
+    if (!ini) {
+        return ini.GetError();
+    }
+    return ini->Lines();
 }
 
 Status SettingsStore::Write(const std::vector<SettingsValue>& values) const

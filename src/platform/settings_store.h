@@ -16,15 +16,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/ini_text.h"
 
 namespace quorbit {
-
-class IniText;
 
 enum class StoreState {
     Missing,     // the file does not exist
@@ -39,6 +39,9 @@ struct SettingsValue {
     std::string name;
     std::string text;
 };
+
+// Parses the text of a number; see SettingsStore::ReadInt.
+[[nodiscard]] std::optional<std::int32_t> ParseSettingsInteger(const std::string& text);
 
 class SettingsStore {
 public:
@@ -59,6 +62,9 @@ public:
     // Returns names and texts in file order; empty if there is no such section.
     [[nodiscard]] Result<std::vector<std::pair<std::string, std::string>>> ReadSection(
         const std::string& section) const;
+
+    // Returns all lines that are values or are not understood.
+    [[nodiscard]] Result<std::vector<SettingsLine>> ReadLines() const;
 
     // Stores all of the values or none. Creates the file and its folder if they are missing.
     Status Write(const std::vector<SettingsValue>& values) const;

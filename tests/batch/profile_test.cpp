@@ -3,6 +3,8 @@
 
 #include "batch/profile.h"
 
+#include "batch/settings_check.h"
+
 #include <filesystem>
 
 #include "support/folder_test.h"
@@ -69,6 +71,20 @@ TEST_F(ProfileTest, RemembersEightFilesOfAnyName)
     EXPECT_EQ(m_profile.RecentFiles(), paths);
     m_profile.WriteRecentFiles({"/one.qrb"});
     EXPECT_EQ(m_profile.RecentFiles(), std::vector<std::string>{"/one.qrb"});
+}
+
+TEST_F(ProfileTest, NamesMistakesWithFileAndLine)
+{
+    const auto mistakes = [this] { return FindSettingsMistakes(m_store); };
+    EXPECT_EQ(mistakes(), std::vector<std::string>{});
+    WriteFile(
+        "\xEF\xBB\xBF; comment\n\n[Options]\nSyncAtEnd=no\nOptFlags=1\nQrb File Path=x\nOther=x\n"
+        "[Drives\nno value\n[Drives]\nC=\nD=/d\n\\\\nas\\b=/n\nxx=/x\n");
+    std::string lines;
+    for (const std::string& mistake : mistakes()) {
+        lines += mistake.substr(mistake.rfind("profile.ini:")).substr(12, 3);
+    }
+    EXPECT_EQ(lines, "4: 8: 9: 11:14:");
 }
 
 TEST_F(ProfileTest, MapsDrivesAndSharesToAbsoluteFoldersOnly)
