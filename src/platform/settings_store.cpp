@@ -131,7 +131,11 @@ Status SettingsStore::Write(const std::vector<SettingsValue>& values) const
         ini.Set(value.section, value.name, value.text);
     }
     std::string after = ini.Text();
-    return before && *before == after ? Status() : ReplaceFile(m_strPath, after);
+    if (!before) {
+        // Fails if the file exists after all, so that its values are not lost.
+        return CreateNewFile(m_strPath, after);
+    }
+    return *before == after ? Status() : ReplaceFile(m_strPath, after);
 }
 
 SettingsStores OpenSettingsStores()

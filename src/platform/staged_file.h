@@ -17,8 +17,11 @@ namespace quorbit {
 // Writes content to a staged file, gives it the metadata of the file that it replaces, syncs it,
 // renames it over path and syncs the folder. On failure the old file is unchanged and nothing is
 // left behind. If path is a symbolic link, its target is replaced. AccessDenied if the file is
-// read-only, even for root.
+// read-only, even for root. AlreadyExists if the file appears during the call.
 Status ReplaceFile(const std::string& path, std::string_view content);
+
+// Like ReplaceFile, but fails with AlreadyExists if the file exists.
+Status CreateNewFile(const std::string& path, std::string_view content);
 
 // Returns Ok if permissions allow ReplaceFile to replace or create the file. Writes nothing.
 Status CanReplace(const std::string& path);

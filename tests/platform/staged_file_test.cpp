@@ -10,6 +10,7 @@
 #include "platform/leftover_name.h"
 #include "support/folder_test.h"
 #include "support/full_disk.h"
+#include "support/without_hard_links.h"
 
 namespace quorbit {
 namespace {
@@ -44,6 +45,26 @@ TEST_F(StagedFileTest, AFullDiskLeavesTheOldFileAndNothingElse)
                   ErrorKind::DiskFull);
     }
     EXPECT_EQ(Tree(), TreeLines{"old=old content"});
+}
+
+TEST_F(StagedFileTest, NeedsNoHardLinksAndCreateReplacesNothing)
+{
+    const auto write = [this] {
+        const bool created = ReplaceFile(Path("new"), "1").Ok();
+        const bool refused = KindOf(CreateNewFile(Path("new"), "2")) == ErrorKind::AlreadyExists;
+        const bool other = CreateNewFile(Path("other"), "3").Ok();
+        return (created ? 1 : 0) + (refused ? 2 : 0) + (other ? 4 : 0);
+    };
+    EXPECT_EQ(write(), 7);
+    EXPECT_EQ(Tree(), (TreeLines{"new=1", "other=3"}));
+    std::filesystem::remove(Path("new"));
+    std::filesystem::remove(Path("other"));
+    const int done = WithoutHardLinks(write);
+    if (done == 100) {
+        GTEST_SKIP() << "no system call filter";
+    }
+    EXPECT_EQ(done, 7);
+    EXPECT_EQ(Tree(), (TreeLines{"new=1", "other=3"}));
 }
 
 TEST_F(StagedFileTest, FollowsLinksAlsoToAFileYetToBeMade)

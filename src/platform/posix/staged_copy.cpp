@@ -11,6 +11,7 @@
 
 #include "platform/leftover_name.h"
 #include "platform/posix/file_io.h"
+#include "platform/posix/rename_new.h"
 #include "platform/posix/system_call.h"
 
 namespace quorbit {
@@ -172,9 +173,13 @@ Status StagedCopy::PublishNew(const std::string& name)
     if (Status flushed = Flush(false); !flushed) {
         return flushed;
     }
-    if (Status linked = LinkTo(name); !linked) {
-        return linked;
+    // A named file is renamed, since FAT has no hard links.
+    Status placed =
+        IsAnonymous() ? LinkTo(name) : RenameNew(m_folder.Descriptor(), m_strName, name);
+    if (!placed) {
+        return placed;
     }
+    m_strName.clear();
     return CloseDescriptor();
 }
 

@@ -38,8 +38,8 @@ public:
     // Mode and ownership at creation, after umask(2) and default ACLs.
     [[nodiscard]] const NewFileDetails& Details() const { return m_details; }
 
-    // Links the file to its name. AlreadyExists if the name is taken; the file can then still be
-    // published with PublishOver.
+    // Links or renames the file to its name. AlreadyExists if the name is taken; the file can then
+    // still be published with PublishOver.
     Status PublishNew(const std::string& name);
     // Replaces the item with that name, if any. With sync, writes the content to the disk first.
     Status PublishOver(const std::string& name, bool sync);

@@ -166,21 +166,17 @@ Status Fill(const StagedCopy& stage, std::string_view content, const Place& plac
     return {};
 }
 
+// A file that was missing and now exists was created by another process, or could not be seen
+// before. Its content is unknown, so it is not replaced.
 Status Publish(StagedCopy& stage, const std::string& name, bool replaces)
 {
-    if (!replaces) {
-        Status published = stage.PublishNew(name);
-        if (published || published.GetError().Kind() != ErrorKind::AlreadyExists) {
-            return published;
-        }
-    }
     // No sync: Fill() has already synced the content.
-    return stage.PublishOver(name, false);
+    return replaces ? stage.PublishOver(name, false) : stage.PublishNew(name);
 }
 
-}  // namespace
+enum class Existing { Replace, Refuse };
 
-Status ReplaceFile(const std::string& path, std::string_view content)
+Status WriteFile(const std::string& path, std::string_view content, Existing existing)
 {
     auto place = FindPlace(path);
     if (!place) {
@@ -189,6 +185,9 @@ Status ReplaceFile(const std::string& path, std::string_view content)
     const auto old = ExamineOld(*place);
     if (!old) {
         return old.GetError();
+    }
+    if (*old && existing == Existing::Refuse) {
+        return ErrorFromErrno(EEXIST);
     }
     UniqueFd forStage(::fcntl(place->folder.Get(), F_DUPFD_CLOEXEC, 0));
     if (!forStage.IsOpen()) {
@@ -211,6 +210,18 @@ Status ReplaceFile(const std::string& path, std::string_view content)
     // The file has been replaced already, so an error here cannot be undone and is ignored.
     (void)RetryInterrupted([&] { return ::fsync(place->folder.Get()); });
     return {};
+}
+
+}  // namespace
+
+Status ReplaceFile(const std::string& path, std::string_view content)
+{
+    return WriteFile(path, content, Existing::Replace);
+}
+
+Status CreateNewFile(const std::string& path, std::string_view content)
+{
+    return WriteFile(path, content, Existing::Refuse);
 }
 
 Status CanReplace(const std::string& path)
