@@ -312,6 +312,9 @@ void TransferBeside(Transfer& transfer, const std::optional<FindData>& existing,
     }
     switch (DecideTransfer(dwFlags, transfer.item.modified, tDest)) {
         case TransferAction::Copy:
+            // A file that appears now may be newer, or needs a number. The next run decides.
+            transfer.options.mustBeMissing =
+                !existing && (dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) != 0;
             return CopyPlainly(transfer, existing.has_value());
         case TransferAction::Sync:
             return CopyNewer(transfer);

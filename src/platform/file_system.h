@@ -80,6 +80,7 @@ struct PlacedFile {
 struct CopyOptions {
     bool replaceReadOnly = false;      // if false, replacing a read-only file fails, even for root
     bool expectMissing = false;        // a hint that the name does not exist yet; harmless if wrong
+    bool mustBeMissing = false;        // never replaces: AlreadyExists if the name is taken
     CopyProgress* progress = nullptr;  // not owned; may be null
     // A copy of the same source file under another name. The destination becomes a hard link to it
     // if possible, and otherwise a file of its own. Not owned; may be null.

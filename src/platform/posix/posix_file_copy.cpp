@@ -13,6 +13,7 @@
 #include "platform/posix/file_metadata.h"
 #include "platform/posix/item_attributes.h"
 #include "platform/posix/item_details.h"
+#include "platform/posix/rename_new.h"
 #include "platform/posix/staged_copy.h"
 #include "platform/posix/system_call.h"
 
@@ -71,7 +72,7 @@ Result<bool> PosixFileCopy::LinkToPlaced() const
         return false;
     }
     // Check again: another process may have replaced the placed file.
-    if (!isPlaced(folder, own) || ::renameat(folder, own.c_str(), folder, m_strName.c_str()) != 0) {
+    if (!isPlaced(folder, own) || !Place(own)) {
         (void)::unlinkat(folder, own.c_str(), 0);
         return false;
     }
@@ -90,6 +91,9 @@ Result<bool> PosixFileCopy::CheckDestination() const
     }
     if (S_ISDIR(details->st_mode)) {
         return ErrorFromErrno(EISDIR);
+    }
+    if (m_options.mustBeMissing) {
+        return ErrorFromErrno(EEXIST);
     }
     if (S_ISREG(details->st_mode) && !m_options.replaceReadOnly) {
         const Result<bool> readOnly = IsReadOnly(*details);
@@ -219,9 +223,10 @@ Status PosixFileCopy::CopyAttributeBits(int to, mode_t mode) const
 
 Status PosixFileCopy::Publish(StagedCopy& staged) const
 {
-    if (m_options.expectMissing && staged.IsAnonymous()) {
+    const bool mustBeMissing = m_options.mustBeMissing;
+    if (mustBeMissing || (m_options.expectMissing && staged.IsAnonymous())) {
         Status published = staged.PublishNew(m_strName);
-        if (published || published.GetError().Kind() != ErrorKind::AlreadyExists) {
+        if (published || mustBeMissing || published.GetError().Kind() != ErrorKind::AlreadyExists) {
             return published;
         }
     }
@@ -230,6 +235,16 @@ Status PosixFileCopy::Publish(StagedCopy& staged) const
         return replaces.GetError();
     }
     return staged.PublishOver(m_strName, *replaces && !m_destination.Volume().ordersRenames);
+}
+
+// Gives an item with a temporary name in the destination folder its real name.
+Status PosixFileCopy::Place(const std::string& own) const
+{
+    const int folder = m_destination.Descriptor();
+    if (m_options.mustBeMissing) {
+        return RenameNew(folder, own, m_strName);
+    }
+    return ::renameat(folder, own.c_str(), folder, m_strName.c_str()) == 0 ? Status() : LastError();
 }
 
 Status PosixFileCopy::CopyUnopened()
@@ -247,8 +262,8 @@ Status PosixFileCopy::CopyUnopened()
         return done;
     }
     done = CopyMetadataByName(own);
-    if (done && ::renameat(folder, own.c_str(), folder, m_strName.c_str()) != 0) {
-        done = LastError();
+    if (done) {
+        done = Place(own);
     }
     if (!done) {
         (void)::unlinkat(folder, own.c_str(), 0);

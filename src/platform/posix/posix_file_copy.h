@@ -45,6 +45,7 @@ private:
     Status CopyAttributeBits(int to, mode_t mode) const;
     Status Publish(StagedCopy& staged) const;
 
+    Status Place(const std::string& own) const;
     Status CopyUnopened();
     Status Create(const std::string& name) const;
     [[nodiscard]] bool CannotHold(const Error& error) const;

@@ -61,6 +61,22 @@ TEST_P(PosixFileReplaceTest, KeepsTheOldFileWhenTheSourceCannotBeRead)
     EXPECT_EQ(ReadTree(Dest()), TreeLines{"mem=old"});
 }
 
+TEST_P(PosixFileReplaceTest, ReplacesNothingThatMustBeMissing)
+{
+    Write({"source/file=new", "source/link->x", "source/pipe|"});
+    Meanwhile progress([this] { Write({"dest/file=appeared"}); });
+    m_options.mustBeMissing = true;
+    m_options.progress = &progress;
+    EXPECT_EQ(KindOf(Copy("file", m_options)), ErrorKind::AlreadyExists);
+    Write({"dest/link=old", "dest/pipe=old"});
+    for (const char* name : {"file", "link", "pipe"}) {
+        EXPECT_EQ(KindOf(Copy(name, m_options)), ErrorKind::AlreadyExists) << name;
+        EXPECT_TRUE(CopyAs(name, name + std::string("2"), m_options).Ok()) << name;
+    }
+    EXPECT_EQ(ReadTree(Dest()), (TreeLines{"file2=new", "file=appeared", "link2->x", "link=old",
+                                           "pipe2|", "pipe=old"}));
+}
+
 TEST_P(PosixFileReplaceTest, RefusesAReadOnlyFileAlsoForTheSuperuser)
 {
     Write({"source/a=new", "dest/a=old"});
