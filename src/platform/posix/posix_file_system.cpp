@@ -19,6 +19,7 @@
 #include "platform/posix/posix_file_copy.h"
 #include "platform/posix/posix_listing.h"
 #include "platform/posix/posix_source_file.h"
+#include "platform/posix/rename_new.h"
 #include "platform/posix/system_call.h"
 
 namespace quorbit {
@@ -39,6 +40,12 @@ Status CheckName(const std::string& name)
     const bool bad = name.empty() || name == "." || name == ".." ||
                      name.find('/') != std::string::npos || name.find('\0') != std::string::npos;
     return bad ? Status(ErrorFromErrno(EINVAL)) : Status();
+}
+
+Status CheckNames(const std::string& name, const std::string& newName)
+{
+    Status checked = CheckName(name);
+    return checked ? CheckName(newName) : checked;
 }
 
 // Opens a path of any length in pieces, since a system call accepts at most PATH_MAX bytes.
@@ -151,11 +158,17 @@ Result<std::unique_ptr<Listing>> PosixFileSystem::List(const Folder& folder)
 
 Status PosixFileSystem::ReadDetails(const Folder& folder, FindData& item)
 {
+    if (Status checked = CheckName(item.name); !checked) {
+        return checked;
+    }
     return ReadDetailsAt(Own(folder).Descriptor(), item);
 }
 
 Status PosixFileSystem::ReadAttributes(const Folder& folder, FindData& item)
 {
+    if (Status checked = CheckName(item.name); !checked) {
+        return checked;
+    }
     const PosixFolder& own = Own(folder);
     const Result<struct stat> details = StatAt(own.Descriptor(), item.name);
     if (!details) {
@@ -246,11 +259,20 @@ Status PosixFileSystem::DeleteFile(const Folder& folder, const std::string& name
     }
     FindData item;
     item.name = name;
-    if (!ReadAttributes(folder, item) || (item.attributes & kAttributeReadOnly) == 0 ||
+    const Result<struct stat> before = StatAt(fd, name);
+    if (!before || !ReadAttributes(folder, item) || (item.attributes & kAttributeReadOnly) == 0 ||
         !SetAttributes(folder, name, item.attributes & ~kAttributeReadOnly)) {
         return error;
     }
-    return ::unlinkat(fd, name.c_str(), 0) == 0 ? Status() : LastError();
+    if (::unlinkat(fd, name.c_str(), 0) == 0) {
+        return {};
+    }
+    const Error again = LastError();
+    // The file stays, so it is protected as before. SetAttributes alone would clear the write
+    // permission of group and others, too.
+    (void)SetAttributes(folder, name, item.attributes);
+    (void)::fchmodat(fd, name.c_str(), before->st_mode & 07777U, AT_SYMLINK_NOFOLLOW);
+    return again;
 }
 
 Status PosixFileSystem::RemoveFolder(const Folder& parent, const std::string& name)
@@ -325,7 +347,7 @@ Status PosixFileSystem::CopyFolderTime(const Folder& from, const Folder& to)
 Status PosixFileSystem::Link(const Folder& folder, const std::string& name,
                              const std::string& newName)
 {
-    if (Status checked = CheckName(newName); !checked) {
+    if (Status checked = CheckNames(name, newName); !checked) {
         return checked;
     }
     const int fd = Own(folder).Descriptor();
@@ -335,26 +357,10 @@ Status PosixFileSystem::Link(const Folder& folder, const std::string& name,
 Status PosixFileSystem::Rename(const Folder& folder, const std::string& name,
                                const std::string& newName)
 {
-    if (Status checked = CheckName(newName); !checked) {
+    if (Status checked = CheckNames(name, newName); !checked) {
         return checked;
     }
-    const int fd = Own(folder).Descriptor();
-    if (::renameat2(fd, name.c_str(), fd, newName.c_str(), RENAME_NOREPLACE) == 0) {
-        return {};
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return LastError();
-    }
-    // The file system does not support RENAME_NOREPLACE. Checking first leaves a race, but nothing
-    // better is available.
-    const Result<struct stat> taken = StatAt(fd, newName);
-    if (taken) {
-        return ErrorFromErrno(EEXIST);
-    }
-    if (taken.GetError().Kind() != ErrorKind::Missing) {
-        return taken.GetError();
-    }
-    return ::renameat(fd, name.c_str(), fd, newName.c_str()) == 0 ? Status() : LastError();
+    return RenameNew(Own(folder).Descriptor(), name, newName);
 }
 
 void PosixFileSystem::SweepLeftovers(const Folder& folder)
@@ -378,7 +384,7 @@ Status PosixFileSystem::SyncWritten()
         if (!descriptor.IsOpen()) {
             // MarkWritten could not duplicate the descriptor, so this device cannot be synced.
             result = ErrorFromErrno(EMFILE);
-        } else if (::syncfs(descriptor.Get()) != 0 && result) {
+        } else if (RetryInterrupted([&] { return ::syncfs(descriptor.Get()); }) != 0 && result) {
             result = LastError();
         }
     }

@@ -4,7 +4,9 @@
 #include "platform/posix/posix_file_system.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -108,6 +110,12 @@ TEST_F(PosixFileSystemTest, NoNameLeadsOutOfItsFolder)
         EXPECT_FALSE(m_files.RemoveFolder(*folder, name).Ok()) << name;
         EXPECT_FALSE(m_files.CreateFolder(*folder, name, nullptr).Ok()) << name;
         EXPECT_FALSE(m_files.Rename(*folder, "sub", name).Ok()) << name;
+        EXPECT_FALSE(m_files.Rename(*folder, name, "new").Ok()) << name;
+        EXPECT_FALSE(m_files.Link(*folder, name, "new").Ok()) << name;
+        FindData item;
+        item.name = name;
+        EXPECT_FALSE(m_files.ReadDetails(*folder, item).Ok()) << name;
+        EXPECT_FALSE(m_files.ReadAttributes(*folder, item).Ok()) << name;
         EXPECT_FALSE(CopyBetween(*folder, *folder, name, "copy").Ok()) << name;
     }
     EXPECT_EQ(Tree(), (TreeLines{"dest/", "outside=x", "source/", "source/sub/"}));
@@ -234,6 +242,31 @@ TEST_F(PosixFileSystemTest, DeletesWhatHasTheNameAndNothingElse)
     EXPECT_TRUE(m_files.DeleteFile(*Open(Source("sub")), "a").Ok());
     EXPECT_TRUE(m_files.RemoveFolder(*folder, "sub").Ok());
     EXPECT_EQ(Tree("source"), TreeLines{});
+}
+
+TEST_F(PosixFileSystemTest, AFileThatCannotBeDeletedStaysReadOnly)
+{
+    Write({"source/a=x"});
+    SetMode(Source("a"), 0464);
+    // Forbid deletion: for root only an append-only folder does.
+    const UniqueFd folder(::open(Source().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    int flags = 0;
+    const bool hasFlags = ::ioctl(folder.Get(), FS_IOC_GETFLAGS, &flags) == 0;
+    const int forbidden = flags | FS_APPEND_FL;
+    const bool set = hasFlags && ::ioctl(folder.Get(), FS_IOC_SETFLAGS, &forbidden) == 0;
+    if (!set) {
+        SetMode(Source(), 0555);
+    }
+    const Status deleted = m_files.DeleteFile(*Open(Source()), "a");
+    if (set) {
+        EXPECT_EQ(::ioctl(folder.Get(), FS_IOC_SETFLAGS, &flags), 0);
+    }
+    SetMode(Source(), 0755);
+    if (deleted) {
+        GTEST_SKIP() << "nothing forbids root to delete here";
+    }
+    EXPECT_EQ(KindOf(deleted), ErrorKind::AccessDenied);
+    EXPECT_EQ(ModeOf(Source("a")), 0464U);
 }
 
 TEST_F(PosixFileSystemTest, SweepsTheLeftoversOfDeadRunsOnly)
