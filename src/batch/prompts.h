@@ -13,7 +13,8 @@
 namespace quorbit {
 
 enum class PromptIcon { None, Information, Exclamation, Question, Stop };
-enum class PromptButtons { Ok, YesNo, YesNoCancel };
+// Enter answers with the first button.
+enum class PromptButtons { Ok, YesNo, NoYes, YesNoCancel };
 enum class PromptAnswer { Ok, Yes, No, Cancel };
 
 struct FileQuestion {

@@ -6,6 +6,7 @@
 #include <QAbstractItemModel>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 
 #include "dialogs/name_list_model.h"
 
@@ -18,6 +19,11 @@ CComboBoxEx::CComboBoxEx(QWidget* parent) : QComboBox(parent)
     setCompleter(nullptr);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(16);
+    // Otherwise the drop-down measures every line before it opens.
+    if (auto* lines = dynamic_cast<QListView*>(view())) {
+        lines->setUniformItemSizes(true);
+        lines->setTextElideMode(Qt::ElideMiddle);
+    }
     lineEdit()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, this,
             [this](const QString& typed) { OnEditUpdate(typed); });

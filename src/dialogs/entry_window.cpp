@@ -4,6 +4,7 @@
 #include "dialogs/entry_window.h"
 
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -161,6 +162,25 @@ void EntryWindow::Tell(const char* text, const char* caption, PromptIcon icon) c
 {
     if (m_services.pPrompts != nullptr) {
         m_services.pPrompts->Ask(text, caption, icon, PromptButtons::Ok);
+    }
+}
+
+bool EntryWindow::ConfirmDeletion(const std::string& source, bool subFolders) const
+{
+    const std::string text = "This deletes every file in " + Printable(source) +
+                             (subFolders ? " and its sub folders" : "") +
+                             ", because no file is listed to be kept.  Do you want that?";
+    return m_services.pPrompts != nullptr &&
+           m_services.pPrompts->Ask(text, "Warning.", PromptIcon::Exclamation,
+                                    PromptButtons::NoYes) == PromptAnswer::Yes;
+}
+
+void EntryWindow::done(int result)
+{
+    QDialog::done(result);
+    QWidget* parent = parentWidget() != nullptr ? parentWidget()->window() : nullptr;
+    if (parent != nullptr && QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        parent->activateWindow();
     }
 }
 

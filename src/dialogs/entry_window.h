@@ -55,6 +55,11 @@ protected:
     void SetTabOrder();
     void ShowChecks(const EntryChecks& checks, const EntryChecks& enabled);
     void Tell(const char* text, const char* caption, PromptIcon icon) const;
+    // Asks whether an entry may delete every file in its source; true for Yes.
+    [[nodiscard]] bool ConfirmDeletion(const std::string& source, bool subFolders) const;
+    // Gives the focus back to the parent window: a window manager may lose it if the dialog closes
+    // right after a message box.
+    void done(int result) override;
 
     // Called when the user clicks a box.
     virtual void OnBox(EntryBox box, bool on) = 0;

@@ -75,6 +75,15 @@ bool TakesEveryType(const FileEntryForm& form)
     return !form.bFiles && !form.bDelete && form.folderTypes.empty();
 }
 
+bool DeletesEveryFile(const FileEntryForm& form)
+{
+    const std::vector<std::string>& kept = form.bFiles ? form.names : form.folderTypes;
+    const bool keepsNone = kept.empty() || (!form.bFiles && std::find(kept.begin(), kept.end(),
+                                                                      kEveryFile) != kept.end());
+    return form.bDelete && form.checks[EntryBox::AllBut] && keepsNone &&
+           (form.bFiles || (!form.names.empty() && !form.checks[EntryBox::DeleteFolder]));
+}
+
 EntryValues ValuesOf(const FileEntryForm& form)
 {
     EntryValues values;

@@ -44,6 +44,10 @@ struct FileEntryForm {
 // Returns true if OK uses "*.*" because no masks were set.
 [[nodiscard]] bool TakesEveryType(const FileEntryForm& form);
 
+// Returns true if the form deletes every file of its source or of its folders although it asks for
+// exceptions: none is listed. OK then asks.
+[[nodiscard]] bool DeletesEveryFile(const FileEntryForm& form);
+
 [[nodiscard]] EntryValues ValuesOf(const FileEntryForm& form);
 
 // Returns true if the text is a mask, not a name.

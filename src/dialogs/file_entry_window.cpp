@@ -89,9 +89,17 @@ void FileEntryWindow::OnBox(EntryBox box, bool on)
 
 void FileEntryWindow::accept()
 {
+    if (!Lists().TakeTyped()) {
+        return;
+    }
     m_form.source = Source().Folder();
     m_form.dest = Dest().Folder();
     m_form.names = Lists().ProcessNames();
+    if (DeletesEveryFile(m_form) &&
+        !ConfirmDeletion(m_form.source, m_form.checks[EntryBox::SubFolders])) {
+        Lists().FocusSpeedBox();
+        return;
+    }
     if (TakesEveryType(m_form)) {
         Tell(
             "No file types were selected for the given folders.  *.* will be used.  To set file "

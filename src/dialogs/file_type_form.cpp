@@ -3,6 +3,7 @@
 
 #include "dialogs/file_type_form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/path_text.h"
@@ -96,7 +97,15 @@ bool ListsEnabled(const EntryChecks& checks)
 bool SelectsNothing(const FileTypeForm& form)
 {
     const bool deletesFolder = form.bDelete && form.checks[DeleteFolder];
-    return !deletesFolder && !form.checks[AllTypes] && form.masks.empty();
+    return !deletesFolder && !form.checks[AllTypes] && !form.checks[AllBut] && form.masks.empty();
+}
+
+bool DeletesEveryFile(const FileTypeForm& form)
+{
+    const bool takesMasks = !form.checks[DeleteFolder] && !form.checks[AllTypes];
+    const bool keepsNone = form.masks.empty() || std::find(form.masks.begin(), form.masks.end(),
+                                                           kEveryFile) != form.masks.end();
+    return form.bDelete && form.checks[AllBut] && takesMasks && keepsNone;
 }
 
 EntryValues ValuesOf(const FileTypeForm& form)

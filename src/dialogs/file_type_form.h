@@ -40,8 +40,13 @@ struct FileTypeForm {
 // Returns true if the lists, their buttons and the speed typing box are enabled.
 [[nodiscard]] bool ListsEnabled(const EntryChecks& checks);
 
-// Returns true if the form selects no files; OK then shows a warning.
+// Returns true if the form selects no files; OK then shows a warning. An empty list of exceptions
+// selects every file.
 [[nodiscard]] bool SelectsNothing(const FileTypeForm& form);
+
+// Returns true if the form deletes every file of its source although the user asked for exceptions:
+// none is listed, or "*.*", which cancels the others. OK then asks.
+[[nodiscard]] bool DeletesEveryFile(const FileTypeForm& form);
 
 [[nodiscard]] EntryValues ValuesOf(const FileTypeForm& form);
 

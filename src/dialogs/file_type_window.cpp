@@ -43,6 +43,7 @@ FileTypeWindow::FileTypeWindow(const DialogServices& services, FileTypeForm form
     SetTabOrder();
     Lists().SetListTopics(kTopicChooseTypes, kTopicProcessTypes);
     Lists().AddToChoose(MaskChoices(services.pPrompts));
+    Lists().SplitTypedMasks();
     Source().SetFolder(m_form.source);
     Dest().SetFolder(m_form.dest);
     Lists().AddToProcess(m_form.masks);
@@ -65,9 +66,17 @@ void FileTypeWindow::OnBox(EntryBox box, bool on)
 
 void FileTypeWindow::accept()
 {
+    if (!Lists().TakeTyped()) {
+        return;
+    }
     m_form.source = Source().Folder();
     m_form.dest = Dest().Folder();
     m_form.masks = Lists().ProcessNames();
+    if (DeletesEveryFile(m_form) &&
+        !ConfirmDeletion(m_form.source, m_form.checks[EntryBox::SubFolders])) {
+        Lists().FocusSpeedBox();
+        return;
+    }
     if (SelectsNothing(m_form)) {
         Tell("Warning!  There are no filetypes to process.  ", "", PromptIcon::Exclamation);
     }

@@ -27,9 +27,12 @@ FolderBox::FolderBox(const DialogServices& services, Role role, const QString& n
     m_browse->setAccessibleName(QStringLiteral("Browse for the %1").arg(name));
     m_browse->setAutoDefault(false);
     m_browse->setFixedWidth(m_browse->fontMetrics().horizontalAdvance(QStringLiteral(" ... ")) * 2);
-    m_hint->setText(
-        QStringLiteral("Warning, the path does not exist.  This may cause errors later when "
-                       "running this qrb file."));
+    m_hint->setText(QStringLiteral("Warning, the path does not exist."));
+    if (role != Role::NotOfRun) {
+        m_hint->setText(
+            m_hint->text() +
+            QStringLiteral("  This may cause errors later when running this qrb file."));
+    }
     m_hint->setWordWrap(true);
     QFont small = m_hint->font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
@@ -46,7 +49,7 @@ FolderBox::FolderBox(const DialogServices& services, Role role, const QString& n
     connect(m_edit, &QLineEdit::editingFinished, this, [this] { LookForFolder(); });
     connect(m_edit, &QLineEdit::textChanged, this, [this] {
         m_probe.Drop();
-        m_hint->hide();
+        ShowHint(false);
     });
 }
 
@@ -84,13 +87,17 @@ void FolderBox::LookForFolder()
         ShowHint(true);  // the drive is not mapped
         return;
     }
-    m_probe.Ask(native, [this](bool missing) { ShowHint(missing); });
+    m_probe.Ask(native, [this](PathKind kind) {
+        ShowHint(kind != PathKind::Folder && kind != PathKind::Unknown);
+    });
 }
 
 void FolderBox::ShowHint(bool show)
 {
     FitHint();
     m_hint->setVisible(show);
+    // A screen reader does not read a label that appears below the box.
+    m_edit->setAccessibleDescription(show ? m_hint->text() : QString());
 }
 
 // Qt does not resize a window for a label with word wrap, so set its height here.

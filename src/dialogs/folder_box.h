@@ -24,6 +24,7 @@ public:
     enum class Role {
         Source,       // shows a hint if the folder does not exist
         Destination,  // shows a hint if the parent does not exist; a run creates the folder
+        NotOfRun,     // like Source, but the hint does not mention runs
     };
     // Asks the user for a folder, starting at the given one. Returns nullopt on Cancel.
     using Pick = std::function<std::optional<std::string>(const std::string&)>;

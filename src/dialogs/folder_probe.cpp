@@ -6,8 +6,6 @@
 #include <QMetaObject>
 #include <utility>
 
-#include "platform/system_facts.h"
-
 namespace quorbit {
 
 void FolderProbe::Drop()
@@ -20,16 +18,16 @@ void FolderProbe::Ask(const std::string& path, Answer answer)
 {
     Drop();
     m_receiver = std::make_unique<QObject>();
-    const bool started = m_task.Start([this, path, answer = std::move(answer)](auto& link) {
+    const auto post = [this, answer = std::move(answer)](PathKind kind) {
+        QMetaObject::invokeMethod(
+            m_receiver.get(), [answer, kind] { answer(kind); }, Qt::QueuedConnection);
+    };
+    const bool started = m_task.Start([path, post](auto& link) {
         const PathKind kind = KindOfPath(path);
-        const bool missing = kind != PathKind::Folder && kind != PathKind::Unknown;
-        link.IfWanted([this, &answer, missing] {
-            QMetaObject::invokeMethod(
-                m_receiver.get(), [answer, missing] { answer(missing); }, Qt::QueuedConnection);
-        });
+        link.IfWanted([&post, kind] { post(kind); });
     });
     if (!started) {
-        Drop();  // no thread: no answer
+        post(PathKind::Unknown);
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Checks in a background thread whether a folder exists: a mount point whose server does not
+// Determines in a background thread what a path names: a mount point whose server does not
 // respond blocks that thread, not the window. User interface thread only.
 
 #pragma once
@@ -12,14 +12,14 @@
 #include <string>
 
 #include "platform/background_task.h"
+#include "platform/system_facts.h"
 
 namespace quorbit {
 
 class FolderProbe {
 public:
-    // `missing` is true if the folder certainly does not exist or the path is not a folder; false
-    // also if this cannot be determined.
-    using Answer = std::function<void(bool missing)>;
+    // PathKind::Unknown also if the system cannot create a thread.
+    using Answer = std::function<void(PathKind kind)>;
 
     FolderProbe() = default;
     // Does not block. The callback is not called afterwards.
@@ -28,7 +28,7 @@ public:
     FolderProbe& operator=(const FolderProbe&) = delete;
 
     // `path` is a native path. Calls `answer` from the event loop, unless Ask or Drop is called
-    // first or the system cannot create a thread.
+    // first or the disk never responds.
     void Ask(const std::string& path, Answer answer);
     // Cancels the check.
     void Drop();

@@ -34,6 +34,7 @@ CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent
     SetHelpTopic(*m_allTypes, kTopicFolderAllTypes);
     m_lists->SetListTopics(kTopicChooseTypes, kTopicFolderTypes);
     m_lists->AddToChoose(MaskChoices(services.pPrompts));
+    m_lists->SplitTypedMasks();
     RememberSize(*this, services.pProfile, Setting::FolderTypesDialogSize);
 }
 
@@ -51,6 +52,13 @@ void CFolderSetupDlg::LayOut()
     chain.insert(chain.end(), {buttons->itemAt(1)->widget(), buttons->itemAt(2)->widget()});
     for (std::size_t i = 1; i < chain.size(); ++i) {
         setTabOrder(chain[i - 1], chain[i]);
+    }
+}
+
+void CFolderSetupDlg::accept()
+{
+    if (m_lists->TakeTyped()) {
+        QDialog::accept();
     }
 }
 

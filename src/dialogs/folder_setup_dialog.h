@@ -24,6 +24,8 @@ public:
     // OK replaces folderTypes, Cancel leaves it unchanged.
     void DoModal(std::vector<std::string>& folderTypes);
 
+    void accept() override;
+
 private:
     void LayOut();
 

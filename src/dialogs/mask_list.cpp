@@ -33,6 +33,30 @@ std::vector<std::string> MasksOfSuffixes(const QStringList& suffixes)
     return sorted;
 }
 
+std::vector<std::string> MasksOfTyped(const std::string& text)
+{
+    // Returns the position of the "*" that follows after blanks, or `at` if none does.
+    const auto starOrHere = [&text](std::size_t at) {
+        const std::size_t next = text.find_first_not_of(' ', at);
+        return next != std::string::npos && text[next] == '*' ? next : at;
+    };
+    std::vector<std::string> masks;
+    std::size_t begin = starOrHere(0);
+    for (std::size_t at = text.find_first_of(",;"); at != std::string::npos;
+         at = text.find_first_of(",;", at + 1)) {
+        const std::size_t next = starOrHere(at + 1);
+        if (at >= begin && next < text.size() && text[next] == '*') {
+            const std::size_t last = text.find_last_not_of(' ', at - 1);
+            if (at > begin && last != std::string::npos && last >= begin) {
+                masks.push_back(text.substr(begin, last + 1 - begin));
+            }
+            begin = next;
+        }
+    }
+    masks.push_back(text.substr(begin));
+    return masks;
+}
+
 std::vector<std::string> LoadMasks()
 {
     QStringList suffixes;

@@ -52,7 +52,10 @@ COpenDialog::COpenDialog(const DialogServices& services, QWidget* parent, const 
     m_up->setAccessibleName(QStringLiteral("Folder above"));
     m_up->setAutoDefault(false);
     connect(m_up, &QPushButton::clicked, this, [this] { ShowParent(); });
-    connect(m_name, &QLineEdit::textEdited, this, [this] { m_probe.Drop(); });
+    connect(m_name, &QLineEdit::textEdited, this, [this] {
+        m_probe.Drop();
+        m_strAsked.clear();
+    });
     SetUpList();
     LayOut();
     setWindowFlag(Qt::WindowContextHelpButtonHint);
@@ -201,6 +204,7 @@ void COpenDialog::OnCurrentRow(const QModelIndex& row)
         return;  // keep the typed name
     }
     m_probe.Drop();
+    m_strAsked.clear();
     m_strChosen = isFolder ? std::string() : *path;
     m_name->setText(isFolder ? QString() : ShownText(SplitLast(*path).second));
 }
@@ -215,8 +219,7 @@ void COpenDialog::OpenRow(const QModelIndex& row)
         ShowFolder(*path);
         return;
     }
-    m_strPath = *path;
-    QDialog::accept();
+    Accept(*path);
 }
 
 bool COpenDialog::NamesChosen() const
@@ -232,9 +235,7 @@ void COpenDialog::accept()
         return;
     }
     if (NamesChosen()) {
-        m_strPath = m_strChosen;
-        QDialog::accept();
-        return;
+        return Accept(m_strChosen);
     }
     const std::string typed = TypedName(text);
     if (IsWindowsPath(typed)) {
@@ -249,21 +250,25 @@ void COpenDialog::accept()
 
 void COpenDialog::TakePath(const std::string& path)
 {
-    const auto onAnswer = [this, path](bool noFolder) {
-        if (noFolder) {
-            m_strPath = path;
-            QDialog::accept();
-        } else {
-            m_name->clear();
-            ShowFolder(path);
-        }
-    };
     const std::string native = ToNative(path, m_services.drives);
-    if (native.empty()) {
-        onAnswer(true);  // the drive is not mapped
-        return;
+    if (native.empty() || path == m_strAsked) {  // not mapped, or the disk does not respond
+        return Accept(path);
     }
-    m_probe.Ask(native, onAnswer);
+    m_strAsked = path;
+    m_probe.Ask(native, [this, path](PathKind kind) {
+        m_strAsked.clear();
+        if (kind != PathKind::Folder) {
+            return Accept(path);
+        }
+        m_name->clear();
+        ShowFolder(path);
+    });
+}
+
+void COpenDialog::Accept(const std::string& path)
+{
+    m_strPath = path;
+    QDialog::accept();
 }
 
 bool COpenDialog::eventFilter(QObject* watched, QEvent* event)

@@ -34,8 +34,9 @@ public:
     // unchanged.
     bool DoModal(std::string& path);
 
-    // Accepts the dialog if the name is a file or does not exist; opens it if it is a folder. The
-    // check runs in the background, and the dialog stays open until then.
+    // Opens the name if it is a folder; otherwise accepts the dialog, also if this cannot be
+    // determined. The check runs in the background, and the dialog stays open until then; a second
+    // OK does not wait for it.
     void accept() override;
 
 protected:
@@ -54,12 +55,14 @@ private:
     // Opens a folder, or accepts the dialog with a file.
     void OpenRow(const QModelIndex& row);
     void TakePath(const std::string& path);
+    void Accept(const std::string& path);
     [[nodiscard]] std::optional<std::string> PathOf(const QModelIndex& row) const;
     [[nodiscard]] bool OnListKey(int key);
 
     const DialogServices& m_services;
     std::string m_strFolder;  // the folder shown, with a trailing separator
     std::string m_strChosen;  // path of the row whose name was put into the name box; may be empty
+    std::string m_strAsked;   // path that is being checked; empty: none
     std::string m_strPath;    // the result
     int m_nSortColumn = kFileName;
     ShellFolderPtr m_folder;

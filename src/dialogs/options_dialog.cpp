@@ -28,7 +28,7 @@ COptionsDlg::COptionsDlg(const DialogServices& services, OptionSources sources, 
     : QDialog(parent),
       m_sources(std::move(sources)),
       m_folder(new FolderBox(
-          services, FolderBox::Role::Source, QStringLiteral("Qrb file folder"),
+          services, FolderBox::Role::NotOfRun, QStringLiteral("Qrb file folder"),
           [this, &services](const std::string& start) { return PickFolder(services, this, start); },
           this)),
       m_logFile(new QLineEdit(this)),

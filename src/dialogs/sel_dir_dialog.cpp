@@ -4,6 +4,7 @@
 #include "dialogs/sel_dir_dialog.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
@@ -70,8 +71,14 @@ CSelDirDlg::CSelDirDlg(const DialogServices& services, QWidget* parent, std::str
 void CSelDirDlg::LayOut()
 {
     QHBoxLayout* buttons = MakeOkCancelRow(*this);
+    auto* pathLabel = new QLabel(QStringLiteral("&Folder:"), this);
+    auto* treeLabel = new QLabel(QStringLiteral("&Drives and folders:"), this);
+    pathLabel->setBuddy(m_edit);
+    treeLabel->setBuddy(m_pTree);
     auto* column = new QVBoxLayout(this);
+    column->addWidget(pathLabel);
     column->addWidget(m_edit);
+    column->addWidget(treeLabel);
     column->addWidget(m_pTree, 1);
     column->addLayout(buttons);
     m_pTree->setMinimumSize(fontMetrics().averageCharWidth() * 50,

@@ -7,13 +7,16 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "dialogs/file_name_text.h"
+#include "dialogs/mask_list.h"
 #include "document/help_topic.h"
 #include "document/help_topics.h"
+#include "panes/whole_text_tip.h"
 
 namespace quorbit {
 namespace {
@@ -37,6 +40,21 @@ std::vector<int> SelectedRows(const QListView& list)
     return rows;
 }
 
+bool IsEnter(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+// Shows a line that does not fit the list as a tool tip.
+void ShowCutLine(QListView& list, const QHelpEvent& event)
+{
+    const QModelIndex index = list.indexAt(event.pos());
+    const bool cut =
+        index.isValid() && list.sizeHintForIndex(index).width() > list.viewport()->width();
+    ShowWholeText(event, *list.viewport(), list.visualRect(index),
+                  cut ? index.data().toString() : QString());
+}
+
 }  // namespace
 
 SelectionLists::SelectionLists(const QString& chooseLabel, const QString& processLabel,
@@ -54,9 +72,11 @@ SelectionLists::SelectionLists(const QString& chooseLabel, const QString& proces
     m_speedBox->SetLines(&m_chooseNames);
     m_speedBox->setObjectName(QStringLiteral("m_cmbSpeed"));
     m_speedBox->setAccessibleName(QStringLiteral("Speed typing box"));
+    m_speedBox->lineEdit()->setAccessibleName(QStringLiteral("Speed typing box"));
     m_offered.setSourceModel(&m_chooseNames);
     m_offered.setFilterCaseSensitivity(Qt::CaseInsensitive);
-    for (QWidget* control : std::initializer_list<QWidget*>{m_speedBox, m_filter, m_choose}) {
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{m_speedBox, m_filter, m_choose, m_process}) {
         control->installEventFilter(this);
     }
     connect(m_filter, &QLineEdit::textChanged, &m_offered,
@@ -82,6 +102,8 @@ QListView* SelectionLists::MakeList(QAbstractItemModel& names, const QString& la
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideMiddle);
+    list->viewport()->installEventFilter(this);
     const QFontMetrics metrics = list->fontMetrics();
     list->setMinimumSize(metrics.averageCharWidth() * 24, metrics.lineSpacing() * 4);
     return list;
@@ -94,6 +116,9 @@ QLineEdit* SelectionLists::MakeFilter(const QString& label)
     filter->setPlaceholderText(QStringLiteral("Filter"));
     filter->setAccessibleName(QStringLiteral("Filter of ") + WithoutMnemonic(label));
     filter->setClearButtonEnabled(true);
+    if (auto* clear = filter->findChild<QToolButton*>()) {
+        clear->setAccessibleName(QStringLiteral("Clear the filter"));
+    }
     return filter;
 }
 
@@ -175,22 +200,32 @@ std::vector<QWidget*> SelectionLists::TabChain() const
 
 bool SelectionLists::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress) {
-        auto& key = *static_cast<QKeyEvent*>(event);
-        if ((watched == m_speedBox && OnSpeedBoxKey(key)) ||
-            (watched == m_filter && OnFilterKey(key)) ||
-            (watched == m_choose && OnChooseKey(key))) {
-            return true;
+    if (event->type() == QEvent::KeyPress && OnKey(watched, *static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip) {
+        for (QListView* list : {m_choose, m_process}) {
+            if (watched == list->viewport()) {
+                ShowCutLine(*list, *static_cast<QHelpEvent*>(event));
+                return true;
+            }
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool SelectionLists::OnKey(const QObject* watched, QKeyEvent& key)
+{
+    return (watched == m_speedBox && OnSpeedBoxKey(key)) ||
+           (watched == m_filter && OnFilterKey(key)) || (watched == m_choose && OnChooseKey(key)) ||
+           (watched == m_process && OnProcessKey(key));
 }
 
 // Enter clicks Add Entry instead of the dialog's OK. Queued, so that the key event is handled
 // first.
 bool SelectionLists::OnSpeedBoxKey(const QKeyEvent& key)
 {
-    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+    if (!IsEnter(key)) {
         return false;
     }
     QMetaObject::invokeMethod(
@@ -222,9 +257,17 @@ bool SelectionLists::OnFilterKey(const QKeyEvent& key)
     }
 }
 
-// Redirects typing in the list to its filter.
+// Enter adds the selected lines; without a selection, it presses OK. Redirects typing in the list
+// to its filter.
 bool SelectionLists::OnChooseKey(QKeyEvent& key)
 {
+    if (IsEnter(key)) {
+        const bool adds = m_choose->selectionModel()->hasSelection();
+        if (adds) {
+            OnAdd();
+        }
+        return adds;
+    }
     const Qt::KeyboardModifiers others =
         key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const bool types =
@@ -235,6 +278,15 @@ bool SelectionLists::OnChooseKey(QKeyEvent& key)
     m_filter->setFocus(Qt::OtherFocusReason);
     m_filter->end(false);
     QCoreApplication::sendEvent(m_filter, &key);
+    return true;
+}
+
+bool SelectionLists::OnProcessKey(const QKeyEvent& key)
+{
+    if (key.key() != Qt::Key_Delete) {
+        return false;
+    }
+    OnRemove();
     return true;
 }
 
@@ -278,16 +330,43 @@ void SelectionLists::OnRemove()
 
 void SelectionLists::OnAddEntry()
 {
+    (void)AddTyped();
+}
+
+bool SelectionLists::TakeTyped()
+{
+    return !m_speedBox->isEnabled() || AddTyped();
+}
+
+// Returns false if the check rejects the text. The box keeps a text that is in the list already.
+bool SelectionLists::AddTyped()
+{
     const QString text = m_speedBox->currentText();
-    const std::string name = m_chooseNames.NameShownAs(text).value_or(TypedName(text));
-    if (m_accepts && !m_accepts(name)) {
-        return;
+    if (text.isEmpty()) {
+        return true;
     }
-    if (text.isEmpty() || IsProcessed(name)) {
-        return;
+    std::vector<std::string> names;
+    if (const auto offered = m_chooseNames.NameShownAs(text)) {
+        names = {*offered};
+    } else if (m_splits) {
+        names = MasksOfTyped(TypedName(text));
+    } else {
+        names = {TypedName(text)};
     }
-    m_processNames.Add({name});
-    m_speedBox->Clear();
+    if (m_accepts && !std::all_of(names.begin(), names.end(), m_accepts)) {
+        return false;
+    }
+    bool added = false;
+    for (const std::string& name : names) {
+        if (!IsProcessed(name)) {
+            m_processNames.Add({name});
+            added = true;
+        }
+    }
+    if (added) {
+        m_speedBox->Clear();
+    }
+    return true;
 }
 
 }  // namespace quorbit

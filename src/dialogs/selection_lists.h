@@ -38,6 +38,12 @@ public:
 
     // Sets a check of typed entries; an entry is rejected if it returns false.
     void SetEntryCheck(std::function<bool(const std::string&)> accepts);
+    // The lines are masks: a typed text can contain several (see MasksOfTyped). Otherwise, a typed
+    // text is one name, including its commas.
+    void SplitTypedMasks() { m_splits = true; }
+    // Adds the text of the speed typing box like "Add Entry ->", so that OK does not drop it.
+    // Returns false if the check has rejected it. Does nothing if the controls are disabled.
+    [[nodiscard]] bool TakeTyped();
     void SetUsable(bool usable);
     // Sets the help topics of the two lists, whose content differs between the dialogs.
     void SetListTopics(int choose, int process);
@@ -59,14 +65,18 @@ private:
     void OnAdd();
     void OnRemove();
     void OnAddEntry();
+    bool AddTyped();
+    bool OnKey(const QObject* watched, QKeyEvent& key);
     bool OnSpeedBoxKey(const QKeyEvent& key);
     bool OnFilterKey(const QKeyEvent& key);
     bool OnChooseKey(QKeyEvent& key);
+    bool OnProcessKey(const QKeyEvent& key);
     [[nodiscard]] bool IsOffered(const std::string& name) const;
     [[nodiscard]] bool IsProcessed(const std::string& name) const;
 
     Compare m_compare;
     std::function<bool(const std::string&)> m_accepts;
+    bool m_splits = false;
     NameListModel m_chooseNames;
     QSortFilterProxyModel m_offered;  // the items of m_chooseNames that pass the filter
     NameListModel m_processNames;

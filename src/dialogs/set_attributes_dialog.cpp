@@ -8,7 +8,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <vector>
 
 #include "batch/dir_copy.h"
 #include "document/help_topic.h"
@@ -74,13 +76,33 @@ void CSetAttributes::LayOut()
     }
     grid->addWidget(new QLabel(QStringLiteral("Attribute relationship:"), frame), row, 0);
     grid->addWidget(m_logical, row, 1);
+    NameForReaders(*frame);
+    // The fixed size must have room for the title and the buttons beside it.
+    const int buttonWidth = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    frame->setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + 5 * buttonWidth);
 
     QHBoxLayout* buttons = MakeOkCancelRow(*this);
+    std::vector<QWidget*> chain = {m_dontApply};
+    chain.insert(chain.end(), m_attributes.begin(), m_attributes.end());
+    chain.insert(chain.end(),
+                 {m_or, m_and, buttons->itemAt(1)->widget(), buttons->itemAt(2)->widget()});
+    for (std::size_t i = 1; i < chain.size(); ++i) {
+        setTabOrder(chain[i - 1], chain[i]);
+    }
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(frame);
     column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+// Without names of their own, a screen reader gives the inner group the name of the outer one.
+void CSetAttributes::NameForReaders(QGroupBox& frame)
+{
+    frame.setAccessibleName(frame.title());
+    m_logical->setAccessibleName(QStringLiteral("Attribute relationship: LOGICAL"));
+    m_or->setAccessibleName(QStringLiteral("Attribute relationship: OR"));
+    m_and->setAccessibleName(QStringLiteral("Attribute relationship: AND"));
 }
 
 void CSetAttributes::ShowForm(const AttributeForm& form)

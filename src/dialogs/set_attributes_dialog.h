@@ -27,6 +27,7 @@ public:
 
 private:
     void LayOut();
+    void NameForReaders(QGroupBox& frame);
     void ShowForm(const AttributeForm& form);
     [[nodiscard]] AttributeForm ReadForm() const;
 

@@ -104,7 +104,7 @@ Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
 
 void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
-    ShowCurrentFile(ctx, path, false, true);
+    ShowScript(ctx, path);
     // A script may run for long: write the log lines before it starts.
     FlushLog(ctx);
     const Status ran = RunScript(ctx, path, dwFlags);

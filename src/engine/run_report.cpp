@@ -62,6 +62,14 @@ void ShowDestFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow
     ShowPath(ctx, RunText::DestFile, "Destination File: ", path, bLog, bShow);
 }
 
+void ShowScript(CRunContext& ctx, std::string_view path)
+{
+    ShowCurrentFile(ctx, path, false, true);
+    for (const RunText which : {RunText::DestFile, RunText::FileSize, RunText::Action}) {
+        ctx.m_pDlg->ShowText(which, {});
+    }
+}
+
 void ShowFileSize(CRunContext& ctx, std::uint64_t bytes, bool bLog, bool bShow)
 {
     const std::string text = FileSizeText(bytes);

@@ -18,6 +18,8 @@ namespace quorbit {
 
 // Shows an action and logs it after an empty line.
 void ShowAction(CRunContext& ctx, std::string_view text);
+// Shows the path of a script and clears what the surface shows about the last file.
+void ShowScript(CRunContext& ctx, std::string_view path);
 // These log the value if bLog is set, and show it if bShow is set.
 void ShowCurrentFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow);
 void ShowDestFile(CRunContext& ctx, std::string_view path, bool bLog, bool bShow);

@@ -158,8 +158,8 @@ bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, Qu
     ShowFileSize(m_ctx, item.data.size, false, true);
     if (!m_rules.Deletes()) {
         m_destPath.assign(dest.Path()).append(item.data.name);
-        ShowDestFile(m_ctx, m_destPath, false, true);
     }
+    ShowDestFile(m_ctx, m_destPath, false, true);  // empty while deleting
 
     if (!ActOnFile(source, dest, item) || g_bStopRun || dest.IsGivenUp()) {
         return false;

@@ -8,6 +8,7 @@
 #include "dialogs/file_dialog.h"
 #include "dialogs/file_entry_window.h"
 #include "dialogs/file_type_dialog.h"
+#include "dialogs/file_type_window.h"
 
 namespace quorbit {
 namespace {
@@ -145,6 +146,71 @@ TEST_F(EntryWindowsTest, DeleteEntriesDoNotChangeTheRememberedDestination)
     for (int i = 0; i < 3; ++i) {
         use(true);
         EXPECT_EQ(values.m_strDest, "/to/from/sub");
+    }
+}
+
+TEST_F(EntryWindowsTest, OkTakesTypedMasksAndAsksBeforeItDeletesEveryFile)
+{
+    const std::string question =
+        "This deletes every file in /nowhere/from\\xFF, because no file is listed to be kept.  Do "
+        "you want that?";
+    const struct {
+        std::uint32_t flags;
+        Names listed;
+        const char* typed;
+        bool yes;
+        bool closes;
+        Names items;
+        Names asked;
+    } cases[] = {
+        {DCF_EXCLUDE, {}, "*.cpp", false, true, {"*.cpp"}, {}},
+        {DCF_EXCLUDE, {"*.h"}, "*.cpp, *.c;*.x", false, true, {"*.c", "*.cpp", "*.h", "*.x"}, {}},
+        {DCF_EXCLUDE, {"*.h"}, " *.H", false, true, {"*.h"}, {}},
+        {DCF_EXCLUDE, {}, "", false, false, {}, {question}},
+        {DCF_EXCLUDE, {}, "", true, true, {}, {question}},
+        {DCF_EXCLUDE, {"*.h"}, "*.*", false, false, {}, {question}},
+        {0, {}, "a, b", false, true, {"a, b"}, {}},
+        {0, {}, "", false, true, {}, {"Warning!  There are no filetypes to process.  "}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        prompts.asked.clear();
+        prompts.answer = c.yes ? PromptAnswer::Yes : PromptAnswer::No;
+        const CDirCopy entry = Entry(DCK_TYPES, DCF_NO_ATTRS | DCF_DELETE | c.flags, c.listed);
+        FileTypeWindow window(services, EditFileTypeForm(true, entry));
+        SpeedBox(window)->setEditText(QString::fromLatin1(c.typed));
+        window.accept();
+        EXPECT_EQ(window.result() == QDialog::Accepted, c.closes);
+        EXPECT_EQ(prompts.asked, c.asked);
+        if (c.closes) {
+            EXPECT_EQ(ValuesOf(window.Form()).m_listItems, c.items);
+        }
+    }
+}
+
+TEST_F(EntryWindowsTest, OkTakesATypedNameWholeAndRefusesAMask)
+{
+    const struct {
+        const char* typed;
+        bool closes;
+        Names items;
+        std::size_t questions;
+    } cases[] = {
+        {"with, comma.dat", true, {"with, comma.dat"}, 0},
+        {"*.txt", false, {}, 1},
+        {"", false, {}, 1},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        prompts.asked.clear();
+        FileEntryForm form = NewFileEntryForm(true, true, "/nowhere", "", {});
+        form.checks[EntryBox::AllBut] = true;
+        FileEntryWindow window(services, form);
+        SpeedBox(window)->setEditText(QString::fromLatin1(c.typed));
+        window.accept();
+        EXPECT_EQ(window.result() == QDialog::Accepted, c.closes);
+        EXPECT_EQ(prompts.asked.size(), c.questions);
+        EXPECT_EQ(Lines(window, "m_lstProcess"), c.items);
     }
 }
 

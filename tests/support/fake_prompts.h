@@ -50,8 +50,8 @@ public:
         if (buttons == PromptButtons::Ok) {
             return PromptAnswer::Ok;
         }
-        return answer.value_or(buttons == PromptButtons::YesNo ? PromptAnswer::No
-                                                               : PromptAnswer::Cancel);
+        return answer.value_or(buttons == PromptButtons::YesNoCancel ? PromptAnswer::Cancel
+                                                                     : PromptAnswer::No);
     }
     std::optional<std::string> AskOpenFile(const FileQuestion& question) override
     {

@@ -71,6 +71,8 @@ Buttons ButtonsOf(PromptButtons buttons)
             break;
         case PromptButtons::YesNo:
             return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+        case PromptButtons::NoYes:
+            return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
         case PromptButtons::YesNoCancel:
             return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
                     QMessageBox::Cancel};

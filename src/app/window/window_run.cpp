@@ -18,6 +18,7 @@ PromptAnswer WindowRun::RunPrompts::Ask(const std::string& text, const std::stri
         case PromptButtons::Ok:
             return PromptAnswer::Ok;
         case PromptButtons::YesNo:
+        case PromptButtons::NoYes:
             return PromptAnswer::No;
         case PromptButtons::YesNoCancel:
             break;

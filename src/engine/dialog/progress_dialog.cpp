@@ -133,6 +133,7 @@ void CProgressDlg::OnStartBatch()
     }
 
     m_pRun = std::move(start.pRun);
+    MeasureRate();  // what is copied before the first tick counts as well
     m_timer.start(kBetweenLooks);
     g_bRunStarted = 1;
     StartWorker();
@@ -262,7 +263,7 @@ void CProgressDlg::ShowNewest()
     ShowElapsed();
     // Measure the final values once, then stop.
     const RunFigures& figures = m_values.figures;
-    if (figures.total && (changed || figures.phase < RunPhase::Ended)) {
+    if (changed || figures.phase < RunPhase::Ended) {
         MeasureRate();
     }
     ShowTransfer();
@@ -320,7 +321,7 @@ void CProgressDlg::MeasureRate()
         progress.filesLeft = figures.Counter(RunCounter::FilesLeft);
     }
     const auto now = std::chrono::steady_clock::now();
-    if (m_bAsking) {
+    if (m_bAsking || !figures.total) {
         m_rate.Skip(now, progress);
     } else {
         m_rate.Update(now, progress);

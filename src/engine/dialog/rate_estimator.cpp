@@ -52,21 +52,17 @@ void RateEstimator::Update(TimePoint now, const RunProgress& progress)
 
 void RateEstimator::Skip(TimePoint now, const RunProgress& progress)
 {
-    if (!m_last) {
-        m_start = progress;
-    }
     m_last = now;
     m_progress = progress;
 }
 
 std::optional<double> RateEstimator::Forecast() const
 {
-    const std::int64_t files = m_progress.filesDone - m_start.filesDone;
+    const std::int64_t files = m_progress.filesDone;
     if (!m_progress.filesLeft || files <= 0 || m_work.Rate() <= 0) {
         return std::nullopt;
     }
-    const double workAFile =
-        Work(files, m_progress.bytesDone - m_start.bytesDone) / static_cast<double>(files);
+    const double workAFile = Work(files, m_progress.bytesDone) / static_cast<double>(files);
     return static_cast<double>(*m_progress.filesLeft) * workAFile / m_work.Rate();
 }
 
@@ -105,7 +101,7 @@ std::optional<double> RateEstimator::MeanBytesPerSecond() const
     if (m_workedSeconds < kTellingSpeedAfter) {
         return std::nullopt;
     }
-    return static_cast<double>(m_progress.bytesDone - m_start.bytesDone) / m_workedSeconds;
+    return static_cast<double>(m_progress.bytesDone) / m_workedSeconds;
 }
 
 std::optional<std::chrono::seconds> RateEstimator::TimeLeft() const

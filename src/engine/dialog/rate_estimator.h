@@ -24,9 +24,11 @@ class RateEstimator {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
 
-    // Reports the progress at a time. The first call marks the start. Times must not decrease.
+    // Reports the progress at a time. The first call marks the start of the run, whose progress is
+    // zero. Times must not decrease.
     void Update(TimePoint now, const RunProgress& progress);
-    // Like Update, but excludes the time since the last call, during which a message box was open.
+    // Like Update, but excludes the time since the last call, during which files were counted or a
+    // message box was open.
     void Skip(TimePoint now, const RunProgress& progress);
 
     // Speed of the last seconds and of the whole run. Nullopt during the first half second of work.
@@ -49,7 +51,6 @@ private:
     [[nodiscard]] std::optional<double> Forecast() const;
     void Follow(std::optional<double> forecast, double inSeconds);
 
-    RunProgress m_start;
     std::optional<TimePoint> m_last;
     RunProgress m_progress;
     double m_workedSeconds = 0;

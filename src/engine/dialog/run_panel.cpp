@@ -168,9 +168,9 @@ void RunPanel::ShowTransfer(const std::string& text)
 void RunPanel::ShowTexts(const RunValues& values)
 {
     const auto showText = [&values](QLabel* label, RunText which) {
-        // Values never reported keep their initial text.
-        if (!values.Text(which).empty()) {
-            Show(label, OnScreen(values.Text(which)));
+        // Values never reported keep their initial text; an empty one does not apply any more.
+        if (const auto& text = values.Text(which)) {
+            Show(label, OnScreen(*text));
         }
     };
     showText(m_stcCurrentFile, RunText::CurrentFile);

@@ -38,9 +38,10 @@ struct RunFigures {
 
 struct RunValues {
     RunFigures figures;
-    std::array<std::string, 5> texts;  // indexed by RunText, unescaped
+    std::array<std::optional<std::string>, 5> texts;  // indexed by RunText, unescaped
 
-    [[nodiscard]] const std::string& Text(RunText which) const
+    // Nullopt: never reported.
+    [[nodiscard]] const std::optional<std::string>& Text(RunText which) const
     {
         return texts[static_cast<std::size_t>(which)];
     }

@@ -30,6 +30,7 @@ TEST(QtPromptsTest, CountsAClosedBoxAsTheAnswerThatDoesNothing)
     for (const Case& c :
          {Case{PromptButtons::Ok, PromptAnswer::Ok, PromptAnswer::Ok},
           Case{PromptButtons::YesNo, PromptAnswer::Yes, PromptAnswer::No},
+          Case{PromptButtons::NoYes, PromptAnswer::No, PromptAnswer::No},
           Case{PromptButtons::YesNoCancel, PromptAnswer::Yes, PromptAnswer::Cancel}}) {
         const auto ask = [&] { return prompts.Ask("Text", "", PromptIcon::Question, c.buttons); };
         InNext<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
