@@ -22,7 +22,9 @@
 #include "help/tip_dialog.h"
 #include "help/tip_file.h"
 #include "look/desktop_link_opener.h"
+#include "look/dialog_fitter.h"
 #include "look/pictures.h"
+#include "look/program_style.h"
 #include "look/splash_wnd.h"
 #include "platform/standard_folders.h"
 #include "platform/stop_signals.h"
@@ -134,6 +136,9 @@ int RunInWindow(const CommandLine& line, const char* programName)
     // Only the program name is passed: Qt must not interpret the arguments of the program.
     QApplication application(count, arguments);
     qInstallMessageHandler(usual);
+    QApplication::setStyle(new ProgramStyle);  // Qt owns it
+    DialogFitter fitter;
+    application.installEventFilter(&fitter);
     QApplication::setDesktopFileName(QLatin1String(kDesktopId));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(Picture("quorbit"));
