@@ -6,7 +6,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,8 +18,8 @@ inline constexpr const char* kNoSwitchesOnFirstRun =
 
 enum class CommandAction {
     Start,    // open the program, or run the batch file if there is a run mode
-    Help,     // --help
-    Version,  // --version
+    Help,     // --help, -h
+    Version,  // --version, -v
     Setup,    // --setup
     Show,     // --show FILE
     Wrong,    // invalid command line, see error
@@ -30,19 +29,18 @@ struct CommandLine {
     CommandAction action = CommandAction::Start;
     std::uint32_t nRunMode = 0;  // kRunAndQuit, kRunAndStayOpen, kRunInvisible
     bool named = false;          // a batch file is given
-    std::string batchFile;       // as typed; the first one if several are given
+    std::string batchFile;       // as typed, not empty if named
     bool summary = false;        // --summary: print the totals even without a terminal
     std::string error;           // the reason for Wrong
 };
 
-// arguments: without the program name. An argument that ends in ".qrb" or names an existing file is
-// a batch file and never a switch, even if it begins with a slash. In other arguments, "/VS", "/VO"
-// and "/I" are switches in any case and at any position, except in options, which begin with "--".
-// An argument that begins neither with a slash nor with a dash is a batch file as well. Unknown
-// arguments that begin with a slash or a single dash are ignored.
-[[nodiscard]] CommandLine ParseCommandLine(
-    const std::vector<std::string>& arguments,
-    const std::function<bool(const std::string&)>& fileExists);
+// arguments: without the program name. "/VS", "/VO" and "/I" are switches, in any case and at any
+// position. Any other argument is the batch file, even if it begins with a slash, unless it begins
+// with a dash: that is an option, or wrong if there is no such option. Also wrong are a second file,
+// an empty file name, /I without a file, --summary without /I, and an option that prints together
+// with anything that it does not use. Nothing is ignored: an unattended caller must not take a
+// misspelt command line for a run.
+[[nodiscard]] CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
 // Returns the text for --help.
 [[nodiscard]] std::string UsageText();

@@ -9,31 +9,39 @@
 namespace quorbit {
 namespace {
 
-// Returns true if a list in the format of QT_QPA_PLATFORM ("wayland;xcb:option") names a platform
-// that needs no display server, such as "offscreen".
-bool NamesServerlessPlatform(std::string_view list)
+// Finds the first platform of a list in the format of QT_QPA_PLATFORM ("wayland;xcb:option") that
+// needs no display server.
+DisplayKind FindServerless(std::string_view list)
 {
     while (!list.empty()) {
         const std::string_view name = list.substr(0, list.find(';'));
         list.remove_prefix(name.size() < list.size() ? name.size() + 1 : list.size());
+        if (name.starts_with("offscreen") || name.starts_with("minimal")) {
+            return DisplayKind::Invisible;
+        }
         if (!name.empty() && !name.starts_with("xcb") && !name.starts_with("wayland")) {
-            return true;
+            return DisplayKind::Named;
         }
     }
-    return false;
+    return DisplayKind::None;
 }
 
 }  // namespace
 
-bool HasDisplay(const std::function<std::string(const char*)>& environment)
+DisplayKind FindDisplay(const std::function<std::string(const char*)>& environment)
 {
-    return !environment("DISPLAY").empty() || !environment("WAYLAND_DISPLAY").empty() ||
-           NamesServerlessPlatform(environment("QT_QPA_PLATFORM"));
+    const DisplayKind serverless = FindServerless(environment("QT_QPA_PLATFORM"));
+    if (serverless != DisplayKind::None) {
+        return serverless;
+    }
+    const bool named =
+        !environment("DISPLAY").empty() || !environment("WAYLAND_DISPLAY").empty();
+    return named ? DisplayKind::Named : DisplayKind::None;
 }
 
-bool HasDisplay()
+DisplayKind FindDisplay()
 {
-    return HasDisplay([](const char* name) {
+    return FindDisplay([](const char* name) {
         const char* value = std::getenv(name);
         return std::string(value != nullptr ? value : "");
     });

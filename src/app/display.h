@@ -10,10 +10,16 @@
 
 namespace quorbit {
 
+enum class DisplayKind {
+    None,       // no display is named
+    Invisible,  // windows work, but nobody sees them ("offscreen" and "minimal" of Qt)
+    Named,      // a display is named; it may still be unreachable
+};
+
 // environment returns the value of a variable, or an empty string if it is not set. Checks only the
-// variables and connects to nothing: a display that is named may still be unreachable.
-[[nodiscard]] bool HasDisplay(const std::function<std::string(const char*)>& environment);
+// variables and connects to nothing.
+[[nodiscard]] DisplayKind FindDisplay(const std::function<std::string(const char*)>& environment);
 // Uses the environment of this process.
-[[nodiscard]] bool HasDisplay();
+[[nodiscard]] DisplayKind FindDisplay();
 
 }  // namespace quorbit

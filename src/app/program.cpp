@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/display.h"
@@ -16,22 +17,55 @@
 #include "batch/settings_check.h"
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
-#include "platform/system_facts.h"
+#include "platform/path_text.h"
+#include "platform/standard_streams.h"
 
 namespace quorbit {
 namespace {
 
+void Complain(const std::string& text)
+{
+    std::fprintf(stderr, "quorbit: %s\n", Printable(text).c_str());
+}
+
+// Returns why a settings file cannot be used.
+std::string WhyUnusable(const SettingsStore& store)
+{
+    if (store.Path().empty()) {
+        return "There is no folder for the settings. Set HOME or XDG_CONFIG_HOME to a full path.";
+    }
+    const auto section = store.FirstSection();
+    if (!section && section.GetError().Kind() != ErrorKind::Missing) {
+        return store.Path() + ": " + section.GetError().Text();
+    }
+    if (!section && store.State() != StoreState::Missing) {
+        return store.Path() + " is empty or damaged. 'quorbit --setup' repairs it.";
+    }
+    return store.Path() + " cannot be written.";
+}
+
+// Adds the cause to the message, which has none.
 class FatalOnConsole : public FatalHandler {
 public:
+    explicit FatalOnConsole(SettingsStore machine) : m_machine(std::move(machine)) {}
     void FatalMessage(const std::string& text) override
     {
-        std::fprintf(stderr, "quorbit: %s\n", text.c_str());
+        Complain(text);
+        Complain(WhyUnusable(m_machine));
     }
+
+private:
+    SettingsStore m_machine;
 };
 
-bool FileExists(const std::string& path)
+// Returns the exit code of an option that only prints.
+int Print(const std::string& text)
 {
-    return KindOfPath(path) == PathKind::File;
+    const Status written = WriteStandardOutput(text);
+    if (!written) {
+        Complain("standard output: " + written.GetError().Text());
+    }
+    return written ? kExitOk : kExitErrors;
 }
 
 int ShowBatchFile(const std::string& path)
@@ -41,22 +75,30 @@ int ShowBatchFile(const std::string& path)
     const BatchFileStatus read =
         ReadBatchFile(path, file, profile.GetProfileInt(Setting::CodePage));
     if (!read) {
-        std::fprintf(stderr, "quorbit: %s: %s\n", Printable(path).c_str(),
-                     read.GetError().Text().c_str());
+        Complain(path + ": " + read.GetError().Text());
         return kExitNoRun;
     }
-    std::fputs(ShowEntries(file.m_arrEntries).c_str(), stdout);
-    return kExitOk;
+    return Print(ShowEntries(file.m_arrEntries));
 }
 
 int SetUp()
 {
-    const Status done = CompleteSetup(OpenSettingsStores().machine);
-    if (!done) {
-        std::fprintf(stderr, "quorbit: the settings cannot be created: %s\n",
-                     done.GetError().Text().c_str());
+    const SettingsStores stores = OpenSettingsStores();
+    const auto refuse = [](const std::string& where, const Error& error) {
+        Complain("the settings cannot be created: " + where + ": " + error.Text());
+        return kExitNoRun;
+    };
+    if (stores.machine.Path().empty()) {
+        Complain(WhyUnusable(stores.machine));
+        return kExitNoRun;
     }
-    return done ? kExitOk : kExitNoRun;
+    if (const Status done = CompleteSetup(stores.machine); !done) {
+        return refuse(stores.machine.Path() + " or its log folder", done.GetError());
+    }
+    if (const Status done = SetUpDefaultEntry(stores.profile); !done) {
+        return refuse(stores.profile.Path(), done.GetError());
+    }
+    return kExitOk;
 }
 
 // Returns true if the first start is not complete. Until then, switches are ignored.
@@ -70,55 +112,70 @@ bool IsFirstRunAhead(const SettingsStore& machine)
 int StartUnattended(const CommandLine& line)
 {
     const SettingsStores stores = OpenSettingsStores();
-    FatalOnConsole fatal;
-    // Ignore an error here: reading the store below reports it.
-    (void)EnsureMachineStore(stores.machine);
+    FatalOnConsole fatal(stores.machine);
+    if (const Status created = EnsureMachineStore(stores.machine); !created) {
+        Complain("the settings or the log folder cannot be created: " + created.GetError().Text());
+    }
     MachineValues machine(stores.machine, fatal);
     if (!machine.GetRegValue(MachineValue::Run1)) {
-        return kExitOk;
+        return kExitNoRun;
     }
     if (machine.IsFirstRun()) {
-        std::fprintf(stderr, "quorbit: %s\n", kNoSwitchesOnFirstRun);
+        // Only a convenience of the window, so an error must not get in the way here.
+        (void)SetUpDefaultEntry(stores.profile);
+        Complain(kNoSwitchesOnFirstRun);
         return kExitNoRun;
     }
     return RunUnattended(line, machine, Profile(stores.profile));
 }
 
-int Start(const CommandLine& line, const WindowStart& runInWindow)
+// /I needs a window only to show at the first start that switches are ignored.
+bool NeedsWindow(const CommandLine& line, DisplayKind display)
 {
     for (const std::string& mistake : FindSettingsMistakes(OpenSettingsStores().profile)) {
         std::fprintf(stderr, "quorbit: warning: %s\n", mistake.c_str());
     }
     const bool unattended = (line.nRunMode & kRunInvisible) != 0;
-    if (HasDisplay() && !(unattended && !IsFirstRunAhead(OpenSettingsStores().machine))) {
-        return runInWindow(line);
+    return unattended ? display == DisplayKind::Named &&
+                            IsFirstRunAhead(OpenSettingsStores().machine)
+                      : display != DisplayKind::None;
+}
+
+int Start(const CommandLine& line, const WindowStart& runInWindow)
+{
+    const auto withoutWindow = [&line](const char* reason) {
+        if ((line.nRunMode & kRunInvisible) != 0) {
+            return StartUnattended(line);
+        }
+        Complain(std::string(reason) + " Run a batch file with /I.");
+        return static_cast<int>(kExitNoRun);
+    };
+    if (NeedsWindow(line, FindDisplay())) {
+        return runInWindow(line, [&withoutWindow] {
+            return withoutWindow("no window can be opened on this display.");
+        });
     }
-    if (unattended) {
-        return StartUnattended(line);
-    }
-    std::fputs("quorbit: this needs a window, and there is no display. Run a batch file with /I.\n",
-               stderr);
-    return kExitNoRun;
+    return withoutWindow("this needs a window, and there is no display.");
 }
 
 }  // namespace
 
 int RunProgram(const std::vector<std::string>& arguments, const WindowStart& runInWindow)
 {
-    const CommandLine line = ParseCommandLine(arguments, FileExists);
+    ReserveStandardStreams();
+    const CommandLine line = ParseCommandLine(arguments);
     switch (line.action) {
         case CommandAction::Help:
-            std::fputs(UsageText().c_str(), stdout);
-            return kExitOk;
+            return Print(UsageText());
         case CommandAction::Version:
-            std::puts("Quorbit " QUORBIT_VERSION);
-            return kExitOk;
+            return Print("Quorbit " QUORBIT_VERSION "\n");
         case CommandAction::Setup:
             return SetUp();
         case CommandAction::Show:
             return ShowBatchFile(line.batchFile);
         case CommandAction::Wrong:
-            std::fprintf(stderr, "quorbit: %s\nTry 'quorbit --help'.\n", line.error.c_str());
+            Complain(line.error);
+            std::fputs("Try 'quorbit --help'.\n", stderr);
             return kExitNoRun;
         case CommandAction::Start:
             break;

@@ -15,12 +15,15 @@
 
 namespace quorbit {
 
-// Runs the program in its window and returns the exit code. Requires a display.
-using WindowStart = std::function<int(const CommandLine&)>;
+// Runs the program in its window and returns the exit code. If the display cannot be reached, the
+// process ends with the exit code that onNoDisplay returns.
+using WindowStart =
+    std::function<int(const CommandLine&, const std::function<int()>& onNoDisplay)>;
 
 // arguments: without the program name. Returns the exit code; errors go to standard error. Calls
-// runInWindow at most once, and only if HasDisplay() returns true. With /I it is called only before
-// the first start is complete, to show that switches are ignored. Main thread only.
+// runInWindow at most once, and only if the environment names a display. With /I it is called only
+// before the first start is complete, to show that switches are ignored, and only for a display
+// that a user can see. Call it first in the process, on the main thread.
 [[nodiscard]] int RunProgram(const std::vector<std::string>& arguments,
                              const WindowStart& runInWindow);
 

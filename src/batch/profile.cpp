@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+#include "batch/dir_copy.h"
+
 namespace quorbit {
 
 namespace {
@@ -118,6 +120,24 @@ DriveMap Profile::ReadDrives() const
         }
     }
     return drives;
+}
+
+Status SetUpDefaultEntry(const SettingsStore& profile)
+{
+    constexpr std::uint32_t kCopyOfATree = DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE;
+    std::vector<SettingsValue> missing;
+    for (SettingsValue& value : std::vector{
+             ValueOf(Setting::FileBits, std::to_string(kCopyOfATree)),
+             ValueOf(Setting::FileTypes, "*.*")}) {
+        const auto stored = profile.ReadText(value.section, value.name);
+        if (!stored && stored.GetError().Kind() != ErrorKind::Missing) {
+            return stored.GetError();
+        }
+        if (!stored) {
+            missing.push_back(std::move(value));
+        }
+    }
+    return missing.empty() ? Status() : profile.Write(missing);
 }
 
 }  // namespace quorbit

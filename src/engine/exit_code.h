@@ -8,10 +8,14 @@
 namespace quorbit {
 
 enum : int {
-    kExitOk = 0,      // a run without errors, or no run requested; also after a fatal message
-    kExitErrors = 1,  // a run with errors
-    kExitNoRun =
-        2,  // no run: unreadable file, no display, another run in progress, invalid command line
+    // A complete run without errors, or no run requested. In a window also after a fatal message.
+    kExitOk = 0,
+    // A run with errors. Unattended, also a run that a signal stopped or whose log is incomplete.
+    // Output that could not be written.
+    kExitErrors = 1,
+    // No run: unreadable or empty batch file, no display, another run in progress, invalid command
+    // line. Unattended, whatever the reason.
+    kExitNoRun = 2,
 };
 
 }  // namespace quorbit

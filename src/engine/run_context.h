@@ -63,6 +63,7 @@ struct CRunContext {
 
     ElapsedClock m_clock;
     std::unique_ptr<RunLog> m_pLogFile;  // null once closed
+    bool m_bLogIncomplete = false;       // a line could not be written
 
     // An unattended run: no prompts.
     [[nodiscard]] bool IsUnattended() const { return (m_nRunMode & kRunInvisible) != 0; }

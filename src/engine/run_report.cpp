@@ -11,6 +11,7 @@ namespace {
 void TellIfFailed(CRunContext& ctx, bool ok)
 {
     if (!ok) {
+        ctx.m_bLogIncomplete = true;
         Tell(ctx, "Error writing to the logfile.", "", PromptIcon::Stop);
     }
 }

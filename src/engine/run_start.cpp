@@ -6,15 +6,31 @@
 #include <optional>
 #include <utility>
 
+#include "platform/standard_folders.h"
+
 namespace quorbit {
 namespace {
 
-// Determines the path of the log and stores it as the last one. Returns nullopt if the settings
-// failed, which the fatal handler has reported.
-std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& documentPath)
+// The exit code if nothing was run. A window keeps 0, since the user has seen the message.
+int NoRunCode(const RunServices& services)
+{
+    return (services.nRunMode & kRunInvisible) != 0 ? kExitNoRun : kExitOk;
+}
+
+// Determines the path of the log and stores it as the last one. If that fails, returns nullopt and
+// sets the text of the refusal, or leaves it empty if the fatal handler has reported the failure.
+std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& documentPath,
+                                    std::string& refusal)
 {
     const auto folder = machine.GetRegValue(MachineValue::InstallPath);
     if (!folder) {
+        return std::nullopt;
+    }
+    if (!folder->starts_with('/')) {
+        refusal =
+            "The log file cannot be created: \"Install Path\" in machine.ini must be the full path "
+            "of a folder, and is \"" +
+            Printable(*folder) + "\"";
         return std::nullopt;
     }
     std::string path = MakeLogPath(*folder, documentPath);
@@ -24,7 +40,7 @@ std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& d
     return path;
 }
 
-RunRefusal RefuseWithoutLog(const std::string& path, const Error& error)
+RunRefusal RefuseWithoutLog(const std::string& path, const Error& error, int noRunCode)
 {
     const std::string where = Printable(path);
     // The lock on the log prevents two simultaneous runs of a document.
@@ -33,7 +49,21 @@ RunRefusal RefuseWithoutLog(const std::string& path, const Error& error)
             "This batch file is being run already. Its log file is in use by that run: " + where,
             kExitNoRun, false};
     }
-    return {"The log file cannot be created: " + where + ": " + error.Text(), kExitOk, true};
+    return {"The log file cannot be created: " + where + ": " + error.Text(), noRunCode, true};
+}
+
+// Creates the log. Its folder is created again if it was deleted, since only the set-up would do
+// that.
+Result<std::unique_ptr<LogOutput>> CreateLog(const std::string& path)
+{
+    auto output = CreateLogOutput(path);
+    if (output || output.GetError().Kind() != ErrorKind::Missing) {
+        return output;
+    }
+    if (const Status created = CreateFolders(ParentFolder(path)); !created) {
+        return created.GetError();
+    }
+    return CreateLogOutput(path);
 }
 
 std::unique_ptr<CRunContext> MakeContext(const Batch& batch, RunSurface& surface,
@@ -55,13 +85,15 @@ std::unique_ptr<CRunContext> MakeContext(const Batch& batch, RunSurface& surface
 
 RunStart StartRun(const Batch& batch, RunSurface& surface, const RunServices& services)
 {
-    const auto path = PlaceLog(*services.pMachine, batch.m_strFilePath);
+    const int noRunCode = NoRunCode(services);
+    std::string refusal;
+    const auto path = PlaceLog(*services.pMachine, batch.m_strFilePath, refusal);
     if (!path) {
-        return {};
+        return {nullptr, {std::move(refusal), noRunCode, true}};
     }
-    auto output = CreateLogOutput(*path);
+    auto output = CreateLog(*path);
     if (!output) {
-        return {nullptr, RefuseWithoutLog(*path, output.GetError())};
+        return {nullptr, RefuseWithoutLog(*path, output.GetError(), noRunCode)};
     }
     auto pRun = MakeContext(batch, surface, services);
     pRun->m_strLogPath = *path;

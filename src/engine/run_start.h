@@ -45,7 +45,7 @@ struct RunServices {
 // The reason why a run was not started.
 struct RunRefusal {
     std::string text;        // empty: already reported by the fatal handler of the machine values
-    int exitCode = kExitOk;  // if the process was started for this run
+    int exitCode = kExitOk;  // if the process was started for this run; never kExitOk with /I
     bool bEndsProgram = false;  // end the program even if it was not started for this run
 };
 
@@ -54,8 +54,8 @@ struct RunStart {
     RunRefusal refusal;
 };
 
-// Stores the path of the log as the last one, creates and locks the log, and creates the context
-// with its clock running. `batch` and `surface` must outlive the run. Call it on the thread that
+// Stores the path of the log as the last one, creates and locks the log, in a folder that is created
+// if it is missing, and creates the context with its clock running. `batch` and `surface` must outlive the run. Call it on the thread that
 // uses the machine values.
 [[nodiscard]] RunStart StartRun(const Batch& batch, RunSurface& surface,
                                 const RunServices& services);

@@ -71,6 +71,7 @@ public:
 
 private:
     [[nodiscard]] Result<IniText> Load() const;
+    Status Merge(const std::vector<SettingsValue>& values) const;
 
     std::string m_strPath;
 };

@@ -18,7 +18,8 @@ TEST_F(CommandLineOfTheProgram, AnswersWithoutSettingsAndWithoutADisplay)
         std::string expected;
     };
     for (const Case& c : {Case{{"--version"}, QUORBIT_VERSION}, Case{{"--help"}, "--setup"},
-                          Case{{"--show", "nightly.qrb"}, Path("from")}}) {
+                          Case{{"--show", "nightly.qrb"}, Path("from")},
+                          Case{{"-v"}, QUORBIT_VERSION}, Case{{"-h"}, "--setup"}}) {
         const ProgramResult result = Run(c.arguments);
         EXPECT_EQ(result.exitCode, 0) << c.arguments[0] << result.err;
         EXPECT_NE(result.out.find(c.expected), std::string::npos) << result.out;
@@ -26,15 +27,70 @@ TEST_F(CommandLineOfTheProgram, AnswersWithoutSettingsAndWithoutADisplay)
     }
 }
 
-TEST_F(CommandLineOfTheProgram, RefusesWhatItDoesNotUnderstand)
+TEST_F(CommandLineOfTheProgram, RefusesWhatItDoesNotUnderstandAndRunsNothing)
 {
     SetUpProgram();
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {"--nonsense"}, {"--show"}, {"--show", "none.qrb"}}) {
+    Write({"from/a.txt=a", "-n="});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    WriteBatch("second.qrb", {CopyEntry("from", "to")});
+    const std::vector<std::vector<std::string>> lines{
+        {"--nonsense"},
+        {"--show"},
+        {"--show", "none.qrb"},
+        {"--show", "nightly.qrb", "/I"},
+        {"--setup", "extra"},
+        {"--setup", "--help"},
+        {"--summary", "nightly.qrb"},
+        {""},
+        {"/I"},
+        {"", "/I"},
+        {"-", "/I"},
+        {"nightly.qrb", "-n", "/I"},
+        {"nightly.qrb", "/X", "/I"},
+        {"nightly.qrb", "--dry-run", "/I"},
+        {"nightly.qrb", "second.qrb", "/I"},
+        {"nightly.qrb", "--help", "/I"},
+    };
+    for (const std::vector<std::string>& arguments : lines) {
         const ProgramResult result = Run(arguments);
-        EXPECT_EQ(result.exitCode, 2) << arguments[0];
-        EXPECT_FALSE(result.err.empty()) << arguments[0];
+        EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(arguments);
+        EXPECT_FALSE(result.err.empty()) << testing::PrintToString(arguments);
+        EXPECT_FALSE(std::filesystem::exists(Path("to"))) << testing::PrintToString(arguments);
     }
+}
+
+TEST_F(CommandLineOfTheProgram, TakesNoSwitchFromAPath)
+{
+    SetUpProgram();
+    Write({"Inbox/vs/a.txt=a"});
+    WriteBatch("data/input", {CopyEntry("Inbox", "to")});
+    for (const char* name : {"Inbox/nightly", "none/Inbox", "vo/vs"}) {
+        const ProgramResult result = Run({Path(name), "/I"});
+        EXPECT_EQ(result.exitCode, 2) << name;
+        EXPECT_TRUE(Contains(result.err, Path(name) + ": ")) << result.err;
+    }
+    // Without a switch these need a window, which there is none for.
+    EXPECT_TRUE(Contains(Run({"data/input"}).err, "display"));
+    EXPECT_TRUE(Contains(Run({Path("Inbox/nightly")}).err, "display"));
+    EXPECT_EQ(Run({Path("data/input"), "/I"}).exitCode, 0);
+}
+
+TEST_F(CommandLineOfTheProgram, EndsWithOneIfItsOutputIsLost)
+{
+    SetUpProgram();
+    WriteBatch("nightly.qrb", {CopyEntry("config", "to")});
+    for (const char* arguments : {"--help", "--version", "--show nightly.qrb",
+                                  "nightly.qrb /I --summary"}) {
+        for (const char* output : {">/dev/full", ">&-"}) {
+            ProgramCall call = Call({});
+            call.arguments = {"/bin/sh", "-c",
+                              std::string(QUORBIT_BINARY) + " " + arguments + " " + output};
+            const ProgramResult result = RunProgram(call);
+            EXPECT_EQ(result.exitCode, 1) << arguments << output;
+            EXPECT_TRUE(Contains(result.err, "standard output")) << result.err;
+        }
+    }
+    EXPECT_FALSE(Contains(Log("nightly"), "Copied ")) << "no file gets a closed stream's number";
 }
 
 TEST_F(CommandLineOfTheProgram, DropsItsSwitchesOnTheFirstStartOnly)

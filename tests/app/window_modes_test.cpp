@@ -135,6 +135,26 @@ TEST_F(WindowModes, SayThatThereIsNoDisplay)
     EXPECT_EQ(Run({"nightly.qrb", "/I"}).exitCode, 0) << "that way works";
 }
 
+TEST_F(WindowModes, AFirstStartThatNobodyCanSeeIsCompletedByTheUnattendedRun)
+{
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    for (const auto& [display, platform] :
+         {std::pair("host.invalid:99", "xcb"), std::pair("", "offscreen"),
+          std::pair("host.invalid:99", "offscreen")}) {
+        fs::remove_all(Path("config"));
+        fs::remove_all(Path("to"));
+        ProgramCall call = Call({"nightly.qrb", "/I"});
+        call.environment["DISPLAY"] = display;
+        call.environment["QT_QPA_PLATFORM"] = platform;
+        const ProgramResult first = RunProgram(call);
+        EXPECT_EQ(first.exitCode, 2) << display << platform;
+        EXPECT_TRUE(Contains(first.err, "Just run again")) << first.err;
+        EXPECT_EQ(RunProgram(call).exitCode, 0) << display << platform;
+        EXPECT_EQ(ContentOf(Path("to/a.txt")), "a");
+    }
+}
+
 TEST_F(WindowModes, DoNotUseUpTheFirstStartWithoutADisplay)
 {
     EXPECT_EQ(Run({}).exitCode, 2);

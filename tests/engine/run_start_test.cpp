@@ -27,9 +27,11 @@ protected:
                         {.pMachine = &m_machine.Values(),
                          .pFiles = m_files.get(),
                          .pProcesses = m_processes.get(),
+                         .nRunMode = m_nRunMode,
                          .readOptFlags = [] { return 0U; }});
     }
 
+    std::uint32_t m_nRunMode = 0;
     TempFolder m_folder;
     RunMachine m_machine{m_folder.Path() + "/machine.ini", m_folder.Path() + "/"};
     std::unique_ptr<FileSystem> m_files = MakeFileSystem();
@@ -62,13 +64,18 @@ TEST_F(RunStartTest, HoldsTheLogUntilTheRunIsOver)
 
 TEST_F(RunStartTest, EndsTheProgramIfTheLogCannotBeCreated)
 {
-    m_machine.SetLogFolder(m_folder.Path() + "/none/");
-    const RunStart start = Start();
-    EXPECT_FALSE(start.pRun);
-    EXPECT_EQ(start.refusal.text, "The log file cannot be created: " + m_folder.Path() +
-                                      "/none/nightly.log: No such file or directory");
-    EXPECT_EQ(start.refusal.exitCode, kExitOk);
-    EXPECT_TRUE(start.refusal.bEndsProgram);
+    WriteTree(m_folder.Path(), {"file="});
+    m_machine.SetLogFolder(m_folder.Path() + "/file/");
+    for (const auto& [mode, code] : {std::pair(0U, kExitOk), std::pair(kRunAndQuit, kExitOk),
+                                     std::pair(kRunInvisible, kExitNoRun)}) {
+        m_nRunMode = mode;
+        const RunStart start = Start();
+        EXPECT_FALSE(start.pRun);
+        EXPECT_EQ(start.refusal.text, "The log file cannot be created: " + m_folder.Path() +
+                                          "/file/nightly.log: Not a directory");
+        EXPECT_EQ(start.refusal.exitCode, static_cast<int>(code));
+        EXPECT_TRUE(start.refusal.bEndsProgram);
+    }
 }
 
 TEST(MakeLogPath, PutsTheNameOfTheDocumentIntoTheFolderOfTheLogs)

@@ -13,7 +13,7 @@ int main(int argc, char** argv)
 {
     const char* const name = argc > 0 ? argv[0] : "quorbit";
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-    return quorbit::RunProgram(arguments, [name](const quorbit::CommandLine& line) {
-        return quorbit::RunInWindow(line, name);
+    return quorbit::RunProgram(arguments, [name](const auto& line, const auto& onNoDisplay) {
+        return quorbit::RunInWindow(line, name, onNoDisplay);
     });
 }

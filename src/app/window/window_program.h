@@ -5,13 +5,16 @@
 
 #pragma once
 
+#include <functional>
+
 #include "app/command_line.h"
 
 namespace quorbit {
 
 // Creates the QApplication, which requires a display, runs the event loop and returns the exit
-// code. If the display refuses the connection, prints an error to standard error and exits with
-// kExitNoRun.
-[[nodiscard]] int RunInWindow(const CommandLine& line, const char* programName);
+// code. If the display refuses the connection, ends the process with the exit code that onNoDisplay
+// returns; it is called before there is an application object.
+[[nodiscard]] int RunInWindow(const CommandLine& line, const char* programName,
+                              const std::function<int()>& onNoDisplay);
 
 }  // namespace quorbit
