@@ -8,12 +8,14 @@
 #include <thread>
 #include <utility>
 
+#include "app/stop_requests.h"
 #include "batch/batch_file.h"
 #include "engine/console_surface.h"
 #include "engine/run_driver.h"
 #include "engine/run_flags.h"
 #include "engine/run_start.h"
 #include "platform/native.h"
+#include "platform/standard_streams.h"
 #include "platform/stop_signals.h"
 #include "platform/terminal.h"
 
@@ -27,9 +29,6 @@ void Complain(const std::string& text)
 
 bool LoadBatch(const CommandLine& line, const Profile& profile, Batch& batch)
 {
-    if (!line.named) {
-        return true;
-    }
     const std::string path = MakeAbsolute(line.batchFile);
     const BatchFileStatus opened =
         ReadBatchFile(path, batch, profile.GetProfileInt(Setting::CodePage));
@@ -44,17 +43,32 @@ int Refuse(const RunRefusal& refusal)
     if (!refusal.text.empty()) {
         Complain(refusal.text);
     }
-    return refusal.exitCode;
+    return kExitNoRun;
 }
 
-void PrintSummary(const CRunContext& ctx)
+std::string Summary(const CRunContext& ctx)
 {
-    std::printf(
-        "Copied %d, synced %d, left alone %d, backed up %d, deleted %d, errors %d in %s.\nLog: "
-        "%s\n",
-        ctx.m_nCopyCount, ctx.m_nSyncCount, ctx.m_nDidntSyncCount, ctx.m_nBackupCount,
-        ctx.m_nDeleteCount, ctx.m_nErrorCount, ctx.m_clock.Text().c_str(),
-        Printable(ctx.m_strLogPath).c_str());
+    const auto count = [](const char* label, std::int32_t value) {
+        return label + std::to_string(value);
+    };
+    return count("Copied ", ctx.m_nCopyCount) + count(", synced ", ctx.m_nSyncCount) +
+           count(", left alone ", ctx.m_nDidntSyncCount) +
+           count(", backed up ", ctx.m_nBackupCount) + count(", deleted ", ctx.m_nDeleteCount) +
+           count(", errors ", ctx.m_nErrorCount) + " in " + ctx.m_clock.Text() +
+           ".\nLog: " + Printable(ctx.m_strLogPath) + "\n";
+}
+
+// Prints the totals if they are wanted. Returns false if that failed.
+bool PrintSummary(const CommandLine& line, const CRunContext& ctx)
+{
+    if (!line.summary && !IsTerminal()) {
+        return true;
+    }
+    const Status written = WriteStandardOutput(Summary(ctx));
+    if (!written) {
+        Complain("standard output: " + written.GetError().Text());
+    }
+    return written.Ok();
 }
 
 }  // namespace
@@ -89,14 +103,18 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
     }
 
     // Before the worker thread starts, so that no signal ends the process in the middle of a file.
-    const StopSignals stopSignals([] { g_bStopRun = 1; });
+    StopRequests stop(*start.pRun, surface);
+    const StopSignals stopSignals([&stop](StopSignal signal) { stop.OnSignal(signal); });
     IgnoreWriteSignals();
     g_bRunStarted = 1;
     std::jthread(RunThreadProc, start.pRun.get()).join();
-    if (line.summary || IsTerminal()) {
-        PrintSummary(*start.pRun);
+    const CRunContext& run = *start.pRun;
+    const bool printed = PrintSummary(line, run);
+    if (batch.m_arrEntries.empty()) {
+        return kExitNoRun;  // the run has said so
     }
-    return start.pRun->m_nExitCode;
+    const bool complete = printed && !run.m_bLogIncomplete && !stop.Stopped();
+    return complete ? run.m_nExitCode : static_cast<int>(kExitErrors);
 }
 
 }  // namespace quorbit

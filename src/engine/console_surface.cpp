@@ -3,18 +3,18 @@
 
 #include "engine/console_surface.h"
 
+#include <chrono>
 #include <cstdio>
 #include <utility>
 #include <vector>
 
-#include "platform/coarse_clock.h"
 #include "platform/path_text.h"
 #include "platform/terminal.h"
 
 namespace quorbit {
 namespace {
 
-constexpr auto kBetweenDraws = std::chrono::milliseconds(100);
+constexpr auto kBetweenDraws = std::chrono::milliseconds(200);
 
 void Print(std::FILE* stream, std::string_view text)
 {
@@ -57,45 +57,46 @@ ConsoleSurface::ConsoleSurface(Streams streams, std::function<std::string()> ela
 
 void ConsoleSurface::ShowText(RunText which, std::string_view text)
 {
-    if (which != RunText::CurrentFile) {
-        return;
+    if (which == RunText::CurrentFile) {
+        const std::lock_guard lock(m_stateMutex);
+        m_currentFile.assign(text);
     }
-    m_currentFile.assign(text);
-    Draw();
 }
 
 void ConsoleSurface::ShowCounter(RunCounter which, std::int32_t value)
 {
-    if (which != RunCounter::FilesLeft) {
-        return;
-    }
-    m_nFilesLeft = value;
-    if (m_bCounting) {
-        Draw();
+    if (which == RunCounter::FilesLeft) {
+        const std::lock_guard lock(m_stateMutex);
+        m_nFilesLeft = value;
     }
 }
 
-void ConsoleSurface::AddBytes(std::uint64_t)
-{
-    Draw();
-}
+void ConsoleSurface::AddBytes(std::uint64_t) {}
 
 void ConsoleSurface::OnPhase(RunPhase phase, std::int32_t)
 {
-    m_bCounting = phase == RunPhase::Counting;
+    {
+        const std::lock_guard lock(m_stateMutex);
+        m_bCounting = phase == RunPhase::Counting;
+    }
+    if (phase == RunPhase::Counting && m_streams.liveWidth() > 0) {
+        m_drawer = std::jthread([this](const std::stop_token& end) { Work(end); });
+    }
     if (phase == RunPhase::Ended) {
+        m_drawer = {};
+        const std::lock_guard lock(m_outputMutex);
         Erase();
     }
 }
 
 void ConsoleSurface::ShowError(std::string_view text)
 {
-    Erase();
-    std::string line = "quorbit: ";
-    if (!m_currentFile.empty()) {
-        line += Printable(m_currentFile) + ": ";
+    std::string line;
+    {
+        const std::lock_guard lock(m_stateMutex);
+        line = m_currentFile.empty() ? "" : m_currentFile + ": ";
     }
-    m_streams.error(line + Printable(text) + "\n");
+    Announce(line.append(text));
 }
 
 void ConsoleSurface::ShowWarning(std::string_view text)
@@ -111,26 +112,47 @@ bool ConsoleSurface::AskYesNo(std::string_view, std::string_view)
 
 void ConsoleSurface::ShowMessage(std::string_view text, std::string_view, PromptIcon)
 {
+    Announce(text);
+}
+
+void ConsoleSurface::Announce(std::string_view text)
+{
+    const std::lock_guard lock(m_outputMutex);
     Erase();
-    m_streams.error("quorbit: " + std::string(text) + "\n");
+    m_streams.error("quorbit: " + Printable(text) + "\n");
+}
+
+void ConsoleSurface::Work(const std::stop_token& end)
+{
+    std::unique_lock lock(m_stateMutex);
+    while (!m_ended.wait_for(lock, end, kBetweenDraws, [] { return false; }) &&
+           !end.stop_requested()) {
+        lock.unlock();
+        Draw();
+        lock.lock();
+    }
+}
+
+std::string ConsoleSurface::ProgressLine()
+{
+    const std::string elapsed = m_elapsed();
+    const std::lock_guard lock(m_stateMutex);
+    const std::string files =
+        std::to_string(m_nFilesLeft) + (m_nFilesLeft == 1 ? " file" : " files");
+    return elapsed + "  " + files +
+           (m_bCounting ? " found" : " left  " + Printable(m_currentFile));
 }
 
 void ConsoleSurface::Draw()
 {
-    const auto now = CoarseNow();
-    if (now - m_lastDrawn < kBetweenDraws) {
-        return;
-    }
-    m_lastDrawn = now;
+    const std::lock_guard lock(m_outputMutex);
     const int width = m_streams.liveWidth();
     if (width <= 0) {
         return;
     }
-    std::string line = m_elapsed() + "  " + std::to_string(m_nFilesLeft);
-    line += m_bCounting ? " files found" : " files left  " + Printable(m_currentFile);
     // Carriage return, then EL to erase the rest of the line (ECMA-48, 8.3.41). The last column
     // stays empty, because a character there makes some terminals wrap.
-    m_streams.out("\r" + FitColumns(line, static_cast<std::size_t>(width) - 1) + "\033[K");
+    m_streams.out("\r" + FitColumns(ProgressLine(), static_cast<std::size_t>(width) - 1) + "\033[K");
     m_bDrawn = true;
 }
 

@@ -12,6 +12,11 @@ ElapsedClock::ElapsedClock(Now now) : m_now(std::move(now)), m_started(m_now()) 
 void ElapsedClock::Pause()
 {
     const std::lock_guard lock(m_mutex);
+    Hold();
+}
+
+void ElapsedClock::Hold()
+{
     if (m_bRunning) {
         m_before += m_now() - m_started;
         m_bRunning = false;
@@ -29,8 +34,8 @@ void ElapsedClock::Resume()
 
 void ElapsedClock::Stop()
 {
-    Pause();
     const std::lock_guard lock(m_mutex);
+    Hold();
     m_bStopped = true;
 }
 

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] std::string Text() const;
 
 private:
+    void Hold();  // with the mutex locked
+
     mutable std::mutex m_mutex;
     Now m_now;
     std::chrono::steady_clock::time_point m_started;

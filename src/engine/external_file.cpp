@@ -64,7 +64,7 @@ Result<std::vector<std::string>> InterpretedCommand(ProcessRunner& processes,
     return std::vector{std::move(program), path};
 }
 
-Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
+Result<ProgramEnd> RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags)
 {
     const std::string native = FindNative(path, ctx.m_drives);
     if (native.empty()) {
@@ -77,14 +77,15 @@ Status RunScript(CRunContext& ctx, const std::string& path, std::uint32_t dwFlag
     }
     const std::string parent = SplitLast(script).first;
     const std::string folder = parent.empty() ? "/" : parent;
-    const Status ran = ctx.m_pProcesses->RunAndWait(*command, folder);
+    auto ran = ctx.m_pProcesses->RunAndWait(*command, folder);
     if (ran || ran.GetError().Kind() != ErrorKind::NotAProgram) {
         return ran;
     }
     // NotAProgram: an executable text file without a "#!" line. On a mounted Windows file system,
     // all files can be executable.
     command = InterpretedCommand(*ctx.m_pProcesses, script, dwFlags);
-    return command ? ctx.m_pProcesses->RunAndWait(*command, folder) : command.GetError();
+    return command ? ctx.m_pProcesses->RunAndWait(*command, folder)
+                   : Result<ProgramEnd>(command.GetError());
 }
 
 }  // namespace
@@ -107,7 +108,7 @@ void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dw
     ShowScript(ctx, path);
     // A script may run for long: write the log lines before it starts.
     FlushLog(ctx);
-    const Status ran = RunScript(ctx, path, dwFlags);
+    const auto ran = RunScript(ctx, path, dwFlags);
     if (!ran) {
         ReportFileError(ctx, {RunOperation::RunScript, path, {}}, ran.GetError());
         ShowCurrentFile(ctx, path, true, false);

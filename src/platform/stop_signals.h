@@ -11,14 +11,19 @@
 
 namespace quorbit {
 
+// The signals that ask the process to end.
+enum class StopSignal { Interrupt, Terminate, HangUp };
+
+// Returns "SIGINT", "SIGTERM" or "SIGHUP".
+[[nodiscard]] const char* NameOf(StopSignal signal);
+
 // Calls a function on SIGINT, SIGTERM or SIGHUP instead of ending the process. At most one object
 // per process.
 class StopSignals {
 public:
-    // onStop is called in a dedicated thread, possibly once for several signals in short
-    // succession. Signals that were ignored at start (nohup(1)) stay ignored. If the system has no
+    // onStop is called in a dedicated thread, once for each signal that the system delivers. Signals that were ignored at start (nohup(1)) stay ignored. If the system has no
     // free descriptors or threads, signals keep their default action.
-    explicit StopSignals(std::function<void()> onStop);
+    explicit StopSignals(std::function<void(StopSignal)> onStop);
     // Waits for a call in progress. Signals that arrive later are ignored.
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;

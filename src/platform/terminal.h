@@ -9,7 +9,8 @@ namespace quorbit {
 
 [[nodiscard]] bool IsTerminal();
 
-// Columns; 80 if the terminal does not report them, 0 if standard output is not a terminal.
+// Columns; 80 if the terminal does not report them. 0 if standard output is not a terminal, or TERM
+// names none that can erase a line (unset or "dumb").
 [[nodiscard]] int TerminalWidth();
 
 }  // namespace quorbit

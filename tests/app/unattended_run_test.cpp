@@ -4,6 +4,7 @@
 #include <signal.h>
 
 #include <filesystem>
+#include <functional>
 
 #include "app/quorbit_program.h"
 #include "support/wait.h"
@@ -74,24 +75,86 @@ TEST_F(UnattendedRun, EndsWithOneAfterAnErrorAndSaysWhich)
     EXPECT_EQ(ContentOf(Path("to/a.txt")), "a") << "an error must not end the run";
 }
 
-TEST_F(UnattendedRun, DoesNothingWithoutABatchThatCanBeRead)
+TEST_F(UnattendedRun, EndsWithTwoWithoutABatchThatCanBeRead)
 {
     WriteBatch("whole.qrb", {CopyEntry("from", "to")});
     WriteContent(Path("cut.qrb"), ContentOf(Path("whole.qrb")).substr(0, 40));
-    Write({"other.qrb=This is a letter to my aunt."});
-    fs::create_directory(Path("folder.qrb"));
-    for (const char* name : {"missing", "cut", "other", "folder"}) {
-        const ProgramResult result = Run({std::string(name) + ".qrb", "/I"});
+    Write({"other.qrb=This is a letter to my aunt.", "zero.qrb="});
+    WriteBatch("none.qrb", {});
+    fs::create_directory(Path("folder"));
+    for (const std::string& name : {Path("missing.qrb"), Path("cut.qrb"), Path("other.qrb"),
+                                    Path("folder"), std::string("/dev/null")}) {
+        const ProgramResult result = Run({name, "/I"});
         EXPECT_EQ(result.exitCode, 2) << name;
-        EXPECT_TRUE(Contains(result.err, std::string(name) + ".qrb")) << result.err;
-        EXPECT_FALSE(fs::exists(Path(std::string("state/quorbit/") + name + ".log"))) << name;
+        EXPECT_TRUE(Contains(result.err, name + ": ")) << result.err;
+        EXPECT_FALSE(fs::exists(Path("state/quorbit/" + fs::path(name).stem().string() + ".log")));
     }
+    for (const char* name : {"zero.qrb", "none.qrb"}) {
+        const ProgramResult result = Run({name, "/I"});
+        EXPECT_EQ(result.exitCode, 2) << name;
+        EXPECT_EQ(result.err, "quorbit: The Batch File is empty.\n");
+    }
+}
+
+TEST_F(UnattendedRun, EndsWithTwoIfItsLogOrItsSettingsCannotBeUsed)
+{
+    Write({"from/a.txt=a", "file="});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    const std::string settings = ContentOf(Path("config/quorbit/machine.ini"));
+    struct Case {
+        std::function<void(ProgramCall&)> spoil;
+        const char* message;
+    };
+    const auto machine = [this](const std::string& text) {
+        return [this, text](ProgramCall&) { Write({"config/quorbit/machine.ini=" + text}); };
+    };
+    const std::vector<Case> cases{
+        {machine(""), "machine.ini is empty or damaged"},
+        {machine("\x01\x02\x03"), "machine.ini is empty or damaged"},
+        {machine("[1.00]\nRun1=0\n"), "Install Path"},
+        {machine("[1.00]\nRun1=0\nInstall Path=~/logs/\n"), "~/logs/"},
+        {machine("[1.00]\nRun1=0\nInstall Path=" + Path("file/") + "\n"), "Not a directory"},
+        {[this](ProgramCall& call) { call.environment["XDG_CONFIG_HOME"] = Path("file"); },
+         "Error reading or writing from the registy."},
+        {[this](ProgramCall&) { fs::create_directories(Path("state/quorbit/nightly.log")); },
+         "Is a directory"},
+    };
+    for (const Case& c : cases) {
+        Write({"config/quorbit/machine.ini=" + settings});
+        ProgramCall call = Call({"nightly.qrb", "/I"});
+        c.spoil(call);
+        const ProgramResult result = RunProgram(call);
+        EXPECT_EQ(result.exitCode, 2) << c.message;
+        EXPECT_TRUE(Contains(result.err, c.message)) << result.err;
+        EXPECT_FALSE(fs::exists(Path("to"))) << c.message;
+    }
+}
+
+TEST_F(UnattendedRun, CreatesItsLogFolderAgain)
+{
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    fs::remove_all(Path("state"));
+    EXPECT_EQ(Run({"nightly.qrb", "/I"}).exitCode, 0);
+    EXPECT_EQ(Counts(Log("nightly"))["Copy"], "1");
+}
+
+TEST_F(UnattendedRun, EndsWithOneIfItsLogIsCutShort)
+{
+    Write({"from/a.txt=a"});
+    WriteBatch("nightly.qrb", {CopyEntry("from", "to")});
+    fs::create_symlink("/dev/full", Path("state/quorbit/nightly.log"));
+    const ProgramResult result = Run({"nightly.qrb", "/I"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(Contains(result.err, "Error writing to the logfile.")) << result.err;
+    EXPECT_EQ(ContentOf(Path("to/a.txt")), "a");
 }
 
 TEST_F(UnattendedRun, FinishesItsStepAndItsLogWhenASignalAsksItToStop)
 {
     Write({"from/a.txt=a"});
-    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+    for (const auto& [number, name] : {std::pair(SIGTERM, "SIGTERM"), std::pair(SIGINT, "SIGINT"),
+                                       std::pair(SIGHUP, "SIGHUP")}) {
         // The script sends the signal itself and ends when the signal is no longer pending, so the
         // program has received it before the next entry.
         Write({"ask.sh=kill -" + std::to_string(number) +
@@ -101,12 +164,30 @@ TEST_F(UnattendedRun, FinishesItsStepAndItsLogWhenASignalAsksItToStop)
                    {{Path("ask.sh"), "", DCF_SCRIPT_DOS, DCK_NAMES, 0}, CopyEntry("from", "to")});
         const ProgramResult result = Run({"nightly.qrb", "/I"});
 
-        EXPECT_EQ(result.exitCode, 0) << number << result.err;
+        EXPECT_EQ(result.exitCode, 1) << number << result.err;
+        EXPECT_EQ(result.err, std::string("quorbit: stopped by ") + name +
+                                  ", after the current file or script\n");
         EXPECT_FALSE(fs::exists(Path("to"))) << number;
         const std::string log = Log("nightly");
         EXPECT_TRUE(Contains(log, "***** Error maximum was reached *****\r\n")) << log;
         EXPECT_EQ(Counts(log)["Total"], "2") << log;
     }
+}
+
+TEST_F(UnattendedRun, EndsAScriptThatDoesNotEndByItselfAtTheThirdSignal)
+{
+    Write({"from/a.txt=a", "stuck.sh=trap '' INT TERM\ntouch begun\nwhile :; do sleep 60; done\n"});
+    WriteBatch("nightly.qrb", {{Path("stuck.sh"), "", DCF_SCRIPT_DOS, DCK_NAMES, 0},
+                               CopyEntry("from", "to")});
+    Program program(Call({"nightly.qrb", "/I"}));
+    WaitForGate();
+    EXPECT_TRUE(Eventually([&] {
+        program.Signal(SIGINT);
+        return Counts(Log("nightly")).contains("Error");
+    }));
+    const ProgramResult result = program.Wait();
+    EXPECT_EQ(result.exitCode, 1) << result.endedBySignal;
+    EXPECT_FALSE(fs::exists(Path("to")));
 }
 
 TEST_F(UnattendedRun, LeavesTheLogOfARunOfTheSameDocumentAlone)

@@ -15,7 +15,12 @@ using namespace testing;
 // Knows a few paths and programs.
 class FakeProcesses : public ProcessRunner {
 public:
-    Status RunAndWait(const std::vector<std::string>&, const std::string&) override { return {}; }
+    Result<ProgramEnd> RunAndWait(const std::vector<std::string>&, const std::string&) override
+    {
+        return ProgramEnd();
+    }
+    void PassOn(StopSignal) override {}
+    void Kill() override {}
     bool IsExecutable(const std::string& path) override { return path.find("/x/") == 0; }
     Status CanRead(const std::string& path) override
     {

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
 #include <utility>
 
 #include "app/window/about_dialog.h"
@@ -99,6 +100,7 @@ bool CQRBApp::ReadFirstRun()
     }
     m_bFirstRun = m_machine.IsFirstRun() || (m_line.nRunMode & kRunInvisible) != 0;
     if (m_bFirstRun) {
+        (void)SetUpDefaultEntry(m_services.stores.profile);  // the window works without it
         if (m_line.nRunMode != 0) {
             (void)m_services.pPrompts->Ask(kNoSwitchesOnFirstRun, {}, PromptIcon::Exclamation,
                                            PromptButtons::Ok);
@@ -201,25 +203,41 @@ void CQRBApp::OnFrameClosed()
     m_services.endLoop(kExitOk);
 }
 
-void CQRBApp::OnStopSignal()
+void CQRBApp::OnStopSignal(StopSignal signal)
 {
-    if (m_run.IsOpen()) {
-        m_run.Stop();
-    } else if (!m_files.IsAsking()) {
-        CloseAsExit();
+    m_nStopSignals = m_files.IsAsking() ? m_nStopSignals + 1 : 1;
+    if (!m_files.IsAsking()) {
+        CloseAsExit(signal);
+    } else if (m_nStopSignals > 1) {
+        EndUnsaved(signal);
     }
 }
 
 // Closes open boxes and dialogs first, one per turn of the event loop, because each must return to
 // its caller before the next one is closed.
-void CQRBApp::CloseAsExit()
+void CQRBApp::CloseAsExit(StopSignal signal)
 {
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+    if (m_run.IsOpen()) {
+        m_run.Stop(signal);
+    } else if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
         dialog->reject();
-        QTimer::singleShot(0, qApp, [this] { OnStopSignal(); });
+        QTimer::singleShot(0, qApp, [this, signal] {
+            if (!m_files.IsAsking()) {
+                CloseAsExit(signal);
+            }
+        });
     } else if (m_pMainWnd) {
         m_pMainWnd->PostCommand(CMD_EXIT);
     }
+}
+
+// A logout or shutdown does not wait for an answer for ever.
+void CQRBApp::EndUnsaved(StopSignal signal)
+{
+    std::fprintf(stderr, "quorbit: ended by %s; the changes to %s were not saved\n", NameOf(signal),
+                 m_files.DisplayName().c_str());
+    m_endCode = m_endCode.value_or(kExitOk);
+    m_services.endLoop(*m_endCode);
 }
 
 // --- commands -----------------------------------------------------------------------------------

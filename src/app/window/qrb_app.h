@@ -24,6 +24,7 @@
 #include "batch/profile.h"
 #include "document/command_map.h"
 #include "help/help_desk.h"
+#include "platform/stop_signals.h"
 
 namespace quorbit {
 
@@ -65,8 +66,9 @@ public:
     // Null until InitInstance has created it. Owned by this object.
     [[nodiscard]] HelpDesk* Help() { return m_help.get(); }
     // Handles a signal that asks the process to end: stops an open run like Cancel, otherwise
-    // closes the window like Exit. Ignored while the question whether to save is open.
-    void OnStopSignal();
+    // closes the window like Exit. While the question whether to save is open, the first signal
+    // waits for the answer, and the second ends the process without saving.
+    void OnStopSignal(StopSignal signal);
 
     // Shows the text, asks to save changes, and leaves the event loop with exit code 0. Any thread;
     // from other threads it returns before the text is shown.
@@ -90,7 +92,8 @@ private:
     [[nodiscard]] ProgressServices RunServices();
     [[nodiscard]] FrameServices MainFrameServices();
     void EndProgram(int code);
-    void CloseAsExit();
+    void CloseAsExit(StopSignal signal);
+    void EndUnsaved(StopSignal signal);
 
     CommandLine m_line;
     AppServices m_services;
@@ -98,6 +101,7 @@ private:
     Profile m_profile;
     RecentFiles m_recent;
     std::optional<int> m_endCode;  // set: the process ends with this code
+    int m_nStopSignals = 0;        // since the question whether to save is open, or was asked for
 
     ServiceFactory m_factory;
     WindowRun m_run;

@@ -35,15 +35,15 @@ namespace {
 
 constexpr std::chrono::milliseconds kSplashTime{2500};
 
-// Qt calls abort(3) after a fatal message if it cannot connect to the display. Print an error and
-// exit with a code instead. Of its other messages, show only those about the display (category
-// qt.qpa).
+// Set while the QApplication is created; a message handler of Qt cannot carry a value.
+const std::function<int()>* g_onNoDisplay = nullptr;
+
+// Qt calls abort(3) after a fatal message if it cannot connect to the display. Exit with a code
+// instead. Of its other messages, show only those about the display (category qt.qpa).
 void OnMessageOfStart(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (type == QtFatalMsg) {
-        std::fputs("quorbit: no window can be opened on this display. Run a batch file with /I.\n",
-                   stderr);
-        std::_Exit(kExitNoRun);
+        std::_Exit((*g_onNoDisplay)());
     }
     if (type != QtDebugMsg && std::string_view(context.category).starts_with("qt.qpa")) {
         std::fprintf(stderr, "quorbit: %s\n", qPrintable(text));
@@ -126,12 +126,14 @@ void OnSessionEnd(CQRBApp& app, QSessionManager& session)
 
 }  // namespace
 
-int RunInWindow(const CommandLine& line, const char* programName)
+int RunInWindow(const CommandLine& line, const char* programName,
+                const std::function<int()>& onNoDisplay)
 {
     std::string name = programName;
     char* arguments[] = {name.data(), nullptr};
     int count = 1;
 
+    g_onNoDisplay = &onNoDisplay;
     const QtMessageHandler usual = qInstallMessageHandler(OnMessageOfStart);
     // Only the program name is passed: Qt must not interpret the arguments of the program.
     QApplication application(count, arguments);
@@ -147,9 +149,9 @@ int RunInWindow(const CommandLine& line, const char* programName)
     Tools tools;
     CQRBApp app(line, MakeServices(tools));
     // StopSignals calls this in its own thread, so queue it for the user interface thread.
-    const StopSignals stopSignals([&] {
+    const StopSignals stopSignals([&](StopSignal signal) {
         QMetaObject::invokeMethod(
-            &application, [&app] { app.OnStopSignal(); }, Qt::QueuedConnection);
+            &application, [&app, signal] { app.OnStopSignal(signal); }, Qt::QueuedConnection);
     });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&app](QSessionManager& session) { OnSessionEnd(app, session); });

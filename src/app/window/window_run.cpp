@@ -50,16 +50,23 @@ void WindowRun::DoModal(const Batch& batch)
     m_prompts.silent = false;
     ProgressServices services = m_services();
     services.pPrompts = &m_prompts;
+    m_pProcesses = services.run.pProcesses;
+    m_nSignals = 0;
     CProgressDlg dialog(m_parent(), &batch, std::move(services));
     m_pDialog = &dialog;
     (void)dialog.exec();
     m_pDialog = nullptr;
 }
 
-void WindowRun::Stop()
+void WindowRun::Stop(StopSignal signal)
 {
     if (!IsOpen()) {
         return;
+    }
+    if (++m_nSignals == 2) {
+        m_pProcesses->PassOn(signal);
+    } else if (m_nSignals > 2) {
+        m_pProcesses->Kill();
     }
     m_prompts.silent = true;
     m_pDialog->reject();

@@ -13,6 +13,7 @@
 #include "document/qrb_doc.h"
 #include "engine/dialog/progress_dialog.h"
 #include "engine/dialog/progress_services.h"
+#include "platform/process_runner.h"
 
 namespace quorbit {
 
@@ -29,8 +30,9 @@ public:
     // Returns true while the dialog is visible.
     [[nodiscard]] bool IsOpen() const { return m_pDialog != nullptr && m_pDialog->isVisible(); }
     // Stops an open run like its Cancel button. Message boxes of this run that are open, or would
-    // open later, are answered as if they were closed, because the process may be unattended.
-    void Stop();
+    // open later, are answered as if they were closed, because the process may be unattended. The
+    // second signal of a run is passed on to its script, and each further one ends the script.
+    void Stop(StopSignal signal);
 
 private:
     // Forwards questions until a stop signal arrives, then answers them itself.
@@ -52,6 +54,8 @@ private:
     std::function<ProgressServices()> m_services;
     std::function<QWidget*()> m_parent;
     QPointer<CProgressDlg> m_pDialog;
+    ProcessRunner* m_pProcesses = nullptr;  // of the run; not owned
+    int m_nSignals = 0;                     // that the run has received
 };
 
 }  // namespace quorbit

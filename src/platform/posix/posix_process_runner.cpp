@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
 
 #include "platform/posix/file_io.h"
@@ -64,7 +65,7 @@ void LimitOpenFiles(rlim_t soft)
 
 [[noreturn]] void BecomeProgram(const Launch& launch)
 {
-    ::setpgid(0, 0);
+    ::setsid();
     if ((launch.folder == nullptr || ::chdir(launch.folder) == 0) && EmptyStandardInput()) {
         LimitOpenFiles(launch.openFileLimit);
         ResetSignals();
@@ -116,6 +117,23 @@ Result<Pipe> OpenPipe()
     return pipe;
 }
 
+// An ignored SIGCHLD, which a parent may have left behind, would hide how the child ended
+// (waitpid(2)).
+void ReportEndOfChildren()
+{
+    struct sigaction action {};
+    if (::sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) {
+        action.sa_handler = SIG_DFL;
+        ::sigaction(SIGCHLD, &action, nullptr);
+    }
+}
+
+std::string SignalName(int number)
+{
+    const char* name = ::sigabbrev_np(number);
+    return name != nullptr ? std::string("SIG") + name : "signal " + std::to_string(number);
+}
+
 bool HasNul(std::string_view text)
 {
     return text.find('\0') != std::string_view::npos;
@@ -123,8 +141,8 @@ bool HasNul(std::string_view text)
 
 }  // namespace
 
-Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
-                                      const std::string& folder)
+Result<ProgramEnd> PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
+                                                  const std::string& folder)
 {
     Launch launch;
     for (const std::string& argument : arguments) {
@@ -146,6 +164,7 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
         return pipe.GetError();
     }
     launch.errorPipe = pipe->write.Get();
+    ReportEndOfChildren();
     const pid_t child = Fork(launch);
     if (child < 0) {
         return LastError();
@@ -156,10 +175,53 @@ Status PosixProcessRunner::RunAndWait(const std::vector<std::string>& arguments,
     const bool failed = RetryInterrupted([&] {
                             return ::read(pipe->read.Get(), &reason, sizeof(reason));
                         }) == sizeof(reason);
-    // If SIGCHLD is ignored, waitpid(2) waits for the end of the child and then fails with ECHILD,
-    // which is fine here.
-    (void)RetryInterrupted([&] { return ::waitpid(child, nullptr, 0); });
-    return failed ? Status(ErrorFromErrno(reason)) : Status();
+    const ProgramEnd end = WaitFor(child);
+    return failed ? Result<ProgramEnd>(ErrorFromErrno(reason)) : end;
+}
+
+ProgramEnd PosixProcessRunner::WaitFor(pid_t child)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_nChild = child;
+    }
+    // WNOWAIT: its number must not become that of another process while Signal() may use it.
+    siginfo_t info{};
+    (void)RetryInterrupted(
+        [&] { return ::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOWAIT); });
+    const std::lock_guard lock(m_mutex);
+    m_nChild = 0;
+    int status = 0;
+    if (RetryInterrupted([&] { return ::waitpid(child, &status, 0); }) != child) {
+        return {};
+    }
+    return WIFSIGNALED(status) ? ProgramEnd{.signal = SignalName(WTERMSIG(status))}
+                               : ProgramEnd{.status = WEXITSTATUS(status)};
+}
+
+void PosixProcessRunner::Signal(int number)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_nChild > 0) {
+        (void)::kill(-m_nChild, number);
+    }
+}
+
+void PosixProcessRunner::PassOn(StopSignal signal)
+{
+    switch (signal) {
+        case StopSignal::Interrupt:
+            return Signal(SIGINT);
+        case StopSignal::Terminate:
+            return Signal(SIGTERM);
+        case StopSignal::HangUp:
+            return Signal(SIGHUP);
+    }
+}
+
+void PosixProcessRunner::Kill()
+{
+    Signal(SIGKILL);
 }
 
 bool PosixProcessRunner::IsExecutable(const std::string& path)

@@ -5,7 +5,10 @@
 
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -13,7 +16,8 @@
 
 namespace quorbit {
 
-// A started program has its own process group, an empty standard input, the standard output and
+// A started program has a session of its own, so that reading from the terminal fails instead of
+// stopping it for ever (setsid(2)), and is the leader of its process group. It has an empty standard input, the standard output and
 // error of this process, no other open files, no blocked signals, and default actions for all
 // signals. Any thread.
 class PosixProcessRunner : public ProcessRunner {
@@ -25,15 +29,22 @@ public:
     // arguments[0] is a path, relative to the folder unless absolute. An executable file without a
     // known format or "#!" line is an error; it is not passed to a shell. An empty folder means the
     // current one. The error does not distinguish between folder and program.
-    Status RunAndWait(const std::vector<std::string>& arguments,
-                      const std::string& folder) override;
+    Result<ProgramEnd> RunAndWait(const std::vector<std::string>& arguments,
+                                  const std::string& folder) override;
+    void PassOn(StopSignal signal) override;
+    void Kill() override;
     bool IsExecutable(const std::string& path) override;
     Status CanRead(const std::string& path) override;
     // Skips empty and relative entries of PATH.
     std::string FindProgram(const std::string& name) override;
 
 private:
+    [[nodiscard]] ProgramEnd WaitFor(pid_t child);
+    void Signal(int number);
+
     std::uint64_t m_nOpenFileLimit;
+    std::mutex m_mutex;
+    pid_t m_nChild = 0;  // guarded; a process that has not been waited for, or 0
 };
 
 }  // namespace quorbit

@@ -12,6 +12,8 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
+#include <span>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -21,18 +23,30 @@
 namespace quorbit {
 namespace {
 
-constexpr char kStop = 1;
-constexpr char kEnd = 0;
+constexpr char kEnd = 0;  // no signal has this number
 
 std::atomic<int> g_nWriteEnd{-1};
 
 // The write end does not block; a full pipe already contains enough signals. A handler must
 // preserve errno, see signal-safety(7).
-extern "C" void OnSignal(int)
+extern "C" void OnSignal(int number)
 {
     const int savedErrno = errno;
-    (void)!::write(g_nWriteEnd.load(), &kStop, 1);
+    const char byte = static_cast<char>(number);
+    (void)!::write(g_nWriteEnd.load(), &byte, 1);
     errno = savedErrno;
+}
+
+StopSignal FromNumber(char number)
+{
+    switch (number) {
+        case SIGINT:
+            return StopSignal::Interrupt;
+        case SIGHUP:
+            return StopSignal::HangUp;
+        default:
+            return StopSignal::Terminate;
+    }
 }
 
 void Catch(int signal)
@@ -50,11 +64,24 @@ void Catch(int signal)
 
 }  // namespace
 
+const char* NameOf(StopSignal signal)
+{
+    switch (signal) {
+        case StopSignal::Interrupt:
+            return "SIGINT";
+        case StopSignal::HangUp:
+            return "SIGHUP";
+        case StopSignal::Terminate:
+            break;
+    }
+    return "SIGTERM";
+}
+
 // Passes signals through a pipe to a thread, since a signal handler may only make async-signal-safe
 // calls.
 class StopSignals::Catcher {
 public:
-    Catcher(UniqueFd readEnd, UniqueFd writeEnd, std::function<void()> onStop)
+    Catcher(UniqueFd readEnd, UniqueFd writeEnd, std::function<void(StopSignal)> onStop)
         : m_readEnd(std::move(readEnd)),
           m_writeEnd(std::move(writeEnd)),
           m_onStop(std::move(onStop)),
@@ -88,23 +115,22 @@ private:
             if (count <= 0) {
                 return;
             }
-            const auto end = bytes.begin() + count;
-            if (std::find(bytes.begin(), end, kStop) != end) {
-                m_onStop();
-            }
-            if (std::find(bytes.begin(), end, kEnd) != end) {
-                return;
+            for (const char byte : std::span(bytes).first(static_cast<std::size_t>(count))) {
+                if (byte == kEnd) {
+                    return;
+                }
+                m_onStop(FromNumber(byte));
             }
         }
     }
 
     UniqueFd m_readEnd;
     UniqueFd m_writeEnd;
-    std::function<void()> m_onStop;
+    std::function<void(StopSignal)> m_onStop;
     std::thread m_thread;  // last member: uses all of the above
 };
 
-StopSignals::StopSignals(std::function<void()> onStop)
+StopSignals::StopSignals(std::function<void(StopSignal)> onStop)
 {
     std::array<int, 2> ends{-1, -1};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {

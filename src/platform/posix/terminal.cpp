@@ -6,6 +6,9 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <cstring>
+
 namespace quorbit {
 
 bool IsTerminal()
@@ -16,7 +19,9 @@ bool IsTerminal()
 int TerminalWidth()
 {
     constexpr int kUsualWidth = 80;
-    if (!IsTerminal()) {
+    const char* const type = std::getenv("TERM");
+    const bool dumb = type == nullptr || *type == '\0' || std::strcmp(type, "dumb") == 0;
+    if (dumb || !IsTerminal()) {
         return 0;
     }
     winsize size{};

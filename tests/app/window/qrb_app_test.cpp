@@ -126,25 +126,34 @@ TEST_F(QrbAppTest, ClosesDialogsAndWindowWhenASignalAsks)
 {
     SetUpProgram();
     Start();
-    InNextDialog([this](QDialog&) { app->OnStopSignal(); });
+    InNextDialog([this](QDialog&) { app->OnStopSignal(StopSignal::Terminate); });
     QTimer::singleShot(0, qApp, [this] { Frame().OnCmdMsg(CMD_ABOUT); });
     EXPECT_EQ(app->ExitInstance(QApplication::exec()), 0);
     EXPECT_FALSE(Frame().isVisible());
 }
 
-TEST_F(QrbAppTest, LeavesTheQuestionAboutChangesToThePersonWhenASignalAsks)
+TEST_F(QrbAppTest, EndsAtTheSecondSignalWhileItAsksAboutChanges)
 {
     SetUpProgram();
     Start();
     Doc().SetModifiedFlag();
     prompts.whileOpen = [this] {
-        app->OnStopSignal();
+        EXPECT_FALSE(ended) << "the first signal leaves the question to the user";
+        app->OnStopSignal(StopSignal::Terminate);
         Serve();
     };
-    app->OnStopSignal();
+    app->OnStopSignal(StopSignal::Terminate);
     Serve();
     EXPECT_EQ(prompts.asked, Lines{"Save changes to Untitled?"}) << "asked once";
-    EXPECT_FALSE(ended) << "and cancelled";
+    EXPECT_EQ(ended, 0);
+
+    ended.reset();
+    prompts.whileOpen = [this] {
+        app->OnStopSignal(StopSignal::Terminate);
+        EXPECT_FALSE(ended) << "the user has opened the question";
+    };
+    Frame().close();
+    EXPECT_FALSE(ended);
 }
 
 TEST_F(QrbAppTest, StopsARunWhenASignalAsksAndAnswersItsBoxes)
@@ -153,7 +162,7 @@ TEST_F(QrbAppTest, StopsARunWhenASignalAsksAndAnswersItsBoxes)
     WriteBatch("a.qrb", "none");
     Make(kRunAndQuit, Path("a.qrb"));
     // The signal arrives while the box for the error is open and unanswered.
-    prompts.whileOpen = [this] { app->OnStopSignal(); };
+    prompts.whileOpen = [this] { app->OnStopSignal(StopSignal::Terminate); };
     EXPECT_EQ(Live(), 1);
     EXPECT_EQ(prompts.asked.size(), 1U) << "the box at the end of a stopped run stays away";
     EXPECT_NE(Log("a").find("**** Stopped by user. ****"), std::string::npos) << Log("a");

@@ -6,9 +6,11 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <thread>
 
 #include "support/folder_test.h"
 #include "support/scoped_variable.h"
+#include "support/wait.h"
 
 namespace quorbit {
 namespace {
@@ -20,7 +22,7 @@ protected:
         WriteContent(Path(name), text);
         SetMode(Path(name), mode);
     }
-    [[nodiscard]] Status Shell(const std::string& command)
+    [[nodiscard]] Result<ProgramEnd> Shell(const std::string& command)
     {
         return m_runner.RunAndWait({"/bin/sh", "-c", command}, Path());
     }
@@ -46,9 +48,10 @@ TEST_F(PosixProcessRunnerTest, HandsOnNoneOfTheSettingsOfThisProcess)
     sigaddset(&blocked, SIGUSR1);
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
     // Uses shell builtins only: the shell briefly blocks signals while it starts another program.
-    const Status done = Shell(
+    const auto done = Shell(
         "{ ulimit -Sn; while read line; do case $line in SigBlk*|SigIgn*) echo $line; esac; done;"
-        " read pid name state parent group rest < /proc/$$/stat; test $group = $$ && echo own;"
+        " read pid name state parent group session terminal rest < /proc/$$/stat;"
+        " test $group = $$ && test $session = $$ && echo own;"
         " } < /proc/$$/status > out");
     sigset_t after;
     pthread_sigmask(SIG_SETMASK, &before, &after);
@@ -61,15 +64,39 @@ TEST_F(PosixProcessRunnerTest, HandsOnNoneOfTheSettingsOfThisProcess)
     EXPECT_EQ(sigismember(&after, SIGUSR2), 0);
 }
 
-TEST_F(PosixProcessRunnerTest, ComesBackHoweverTheProgramEnds)
+TEST_F(PosixProcessRunnerTest, SaysHowTheProgramEnded)
 {
-    EXPECT_TRUE(Shell("kill -KILL $$").Ok());
-    for (const auto handler : {SIG_DFL, SIG_IGN}) {  // SIG_IGN discards the exit status
+    EXPECT_EQ(Shell("kill -KILL $$")->signal, "SIGKILL");
+    for (const auto handler : {SIG_DFL, SIG_IGN}) {  // an ignored SIGCHLD discards exit statuses
         const auto old = std::signal(SIGCHLD, handler);
-        EXPECT_TRUE(Shell("sleep 0.1; echo late >> out; exit 3").Ok());
+        const auto end = Shell("sleep 0.1; echo late >> out; exit 3");
+        EXPECT_EQ(end->status, 3);
+        EXPECT_EQ(end->signal, "");
         (void)std::signal(SIGCHLD, old);
     }
     EXPECT_EQ(Output(), "late\nlate\n");
+}
+
+TEST_F(PosixProcessRunnerTest, SignalsReachTheProgramAndWhatItHasStarted)
+{
+    // The command substitution is a process of its own and keeps the shell waiting.
+    const std::string command =
+        "trap 'echo passed >> out; exit 4' TERM; touch begun; x=$(sleep 60)";
+    {
+        const std::jthread other([this] {
+            EXPECT_TRUE(Eventually([this] { return ContentOf(Path("begun")).empty(); }));
+            m_runner.PassOn(StopSignal::Terminate);
+        });
+        EXPECT_EQ(Shell(command)->status, 4);
+        EXPECT_EQ(Output(), "passed\n");
+    }
+    std::filesystem::remove(Path("begun"));
+    const std::jthread other([this] {
+        EXPECT_TRUE(Eventually([this] { return ContentOf(Path("begun")).empty(); }));
+        m_runner.Kill();
+    });
+    EXPECT_EQ(Shell("trap '' INT TERM HUP; touch begun; sleep 60")->signal, "SIGKILL");
+    m_runner.PassOn(StopSignal::Interrupt);  // to nobody
 }
 
 TEST_F(PosixProcessRunnerTest, SaysWhyAProgramCannotBeStarted)
@@ -88,7 +115,7 @@ TEST_F(PosixProcessRunnerTest, SaysWhyAProgramCannotBeStarted)
         {{"/bin/true", std::string("a\0b", 3)}, Path(), EINVAL},
         {{"/bin/true"}, Path() + std::string("\0b", 2), EINVAL}};
     for (const auto& [arguments, folder, code] : cases) {
-        const Status started = m_runner.RunAndWait(arguments, folder);
+        const auto started = m_runner.RunAndWait(arguments, folder);
         ASSERT_FALSE(started.Ok()) << code;
         EXPECT_EQ(started.GetError().Code(), code);
     }
