@@ -101,8 +101,7 @@ void ConsoleSurface::ShowError(std::string_view text)
 
 void ConsoleSurface::ShowWarning(std::string_view text)
 {
-    Erase();
-    m_streams.error("quorbit: warning: " + Printable(text) + "\n");
+    Announce(std::string("warning: ").append(text));
 }
 
 bool ConsoleSurface::AskYesNo(std::string_view, std::string_view)

@@ -88,6 +88,15 @@ Result<ProgramEnd> RunScript(CRunContext& ctx, const std::string& path, std::uin
                    : Result<ProgramEnd>(command.GetError());
 }
 
+// Returns how a script failed; empty if it succeeded.
+std::string FailureOf(const ProgramEnd& end)
+{
+    if (!end.signal.empty()) {
+        return "The script was ended by " + end.signal;
+    }
+    return end.status == 0 ? "" : "The script ended with exit status " + std::to_string(end.status);
+}
+
 }  // namespace
 
 Result<std::vector<std::string>> ScriptCommand(ProcessRunner& processes,
@@ -112,6 +121,8 @@ void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dw
     if (!ran) {
         ReportFileError(ctx, {RunOperation::RunScript, path, {}}, ran.GetError());
         ShowCurrentFile(ctx, path, true, false);
+    } else if (const std::string failure = FailureOf(*ran); !failure.empty()) {
+        ReportWarning(ctx, {RunOperation::RunScript, path, {}}, ErrorKind::Other, failure);
     }
     TakeOffUnit(ctx);
 }

@@ -17,7 +17,8 @@ namespace quorbit {
 
 // Runs a script in its folder and waits for it. Executes an executable file directly. Otherwise
 // uses /bin/sh for DCF_SCRIPT_DOS, and the interpreter for the extension for DCF_SCRIPT_WSH.
-// Reports an error if the script cannot be started; ignores its exit status.
+// Reports an error if the script cannot be started, and a warning if it ends with an exit status
+// other than 0 or by a signal.
 void RunExternalFile(CRunContext& ctx, const std::string& path, std::uint32_t dwFlags);
 
 // Returns the command line of a script, or the reason why it cannot be started. nativePath: a path

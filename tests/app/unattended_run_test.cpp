@@ -205,6 +205,31 @@ TEST_F(UnattendedRun, LeavesTheLogOfARunOfTheSameDocumentAlone)
     EXPECT_EQ(Counts(Log("nightly"))["Copy"], "1");
 }
 
+TEST_F(UnattendedRun, NamesTheOtherDocumentOfTheSameNameAndLeavesItsLogAlone)
+{
+    Write({"from/a.txt=a", "one/", "two/"});
+    WriteBatch("one/nightly.qrb", {GateEntry(), CopyEntry("from", "to")});
+    WriteBatch("two/nightly.qrb", {CopyEntry("from", "to2")});
+    Program first(Call({"one/nightly.qrb", "/I"}));
+    WaitForGate();
+    const ProgramResult refused = Run({"two/nightly.qrb", "/I"});
+    OpenGate();
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_TRUE(Contains(refused.err, Path("one/nightly.qrb") + ". Both use the log file"))
+        << refused.err;
+    EXPECT_TRUE(Contains(refused.err, "rename one")) << refused.err;
+    EXPECT_EQ(first.Wait().exitCode, 0);
+    EXPECT_TRUE(Contains(Log("nightly"), Path("one/nightly.qrb")));
+
+    const ProgramResult second = Run({"two/nightly.qrb", "/I"});
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_TRUE(Contains(second.err, "warning: ")) << second.err;
+    EXPECT_TRUE(Contains(second.err, Path("one/nightly.qrb"))) << second.err;
+    EXPECT_EQ(Run({"two/nightly.qrb", "/I"}).err, "") << "its own log";
+    fs::remove(Path("two/nightly.qrb"));
+    EXPECT_EQ(Run({"one/nightly.qrb", "/I"}).err, "") << "the other one is gone";
+}
+
 TEST_F(UnattendedRun, FindsTheDrivesThatTheUserHasMapped)
 {
     Write({"mount/Data/a.txt=a"});

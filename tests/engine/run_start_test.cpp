@@ -66,14 +66,15 @@ TEST_F(RunStartTest, EndsTheProgramIfTheLogCannotBeCreated)
 {
     WriteTree(m_folder.Path(), {"file="});
     m_machine.SetLogFolder(m_folder.Path() + "/file/");
-    for (const auto& [mode, code] : {std::pair(0U, kExitOk), std::pair(kRunAndQuit, kExitOk),
-                                     std::pair(kRunInvisible, kExitNoRun)}) {
+    const std::pair<std::uint32_t, int> cases[] = {
+        {0, kExitOk}, {kRunAndQuit, kExitOk}, {kRunInvisible, kExitNoRun}};
+    for (const auto& [mode, code] : cases) {
         m_nRunMode = mode;
         const RunStart start = Start();
         EXPECT_FALSE(start.pRun);
         EXPECT_EQ(start.refusal.text, "The log file cannot be created: " + m_folder.Path() +
                                           "/file/nightly.log: Not a directory");
-        EXPECT_EQ(start.refusal.exitCode, static_cast<int>(code));
+        EXPECT_EQ(start.refusal.exitCode, code);
         EXPECT_TRUE(start.refusal.bEndsProgram);
     }
 }
