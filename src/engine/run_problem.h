@@ -29,6 +29,7 @@ enum class RunOperation {
     RunScript,
     ReadEntry,    // the conversion of its texts
     WriteToDisk,  // the sync at the end of the run
+    WriteLog,     // the log of the run
 };
 
 // What a problem is about. The paths are bytes as in the log, not yet printable.

@@ -171,7 +171,7 @@ void WriteLogLine(CRunContext& ctx, std::string_view line)
 
 void WriteLogHead(CRunContext& ctx)
 {
-    WriteLogPath(ctx, "Quorbit   File name: ", ctx.m_pDoc->m_strFilePath);
+    WriteLogPath(ctx, kDocumentLabel, ctx.m_pDoc->m_strFilePath);
     WriteLogLine(ctx, "\r\nTo find file operations, search on these texts:");
     WriteLogLine(ctx,
                  "Copying File.\r\nCreate Folder.\r\nDidn't Sync File.\r\nSync File.\r\n"

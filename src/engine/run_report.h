@@ -57,6 +57,9 @@ void Tell(CRunContext& ctx, std::string_view text, std::string_view caption, Pro
 
 // --- Log
 
+// Starts the first line of a log; the path of the document follows.
+inline constexpr const char* kDocumentLabel = "Quorbit   File name: ";
+
 // Logs one line. Shows a message if writing fails; the run continues.
 void WriteLogLine(CRunContext& ctx, std::string_view line);
 // Log the first and the last lines.

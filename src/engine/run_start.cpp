@@ -6,7 +6,10 @@
 #include <optional>
 #include <utility>
 
+#include "engine/failure_policy.h"
+#include "engine/log_owner.h"
 #include "platform/standard_folders.h"
+#include "platform/system_facts.h"
 
 namespace quorbit {
 namespace {
@@ -40,16 +43,42 @@ std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& d
     return path;
 }
 
-RunRefusal RefuseWithoutLog(const std::string& path, const Error& error, int noRunCode)
+// The lock on the log prevents two simultaneous runs of a document, and of two documents of the same
+// name.
+RunRefusal RefuseBusyLog(const std::string& path, const std::string& documentPath)
 {
-    const std::string where = Printable(path);
-    // The lock on the log prevents two simultaneous runs of a document.
-    if (error.Kind() == ErrorKind::Busy) {
-        return {
-            "This batch file is being run already. Its log file is in use by that run: " + where,
-            kExitNoRun, false};
+    const std::string owner = OwnerOfLog(path);
+    if (!IsAnotherDocument(owner, documentPath)) {
+        return {"This batch file is being run already. Its log file is in use by that run: " +
+                    Printable(path),
+                kExitNoRun, false};
     }
-    return {"The log file cannot be created: " + where + ": " + error.Text(), noRunCode, true};
+    return {"Another batch file of the same name is being run: " + owner +
+                ". Both use the log file " + Printable(path) +
+                ". Wait until that run has ended, or rename one of the two files.",
+            kExitNoRun, false};
+}
+
+RunRefusal RefuseWithoutLog(const std::string& path, const std::string& documentPath,
+                            const Error& error, int noRunCode)
+{
+    if (error.Kind() == ErrorKind::Busy) {
+        return RefuseBusyLog(path, documentPath);
+    }
+    return {"The log file cannot be created: " + Printable(path) + ": " + error.Text(), noRunCode,
+            true};
+}
+
+// Warns if the log of another document was replaced. Not if that document is gone: it has probably
+// been moved.
+void WarnOfReplacedLog(CRunContext& ctx, const std::string& owner)
+{
+    if (IsAnotherDocument(owner, ctx.m_pDoc->m_strFilePath) &&
+        KindOfPath(owner) == PathKind::File) {
+        ReportWarning(ctx, {RunOperation::WriteLog, ctx.m_strLogPath, {}}, ErrorKind::Other,
+                      "the log of another batch file of the same name was replaced: " + owner +
+                          ". Rename one of the two files to keep both logs.");
+    }
 }
 
 // Creates the log. Its folder is created again if it was deleted, since only the set-up would do
@@ -91,13 +120,15 @@ RunStart StartRun(const Batch& batch, RunSurface& surface, const RunServices& se
     if (!path) {
         return {nullptr, {std::move(refusal), noRunCode, true}};
     }
+    const std::string owner = OwnerOfLog(*path);
     auto output = CreateLog(*path);
     if (!output) {
-        return {nullptr, RefuseWithoutLog(*path, output.GetError(), noRunCode)};
+        return {nullptr, RefuseWithoutLog(*path, batch.m_strFilePath, output.GetError(), noRunCode)};
     }
     auto pRun = MakeContext(batch, surface, services);
     pRun->m_strLogPath = *path;
     pRun->m_pLogFile = std::make_unique<RunLog>(std::move(*output), services.now);
+    WarnOfReplacedLog(*pRun, owner);
     return {std::move(pRun), {}};
 }
 

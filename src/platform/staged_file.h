@@ -32,5 +32,7 @@ Status CanReplace(const std::string& path);
 // Returns the content of a regular file. Fails for any other item, and with DiskFull ("The file is
 // too large") for files above maxBytes.
 Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxBytes);
+// Returns the first bytes of a regular file, all of them if it has fewer.
+Result<std::string> ReadStartOfFile(const std::string& path, std::uint64_t maxBytes);
 
 }  // namespace quorbit

@@ -280,4 +280,25 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t maxByte
     }
 }
 
+Result<std::string> ReadStartOfFile(const std::string& path, std::uint64_t maxBytes)
+{
+    const auto file = OpenRegularFile(path);
+    if (!file) {
+        return file.GetError();
+    }
+    std::string content(maxBytes, '\0');
+    std::size_t done = 0;
+    ssize_t got = 1;
+    while (got > 0 && done < content.size()) {
+        got = RetryInterrupted(
+            [&] { return ::read(file->Get(), content.data() + done, content.size() - done); });
+        if (got < 0) {
+            return LastError();
+        }
+        done += static_cast<std::size_t>(got);
+    }
+    content.resize(done);
+    return content;
+}
+
 }  // namespace quorbit
