@@ -19,7 +19,7 @@ constexpr std::array kCommands{
             "Saves the batch under a new name"},
     Command{CMD_START_BATCH, "Start &Batch File", "Start", "F8", "F8", "media-playback-start",
             "Carries out the entries of the batch"},
-    Command{CMD_EXIT, "E&xit", "", "", "", "application-exit", "Ends the program"},
+    Command{CMD_EXIT, "E&xit", "", "Ctrl+Q", "Ctrl+Q", "application-exit", "Ends the program"},
     // Ctrl+X is only shown; the shortcut is the Delete key.
     Command{CMD_EDIT_ENTRY, "Edi&t", "Edit", "Ctrl+E", "Ctrl+E", "document-edit",
             "Edits the selected entry"},

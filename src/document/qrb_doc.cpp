@@ -81,9 +81,9 @@ BatchFileStatus CQRBDoc::OnOpenDocument(const std::string& path)
 
 BatchFileStatus CQRBDoc::OnSaveDocument(const std::string& path)
 {
-    m_strFilePath = path;
     BatchFileStatus written = WriteBatchFile(path, *this, m_services.readCodePage());
     if (written) {
+        m_strFilePath = path;
         m_bModified = false;
     }
     return written;

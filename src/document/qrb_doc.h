@@ -50,8 +50,8 @@ public:
     void OnNewDocument();
     // Replaces the contents with those of a batch file. Changes nothing on failure.
     BatchFileStatus OnOpenDocument(const std::string& path);
-    // Writes the batch file and replaces it atomically; on failure the old file is unchanged. Sets
-    // m_strFilePath to `path` even on failure.
+    // Writes the batch file and replaces it atomically; on failure the old file and
+    // m_strFilePath, which names the log of the next run, are unchanged.
     BatchFileStatus OnSaveDocument(const std::string& path);
     // Removes all entries without updating the views.
     void DeleteContents();

@@ -19,10 +19,6 @@ namespace quorbit {
 // left behind. If path is a symbolic link, its target is replaced. AccessDenied if the file is
 // read-only, even for root. AlreadyExists if the file appears during the call.
 Status ReplaceFile(const std::string& path, std::string_view content);
-// The same for a file that does not exist yet: fails with AlreadyExists and changes nothing if there
-// is one, so that a file that could not be found by mistake is not overwritten.
-Status CreateNewFile(const std::string& path, std::string_view content);
-
 // Like ReplaceFile, but fails with AlreadyExists if the file exists.
 Status CreateNewFile(const std::string& path, std::string_view content);
 

@@ -14,6 +14,9 @@
 
 namespace quorbit {
 
+// The home folder of the user: $HOME if that is absolute, else that of the user database. Empty if
+// there is none.
+[[nodiscard]] std::string HomeFolder();
 // Settings: $XDG_CONFIG_HOME/quorbit, or ~/.config/quorbit by default. Empty if the user has no
 // home folder.
 [[nodiscard]] std::string ConfigFolder();

@@ -32,7 +32,7 @@ public:
     void SetOnRenamed(std::function<void()> onRenamed) { m_onRenamed = std::move(onRenamed); }
 
     // Returns the absolute path of the file that was last opened or saved; empty for a new
-    // document. Unlike m_strFilePath of the document, it does not change if saving fails.
+    // document.
     [[nodiscard]] const std::string& PathName() const { return m_strPathName; }
     // Returns the printable path, or "Untitled".
     [[nodiscard]] std::string DisplayName() const;

@@ -20,7 +20,8 @@ struct Span {
 
 Span PlaceSpan(std::int64_t start, std::int64_t length, int screen)
 {
-    start = std::clamp(start, -kLargest, kLargest);
+    // Never stored, but a window that was moved off the screen by hand could not be moved back.
+    start = std::clamp<std::int64_t>(start, 0, kLargest);
     const std::int64_t end = start + std::clamp<std::int64_t>(length, 0, kLargest);
     if (start > screen - kLeastInSight) {
         start = 0;

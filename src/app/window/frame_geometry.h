@@ -28,7 +28,7 @@ struct FramePlace {
 
 // Returns the position of a new window from the profile. If its left (top) edge is beyond the right
 // (bottom) edge of the screen, or less than 20 pixels before it, it is moved to 0; the opposite
-// edge stays where it is.
+// edge stays where it is. A negative position counts as 0.
 [[nodiscard]] FramePlace PlaceFrame(const Profile& profile, int screenWidth, int screenHeight);
 
 enum class FrameShow { Normal, Minimised, Maximised };

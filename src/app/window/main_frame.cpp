@@ -156,7 +156,7 @@ void CMainFrame::ShowFrame()
     if (m_services.nRunMode != 0) {
         setAttribute(Qt::WA_ShowWithoutActivating);
         showMinimized();
-    } else if (place.maximised && !m_services.bFirstRun) {
+    } else if (place.maximised) {
         showMaximized();
     } else {
         show();

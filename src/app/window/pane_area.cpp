@@ -38,8 +38,9 @@ PaneArea::PaneArea(const PaneServices& services, QWidget* parent)
     m_pTopSplitter->setMinimumHeight(kLeastHeight);
     addWidget(m_pTopSplitter);
     addWidget(m_pEditView);
-    setStretchFactor(0, 1);
-    setStretchFactor(1, 0);
+    // The upper row keeps its stored height; the entry list takes the rest.
+    setStretchFactor(0, 0);
+    setStretchFactor(1, 1);
     for (QSplitter* splitter : {static_cast<QSplitter*>(this), m_pTopSplitter}) {
         splitter->setChildrenCollapsible(false);
     }

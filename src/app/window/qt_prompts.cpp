@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <cstddef>
 
 #include "batch/machine_values.h"
 #include "platform/path_text.h"
@@ -94,6 +95,16 @@ PromptAnswer AnswerOf(int button)
     }
 }
 
+// Returns a filter such as "All Files (*.*)" in the format of Qt. "*.*" stands for all files, but Qt
+// would only show names with a dot. Qt takes the pattern from the last brackets and, with
+// HideNameFilterDetails, shows the text before them.
+QString ToFilter(const std::string& filter)
+{
+    const std::size_t open = filter.rfind('(');
+    const std::string pattern = open == std::string::npos ? "(*)" : filter.substr(open);
+    return ToText(filter + " " + (pattern == "(*.*)" ? "(*)" : pattern));
+}
+
 void SetUp(QFileDialog& dialog, const FileQuestion& question)
 {
     if (!question.caption.empty()) {
@@ -104,8 +115,9 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question)
     }
     QStringList filters;
     for (const std::string& filter : question.filters) {
-        filters << ToText(filter);
+        filters << ToFilter(filter);
     }
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);
     if (!question.name.empty()) {
         dialog.selectFile(ToPath(question.name));

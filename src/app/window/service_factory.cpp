@@ -3,20 +3,19 @@
 
 #include "app/window/service_factory.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "batch/reg_key.h"
 #include "look/pictures.h"
 #include "platform/native.h"
+#include "platform/path_text.h"
 #include "platform/shell/desktop_folder.h"
+#include "platform/standard_folders.h"
+#include "platform/system_facts.h"
 
 namespace quorbit {
-namespace {
-
-constexpr const char* kStandardFolder = "c:\\";
-
-}  // namespace
-
 ServiceFactory::ServiceFactory(const AppServices& services, MachineValues& machine,
                                const Profile& profile, const RecentFiles& recent,
                                std::function<QWidget*()> parent)
@@ -149,8 +148,17 @@ std::optional<std::string> ServiceFactory::InstallPath() const
 
 std::string ServiceFactory::QrbFilePath() const
 {
-    return m_profile.GetProfileString(Setting::QrbFilePath,
-                                      InstallPath().value_or(kStandardFolder));
+    const std::string logs = InstallPath().value_or(StateFolder());
+    std::vector<std::string> folders;
+    for (const std::string& file : m_recent.List()) {
+        folders.push_back(ParentFolder(file));
+    }
+    folders.push_back(m_profile.GetProfileString(Setting::QrbFilePath, {}));
+    const auto found = std::ranges::find_if(folders, [&logs](const std::string& folder) {
+        return WithSeparator(folder) != WithSeparator(logs) &&
+               KindOfPath(folder) == PathKind::Folder;
+    });
+    return found == folders.end() ? HomeFolder() : *found;
 }
 
 }  // namespace quorbit

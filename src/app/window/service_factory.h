@@ -54,7 +54,9 @@ public:
     // Returns the services for one run. Invalidates those of the previous run.
     [[nodiscard]] ProgressServices ForRun(CMainFrame& frame, std::uint32_t nRunMode, RunEnd end);
 
-    // Returns the initial folder of File Open and of saving a new document.
+    // Returns the initial folder of File Open and of saving a new document: the one of the batch
+    // file used last, else the one set in the options, else the home folder. Never the folder of
+    // the logs, which is hidden.
     [[nodiscard]] std::string QrbFilePath() const;
 
 private:

@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/window/button_style.h"
 #include "app/window/program_names.h"
 #include "app/window/qrb_app.h"
 #include "app/window/qt_prompts.h"
@@ -144,6 +145,7 @@ int RunInWindow(const CommandLine& line, const char* programName,
     QApplication::setDesktopFileName(QLatin1String(kDesktopId));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(Picture("quorbit"));
+    QApplication::setStyle(new ButtonStyle);
     IgnoreWriteSignals();
 
     Tools tools;

@@ -49,11 +49,15 @@ std::string HomeFromPasswd()
     return found->pw_dir;
 }
 
+}  // namespace
+
 std::string HomeFolder()
 {
     std::string home = Environment("HOME");
     return IsAbsolute(home) ? home : HomeFromPasswd();
 }
+
+namespace {
 
 // XDG Base Directory Specification 0.8: "If an implementation encounters a relative path in any of
 // these variables it should consider the path invalid and ignore it."
