@@ -23,12 +23,10 @@ struct Option {
     std::string_view name;
     CommandAction action;
 };
-constexpr std::array kOptions{Option{"--help", CommandAction::Help},
-                              Option{"-h", CommandAction::Help},
-                              Option{"--version", CommandAction::Version},
-                              Option{"-v", CommandAction::Version},
-                              Option{"--setup", CommandAction::Setup},
-                              Option{"--show", CommandAction::Show}};
+constexpr std::array kOptions{
+    Option{"--help", CommandAction::Help},       Option{"-h", CommandAction::Help},
+    Option{"--version", CommandAction::Version}, Option{"-v", CommandAction::Version},
+    Option{"--setup", CommandAction::Setup},     Option{"--show", CommandAction::Show}};
 
 std::string UpperCase(std::string text)
 {

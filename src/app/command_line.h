@@ -36,10 +36,10 @@ struct CommandLine {
 
 // arguments: without the program name. "/VS", "/VO" and "/I" are switches, in any case and at any
 // position. Any other argument is the batch file, even if it begins with a slash, unless it begins
-// with a dash: that is an option, or wrong if there is no such option. Also wrong are a second file,
-// an empty file name, /I without a file, --summary without /I, and an option that prints together
-// with anything that it does not use. Nothing is ignored: an unattended caller must not take a
-// misspelt command line for a run.
+// with a dash: that is an option, or wrong if there is no such option. Also wrong are a second
+// file, an empty file name, /I without a file, --summary without /I, and an option that prints
+// together with anything that it does not use. Nothing is ignored: an unattended caller must not
+// take a misspelt command line for a run.
 [[nodiscard]] CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
 // Returns the text for --help.

@@ -34,8 +34,7 @@ DisplayKind FindDisplay(const std::function<std::string(const char*)>& environme
     if (serverless != DisplayKind::None) {
         return serverless;
     }
-    const bool named =
-        !environment("DISPLAY").empty() || !environment("WAYLAND_DISPLAY").empty();
+    const bool named = !environment("DISPLAY").empty() || !environment("WAYLAND_DISPLAY").empty();
     return named ? DisplayKind::Named : DisplayKind::None;
 }
 

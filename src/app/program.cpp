@@ -136,9 +136,9 @@ bool NeedsWindow(const CommandLine& line, DisplayKind display)
         std::fprintf(stderr, "quorbit: warning: %s\n", mistake.c_str());
     }
     const bool unattended = (line.nRunMode & kRunInvisible) != 0;
-    return unattended ? display == DisplayKind::Named &&
-                            IsFirstRunAhead(OpenSettingsStores().machine)
-                      : display != DisplayKind::None;
+    return unattended
+               ? display == DisplayKind::Named && IsFirstRunAhead(OpenSettingsStores().machine)
+               : display != DisplayKind::None;
 }
 
 int Start(const CommandLine& line, const WindowStart& runInWindow)

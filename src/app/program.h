@@ -17,8 +17,7 @@ namespace quorbit {
 
 // Runs the program in its window and returns the exit code. If the display cannot be reached, the
 // process ends with the exit code that onNoDisplay returns.
-using WindowStart =
-    std::function<int(const CommandLine&, const std::function<int()>& onNoDisplay)>;
+using WindowStart = std::function<int(const CommandLine&, const std::function<int()>& onNoDisplay)>;
 
 // arguments: without the program name. Returns the exit code; errors go to standard error. Calls
 // runInWindow at most once, and only if the environment names a display. With /I it is called only

@@ -126,9 +126,9 @@ Status SetUpDefaultEntry(const SettingsStore& profile)
 {
     constexpr std::uint32_t kCopyOfATree = DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE;
     std::vector<SettingsValue> missing;
-    for (SettingsValue& value : std::vector{
-             ValueOf(Setting::FileBits, std::to_string(kCopyOfATree)),
-             ValueOf(Setting::FileTypes, "*.*")}) {
+    for (SettingsValue& value :
+         std::vector{ValueOf(Setting::FileBits, std::to_string(kCopyOfATree)),
+                     ValueOf(Setting::FileTypes, "*.*")}) {
         const auto stored = profile.ReadText(value.section, value.name);
         if (!stored && stored.GetError().Kind() != ErrorKind::Missing) {
             return stored.GetError();

@@ -67,8 +67,8 @@ private:
     SettingsStore m_store;
 };
 
-// Performs the part of the set-up that concerns the profile: stores the settings of the entries that
-// "Add Default" creates, unless they are stored already. Without them, such an entry has an
+// Performs the part of the set-up that concerns the profile: stores the settings of the entries
+// that "Add Default" creates, unless they are stored already. Without them, such an entry has an
 // attribute filter that no file passes.
 Status SetUpDefaultEntry(const SettingsStore& profile);
 

@@ -138,8 +138,7 @@ std::string ConsoleSurface::ProgressLine()
     const std::lock_guard lock(m_stateMutex);
     const std::string files =
         std::to_string(m_nFilesLeft) + (m_nFilesLeft == 1 ? " file" : " files");
-    return elapsed + "  " + files +
-           (m_bCounting ? " found" : " left  " + Printable(m_currentFile));
+    return elapsed + "  " + files + (m_bCounting ? " found" : " left  " + Printable(m_currentFile));
 }
 
 void ConsoleSurface::Draw()
@@ -151,7 +150,8 @@ void ConsoleSurface::Draw()
     }
     // Carriage return, then EL to erase the rest of the line (ECMA-48, 8.3.41). The last column
     // stays empty, because a character there makes some terminals wrap.
-    m_streams.out("\r" + FitColumns(ProgressLine(), static_cast<std::size_t>(width) - 1) + "\033[K");
+    m_streams.out("\r" + FitColumns(ProgressLine(), static_cast<std::size_t>(width) - 1) +
+                  "\033[K");
     m_bDrawn = true;
 }
 

@@ -43,8 +43,8 @@ std::optional<std::string> PlaceLog(MachineValues& machine, const std::string& d
     return path;
 }
 
-// The lock on the log prevents two simultaneous runs of a document, and of two documents of the same
-// name.
+// The lock on the log prevents two simultaneous runs of a document, and of two documents of the
+// same name.
 RunRefusal RefuseBusyLog(const std::string& path, const std::string& documentPath)
 {
     const std::string owner = OwnerOfLog(path);
@@ -123,7 +123,8 @@ RunStart StartRun(const Batch& batch, RunSurface& surface, const RunServices& se
     const std::string owner = OwnerOfLog(*path);
     auto output = CreateLog(*path);
     if (!output) {
-        return {nullptr, RefuseWithoutLog(*path, batch.m_strFilePath, output.GetError(), noRunCode)};
+        return {nullptr,
+                RefuseWithoutLog(*path, batch.m_strFilePath, output.GetError(), noRunCode)};
     }
     auto pRun = MakeContext(batch, surface, services);
     pRun->m_strLogPath = *path;

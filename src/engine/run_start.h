@@ -54,10 +54,10 @@ struct RunStart {
     RunRefusal refusal;
 };
 
-// Stores the path of the log as the last one, creates and locks the log, in a folder that is created
-// if it is missing, and creates the context with its clock running. Warns on the surface
-// if the log of another document of the same name is replaced. `batch` and `surface` must outlive the run. Call it on the thread that
-// uses the machine values.
+// Stores the path of the log as the last one, creates and locks the log, in a folder that is
+// created if it is missing, and creates the context with its clock running. Warns on the surface if
+// the log of another document of the same name is replaced. `batch` and `surface` must outlive the
+// run. Call it on the thread that uses the machine values.
 [[nodiscard]] RunStart StartRun(const Batch& batch, RunSurface& surface,
                                 const RunServices& services);
 

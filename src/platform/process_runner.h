@@ -16,8 +16,9 @@ namespace quorbit {
 
 // How a program ended.
 struct ProgramEnd {
-    int status = 0;        // its exit status; 0 means success
-    std::string signal{};  // name of the signal that ended it, such as "SIGTERM"; empty if it exited
+    int status = 0;  // its exit status; 0 means success
+    std::string
+        signal{};  // name of the signal that ended it, such as "SIGTERM"; empty if it exited
 };
 
 class ProcessRunner {

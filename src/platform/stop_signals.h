@@ -21,8 +21,9 @@ enum class StopSignal { Interrupt, Terminate, HangUp };
 // per process.
 class StopSignals {
 public:
-    // onStop is called in a dedicated thread, once for each signal that the system delivers. Signals that were ignored at start (nohup(1)) stay ignored. If the system has no
-    // free descriptors or threads, signals keep their default action.
+    // onStop is called in a dedicated thread, once for each signal that the system delivers.
+    // Signals that were ignored at start (nohup(1)) stay ignored. If the system has no free
+    // descriptors or threads, signals keep their default action.
     explicit StopSignals(std::function<void(StopSignal)> onStop);
     // Waits for a call in progress. Signals that arrive later are ignored.
     ~StopSignals();

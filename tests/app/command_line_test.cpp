@@ -79,8 +79,8 @@ TEST_F(CommandLineOfTheProgram, EndsWithOneIfItsOutputIsLost)
 {
     SetUpProgram();
     WriteBatch("nightly.qrb", {CopyEntry("config", "to")});
-    for (const char* arguments : {"--help", "--version", "--show nightly.qrb",
-                                  "nightly.qrb /I --summary"}) {
+    for (const char* arguments :
+         {"--help", "--version", "--show nightly.qrb", "nightly.qrb /I --summary"}) {
         for (const char* output : {">/dev/full", ">&-"}) {
             ProgramCall call = Call({});
             call.arguments = {"/bin/sh", "-c",

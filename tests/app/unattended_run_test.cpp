@@ -177,8 +177,8 @@ TEST_F(UnattendedRun, FinishesItsStepAndItsLogWhenASignalAsksItToStop)
 TEST_F(UnattendedRun, EndsAScriptThatDoesNotEndByItselfAtTheThirdSignal)
 {
     Write({"from/a.txt=a", "stuck.sh=trap '' INT TERM\ntouch begun\nwhile :; do sleep 60; done\n"});
-    WriteBatch("nightly.qrb", {{Path("stuck.sh"), "", DCF_SCRIPT_DOS, DCK_NAMES, 0},
-                               CopyEntry("from", "to")});
+    WriteBatch("nightly.qrb",
+               {{Path("stuck.sh"), "", DCF_SCRIPT_DOS, DCK_NAMES, 0}, CopyEntry("from", "to")});
     Program program(Call({"nightly.qrb", "/I"}));
     WaitForGate();
     EXPECT_TRUE(Eventually([&] {

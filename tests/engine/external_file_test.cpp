@@ -78,8 +78,9 @@ TEST_F(ExternalFileTest, RunsInItsFolderBetweenTheEntriesAroundIt)
     EXPECT_EQ(Tree("@/first"), (TreeLines{"made=before"}));
     EXPECT_EQ(Tree("@/last"), (TreeLines{"made=" + folder + "\n"}));
     // The script counts as one unit. Its exit status is a warning, and the log does not mention it.
-    EXPECT_EQ(run.surface.warnings, std::vector<std::string>{Path("@/jobs/a job.sh") +
-                                                             ": The script ended with exit status 3"});
+    EXPECT_EQ(run.surface.warnings,
+              std::vector<std::string>{Path("@/jobs/a job.sh") +
+                                       ": The script ended with exit status 3"});
     EXPECT_NE(run.log.find("Total Count: 3\r\n"), std::string::npos);
     EXPECT_EQ(run.counters, "copy 2");
     EXPECT_EQ(run.log.find("job"), std::string::npos);

@@ -95,8 +95,8 @@ PromptAnswer AnswerOf(int button)
     }
 }
 
-// Returns a filter such as "All Files (*.*)" in the format of Qt. "*.*" stands for all files, but Qt
-// would only show names with a dot. Qt takes the pattern from the last brackets and, with
+// Returns a filter such as "All Files (*.*)" in the format of Qt. "*.*" stands for all files, but
+// Qt would only show names with a dot. Qt takes the pattern from the last brackets and, with
 // HideNameFilterDetails, shows the text before them.
 QString ToFilter(const std::string& filter)
 {

@@ -17,9 +17,9 @@
 namespace quorbit {
 
 // A started program has a session of its own, so that reading from the terminal fails instead of
-// stopping it for ever (setsid(2)), and is the leader of its process group. It has an empty standard input, the standard output and
-// error of this process, no other open files, no blocked signals, and default actions for all
-// signals. Any thread.
+// stopping it for ever (setsid(2)), and is the leader of its process group. It has an empty
+// standard input, the standard output and error of this process, no other open files, no blocked
+// signals, and default actions for all signals. Any thread.
 class PosixProcessRunner : public ProcessRunner {
 public:
     // openFileLimit: soft limit of open files for started programs, since programs that use
