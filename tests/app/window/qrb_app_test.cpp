@@ -132,6 +132,44 @@ TEST_F(QrbAppTest, ClosesDialogsAndWindowWhenASignalAsks)
     EXPECT_FALSE(Frame().isVisible());
 }
 
+TEST_F(QrbAppTest, OpensFilesInTheFolderUsedLastAndNeverInThatOfTheLogs)
+{
+    SetUpProgram();
+    const ScopedVariable home("HOME", Path("home"));
+    Write({"home/", "set/", "used/", "state/quorbit/"});
+    WriteBatch("used/a.qrb");
+    WriteBatch("state/quorbit/b.qrb");
+    Start();
+    const auto folder = [this] {
+        Frame().OnCmdMsg(CMD_FILE_OPEN);
+        return prompts.fileQuestions.back().folder;
+    };
+    EXPECT_EQ(folder(), Path("home"));
+    profile.WriteProfileString(Setting::QrbFilePath, Path("state/quorbit/"));
+    EXPECT_EQ(folder(), Path("home"));
+    profile.WriteProfileString(Setting::QrbFilePath, Path("set"));
+    EXPECT_EQ(folder(), Path("set"));
+    EXPECT_TRUE(app->Files().OpenDocumentFile(Path("used/a.qrb")));
+    EXPECT_TRUE(app->Files().OpenDocumentFile(Path("state/quorbit/b.qrb")));
+    EXPECT_EQ(folder(), Path("used"));
+}
+
+TEST_F(QrbAppTest, RestoresTheStoredHeightOfTheTree)
+{
+    SetUpProgram();
+    profile.WriteProfileInts({{Setting::FrameSizeX, 700}, {Setting::FrameSizeY, 900}});
+    for (const auto& [stored, height] :
+         {std::pair(30, 200), std::pair(120, 120), std::pair(300, 300)}) {
+        profile.WriteProfileInts(
+            {{Setting::DriveViewSizeX, 300}, {Setting::DriveViewSizeY, stored}});
+        Start();
+        Serve();
+        const auto* tree = app->Document().GetView(ViewKind::DriveTree);
+        EXPECT_EQ(dynamic_cast<const QWidget*>(tree)->height(), height) << stored;
+        app.reset();
+    }
+}
+
 TEST_F(QrbAppTest, EndsAtTheSecondSignalWhileItAsksAboutChanges)
 {
     SetUpProgram();

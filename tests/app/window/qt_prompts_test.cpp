@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -42,6 +44,28 @@ TEST(QtPromptsTest, CountsAClosedBoxAsTheAnswerThatDoesNothing)
         InNext<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
         EXPECT_EQ(ask(), c.entered);
     }
+}
+
+TEST(QtPromptsTest, ShowsNamesWithoutADotUnderAllFiles)
+{
+    QtPrompts prompts;
+    FileQuestion question;
+    question.filters = {"QRB Files (*.qrb)", "All Files (*.*)"};
+    QStringList texts;
+    QStringList patterns;
+    InNext<QFileDialog>([&](QFileDialog& dialog) {
+        auto& types = *dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        for (int i = 0; i < types.count(); ++i) {
+            texts << types.itemText(i);
+            types.setCurrentIndex(i);
+            Q_EMIT types.textActivated(types.itemText(i));
+            patterns << dialog.findChild<QFileSystemModel*>()->nameFilters();
+        }
+        dialog.reject();
+    });
+    EXPECT_FALSE(prompts.AskOpenFile(question));
+    EXPECT_EQ(patterns, (QStringList{QStringLiteral("*.qrb"), QStringLiteral("*")}));
+    EXPECT_TRUE(texts.value(1).startsWith(QStringLiteral("All Files")));
 }
 
 class SaveFileTest : public FolderTest {
