@@ -17,7 +17,7 @@ BEGIN {
     may["document"] = "platform batch engine document"
     below = "platform platform/shell batch engine document"
     may["engine/dialog"] = below " engine/dialog"
-    may["panes"] = below " panes"
+    may["panes"] = below " look panes"
     may["dialogs"] = below " panes dialogs"
     may["look"] = below " look"
     may["help"] = below " look help"

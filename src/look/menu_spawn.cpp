@@ -164,6 +164,26 @@ void CMenuSpawn::DrawItem(QPainter& painter, const MenuLook& look, const SpawnIt
 
 // --- keys ---------------------------------------------------------------------------------------
 
+namespace {
+
+// Returns the character after the first '&' of a menu text, or a null character. "&&" stands for an
+// ampersand, as in the name of a recent file.
+QChar MnemonicOf(const QString& text)
+{
+    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
+        if (text[i] != QLatin1Char('&')) {
+            continue;
+        }
+        ++i;
+        if (text[i] != QLatin1Char('&')) {
+            return text[i];
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
 std::optional<int> CMenuSpawn::FindKeyboardShortcut(QChar letter, const QMenu& menu) const
 {
     const QList<QAction*> actions = menu.actions();
@@ -172,9 +192,7 @@ std::optional<int> CMenuSpawn::FindKeyboardShortcut(QChar letter, const QMenu& m
         if (item == nullptr || item->nCommand == SPAWN_SEPARATOR || !actions[i]->isVisible()) {
             continue;
         }
-        const QString text = item->szText.toLower();
-        const qsizetype mark = text.indexOf(QLatin1Char('&'));
-        if (mark >= 0 && mark + 1 < text.size() && text[mark + 1] == letter.toLower()) {
+        if (MnemonicOf(item->szText).toLower() == letter.toLower()) {
             return static_cast<int>(i);
         }
     }

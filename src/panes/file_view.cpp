@@ -104,12 +104,19 @@ bool CFileView::ShowFolder(const ShellFolderPtr& folder)
     request.types = true;
     m_feed = std::make_unique<FolderFeed>(
         folder, request, [this](FolderBatch batch) { OnPortion(std::move(batch)); });
+    m_slow = std::make_unique<SlowRead>([this](const QString& text) {
+        if (m_model.RowCount() == 0) {
+            SetNotice(text);
+        }
+    });
     ShowWaiting();
     return true;
 }
 
 void CFileView::OnPortion(FolderBatch batch)
 {
+    m_slow->Answered();
+    SetNotice({});
     std::vector<ShellListItem> rows;
     rows.reserve(batch.items.size());
     for (FolderItem& item : batch.items) {
@@ -130,6 +137,7 @@ void CFileView::OnPortion(FolderBatch batch)
 void CFileView::OnEnd(const std::optional<Error>& error)
 {
     m_feed.reset();
+    m_slow.reset();
     if (error && m_model.RowCount() == 0) {
         SetNotice(QStringLiteral("This folder cannot be read: ") +
                   QString::fromStdString(Printable(error->Text())));

@@ -21,6 +21,7 @@
 #include "panes/pane_services.h"
 #include "panes/row_sorter.h"
 #include "panes/selection_check.h"
+#include "panes/slow_read.h"
 #include "platform/shell/folder_feed.h"
 #include "platform/shell/shell_pidl.h"
 #include "platform/shell/shell_tree_item.h"
@@ -94,6 +95,7 @@ private:
     DragRunner m_runDrag;
     FileListModel m_model;
     std::unique_ptr<FolderFeed> m_feed;  // while reading
+    std::unique_ptr<SlowRead> m_slow;    // while reading
     RowSorter m_sorter;
     ShellFolderPtr m_folder;      // the folder shown
     std::string m_strParentText;  // text of its node in the tree

@@ -7,13 +7,14 @@
 #pragma once
 
 #include <QAbstractItemView>
-#include <QStyledItemDelegate>
+
+#include "panes/focus_frame.h"
 
 namespace quorbit {
 
-class GridDelegate final : public QStyledItemDelegate {
+class GridDelegate final : public FocusDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using FocusDelegate::FocusDelegate;
 
     void SetCell(const QSize& cell) { m_cell = cell; }
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
@@ -36,7 +37,7 @@ protected:
     // The model aligns texts for report columns; a name below its icon is centred.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::initStyleOption(option, index);
+        FocusDelegate::initStyleOption(option, index);
         if (option->decorationPosition == QStyleOptionViewItem::Top) {
             option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
         }

@@ -29,7 +29,8 @@ CListViewEx::CListViewEx(std::function<void(CView*)> setActive, const QString& n
       m_setActive(std::move(setActive)),
       m_report(new ReportView(this)),
       m_icons(new QListView(this)),
-      m_notice(new QLabel(this))
+      m_notice(new QLabel(this)),
+      m_focusFrame(new FocusFrame(*this))
 {
     SetUp(*m_report, name);
     SetUp(*m_icons, name);
@@ -110,6 +111,7 @@ void CListViewEx::SetStyle(ListStyle style)
     }
     setCurrentWidget(&ActiveView());
     setFocusProxy(&ActiveView());
+    m_focusFrame->raise();  // the stack has raised the view
     if (hadFocus) {
         ActiveView().setFocus();
     }
@@ -244,6 +246,7 @@ void CListViewEx::OnFocusChanged(const QWidget* now)
     }
     const bool had = std::exchange(m_bFocus, now != nullptr && isAncestorOf(now));
     if (had != m_bFocus) {
+        m_focusFrame->setVisible(m_bFocus);
         ActiveView().viewport()->update();
     }
     if (!had && m_bFocus && m_setActive) {

@@ -21,6 +21,7 @@
 #include "batch/profile.h"
 #include "document/view.h"
 #include "panes/drag_gesture.h"
+#include "panes/focus_frame.h"
 #include "panes/grid_delegate.h"
 #include "panes/report_view.h"
 
@@ -118,9 +119,10 @@ private:
     bool OnMouseRelease(const QMouseEvent& event);
 
     std::function<void(CView*)> m_setActive;
-    ReportView* m_report;  // owned by this widget, like the next two
+    ReportView* m_report;  // owned by this widget, like the next three
     QListView* m_icons;
     QLabel* m_notice;
+    FocusFrame* m_focusFrame;
     GridDelegate m_gridDelegate;
     QAbstractItemModel* m_pModel = nullptr;
     QItemSelectionModel* m_selection = nullptr;  // of the report, shared with the icon view

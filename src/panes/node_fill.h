@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "panes/slow_read.h"
 #include "platform/error.h"
 #include "platform/shell/folder_feed.h"
 
@@ -26,11 +27,15 @@ public:
     void SetRunning(std::shared_ptr<void> running) { m_running = std::move(running); }
 
     // `deliver` as for FolderFeed; it may destroy this object.
-    void Start(const FolderRequest& request, FolderFeed::Deliver deliver)
+    // `slow` is called with a text while the read takes long; see SlowRead.
+    void Start(const FolderRequest& request, FolderFeed::Deliver deliver,
+               std::function<void(const QString&)> slow)
     {
+        m_slow = std::make_unique<SlowRead>(std::move(slow));
         m_feed = std::make_unique<FolderFeed>(m_folder, request, std::move(deliver));
     }
 
+    void Answered() { m_slow->Answered(); }
     [[nodiscard]] const ShellFolderPtr& Folder() const { return m_folder; }
 
     std::size_t m_nConsidered = 0;              // items counted so far; see TreeVerdict
@@ -40,6 +45,7 @@ public:
 private:
     ShellFolderPtr m_folder;
     std::shared_ptr<void> m_running;
+    std::unique_ptr<SlowRead> m_slow;
     std::unique_ptr<FolderFeed> m_feed;
 };
 

@@ -3,6 +3,7 @@
 
 #include "panes/report_view.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
@@ -78,7 +79,8 @@ void ReportView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
     state.dropTarget = index.row() == m_nDropRow;
     state.current = currentIndex().isValid() && currentIndex().row() == index.row();
     state.listHasFocus = hasFocus();
-    state.keepsSelection = m_bKeepsSelection;
+    // A message about the selected rows must not hide which they are.
+    state.keepsSelection = m_bKeepsSelection || QApplication::activeModalWidget() != nullptr;
     state.fullRow = m_bFullRow;
     QStyleOptionViewItem own = option;
     own.palette.setCurrentColorGroup(!isEnabled() ? QPalette::Disabled

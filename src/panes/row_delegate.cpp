@@ -8,6 +8,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "panes/focus_frame.h"
 #include "panes/shorten_text.h"
 
 namespace quorbit {
@@ -76,25 +77,28 @@ void RowDelegate::PaintRow(QPainter& painter, const QStyleOptionViewItem& option
         const int width = option.fontMetrics.horizontalAdvance(TextOf(first.index));
         highlight.setWidth(std::min(label.width(), width + 2 * kFirstMargin));
     }
+    const bool filled = state.dropTarget || (selected && state.listHasFocus);
     const QColor plain = option.palette.color(QPalette::Text);
     const QColor marked = option.palette.color(QPalette::HighlightedText);
-    if (selected) {
+    if (filled) {
         painter.fillRect(highlight, option.palette.brush(QPalette::Highlight));
+    } else if (selected) {
+        PaintOutlinedSelection(painter, highlight, option.palette);
     }
     if (first.rect.width() > 1) {
         first.index.data(Qt::DecorationRole)
             .value<QIcon>()
             .paint(&painter, IconRect(option, first.rect).intersected(first.rect), Qt::AlignCenter,
-                   selected ? QIcon::Selected : QIcon::Normal);
+                   filled ? QIcon::Selected : QIcon::Normal);
     }
-    painter.setPen(selected ? marked : plain);
+    painter.setPen(filled ? marked : plain);
     PaintCell(painter, option, first.index, label, kFirstMargin);
-    painter.setPen(selected && state.fullRow ? marked : plain);
+    painter.setPen(filled && state.fullRow ? marked : plain);
     for (auto cell = cells.begin() + 1; cell != cells.end(); ++cell) {
         PaintCell(painter, option, cell->index, cell->rect, kMargin);
     }
     if (state.current && state.listHasFocus) {
-        PaintFocus(painter, option, highlight, selected);
+        PaintFocus(painter, option, highlight, filled);
     }
 }
 

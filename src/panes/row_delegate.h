@@ -16,7 +16,7 @@ struct RowState {
     bool dropTarget = false;
     bool current = false;  // has the keyboard cursor
     bool listHasFocus = false;
-    bool keepsSelection = true;  // show the selection even without the focus
+    bool keepsSelection = true;  // show the selection even without the focus, outlined
     bool fullRow = true;         // highlight the whole row, not only the first text
 };
 

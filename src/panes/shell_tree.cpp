@@ -3,12 +3,14 @@
 
 #include "panes/shell_tree.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "panes/focus_frame.h"
 #include "panes/network_name.h"
 #include "panes/node_fill.h"
 #include "panes/whole_text_tip.h"
@@ -21,6 +23,20 @@ namespace quorbit {
 namespace {
 
 constexpr std::uint32_t kAttributes = 0xF0000170;
+
+// Draws the note of a node behind its text.
+class NodeDelegate final : public FocusDelegate {
+public:
+    using FocusDelegate::FocusDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        FocusDelegate::initStyleOption(option, index);
+        const QString note = index.data(Qt::AccessibleDescriptionRole).toString();
+        option->text += note.isEmpty() ? note : QStringLiteral("  (%1)").arg(note);
+    }
+};
 
 bool IsBelow(const QTreeWidgetItem* item, const QTreeWidgetItem& node)
 {
@@ -58,8 +74,12 @@ ShellTree::ShellTree(ShellFolderPtr desktop, const ItemIcons& icons, std::uint32
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setItemDelegate(new NodeDelegate(this));
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setStretchLastSection(false);
+    auto* frame = new FocusFrame(*this);
+    connect(qApp, &QApplication::focusChanged, frame,
+            [this, frame] { frame->setVisible(hasFocus()); });
     connect(this, &QTreeWidget::itemExpanded, this,
             [this](QTreeWidgetItem* item) { OnExpanded(*NodeOf(item)); });
     connect(this, &QTreeWidget::itemCollapsed, this,
@@ -102,8 +122,9 @@ void ShellTree::FillFromDesktop(std::function<void()> done)
     m_fill = std::make_unique<NodeFill>(m_desktop);
     m_fill->SetRunning(ShowRunning());
     m_fill->m_done.push_back(std::move(done));
-    m_fill->Start({m_dwFlags, kAttributes},
-                  [this](FolderBatch batch) { OnBatch(nullptr, std::move(batch)); });
+    m_fill->Start(
+        {m_dwFlags, kAttributes}, [this](FolderBatch batch) { OnBatch(nullptr, std::move(batch)); },
+        [](const QString&) {});
 }
 
 void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
@@ -112,9 +133,10 @@ void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
         auto folder = node.Item().m_pFolder->BindToObject(node.Item().m_pidlItem);
         if (folder) {
             node.m_fill = std::make_unique<NodeFill>(std::move(*folder));
-            node.m_fill->Start({m_dwFlags, kAttributes}, [this, &node](FolderBatch batch) {
-                OnBatch(&node, std::move(batch));
-            });
+            node.m_fill->Start(
+                {m_dwFlags, kAttributes},
+                [this, &node](FolderBatch batch) { OnBatch(&node, std::move(batch)); },
+                [&node](const QString& note) { node.SetNote(note); });
         }
     }
     if (node.m_fill != nullptr) {
@@ -128,6 +150,7 @@ void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
 void ShellTree::OnBatch(ShellTreeNode* node, FolderBatch batch)
 {
     NodeFill& fill = node != nullptr ? *node->m_fill : *m_fill;
+    fill.Answered();
     KeepWanted(node, fill, std::move(batch.items));
     if (node == nullptr) {
         // Show the drives before all files on the desktop have been read.
@@ -193,6 +216,7 @@ void ShellTree::EndFill(ShellTreeNode* node, bool failed)
     if (node == nullptr) {
         invisibleRootItem()->sortChildren(0, Qt::AscendingOrder);
     } else {
+        node->SetNote({});
         InsertWanted(node, *fill);
         // Keep the mark if the read has failed, so that the user can try again.
         node->m_bFilled = !failed || node->childCount() > 0;
@@ -279,6 +303,17 @@ void ShellTree::resizeEvent(QResizeEvent* event)
 {
     header()->setMinimumSectionSize(viewport()->width());
     QTreeWidget::resizeEvent(event);
+}
+
+// Without the focus, the selection is outlined by the delegate; do not fill the space before it.
+void ShellTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const
+{
+    QStyleOptionViewItem own = option;
+    if (!hasFocus()) {
+        own.palette.setBrush(QPalette::Highlight, own.palette.brush(QPalette::Base));
+    }
+    QTreeWidget::drawRow(painter, own, index);
 }
 
 void ShellTree::OnExpanded(ShellTreeNode& node)

@@ -38,11 +38,22 @@ void ShellTreeNode::SetMark(bool mark)
     setChildIndicatorPolicy(mark ? ShowIndicator : DontShowIndicatorWhenChildless);
 }
 
+void ShellTreeNode::SetNote(const QString& note)
+{
+    if (note != m_strNote) {
+        m_strNote = note;
+        emitDataChanged();
+    }
+}
+
 QVariant ShellTreeNode::data(int column, int role) const
 {
     const bool highlighted = m_look.pHighlighted == this;
     if (role == Qt::DecorationRole && m_look.pIcons != nullptr) {
         return m_look.pIcons->IconOf(m_item.m_pidlFull, m_look.pSelected == this);
+    }
+    if (role == Qt::AccessibleDescriptionRole) {
+        return m_strNote;
     }
     if (role == Qt::BackgroundRole && highlighted) {
         return QApplication::palette().brush(QPalette::Highlight);

@@ -45,11 +45,16 @@ public:
     bool m_bFilled = false;            // its children have been read
     std::unique_ptr<NodeFill> m_fill;  // non-null while they are being read
 
+    // Shows a note behind the text, as long as it is not empty. It is not part of the text.
+    void SetNote(const QString& note);
+    [[nodiscard]] const QString& Note() const { return m_strNote; }
+
     [[nodiscard]] QVariant data(int column, int role) const override;
     bool operator<(const QTreeWidgetItem& other) const override;
 
 private:
     ShellTreeItem m_item;
+    QString m_strNote;
     const ShellTreeLook& m_look;
 };
 
