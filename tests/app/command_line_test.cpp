@@ -62,7 +62,7 @@ TEST_F(CommandLineOfTheProgram, RefusesWhatItDoesNotUnderstandAndRunsNothing)
 TEST_F(CommandLineOfTheProgram, TakesNoSwitchFromAPath)
 {
     SetUpProgram();
-    Write({"Inbox/vs/a.txt=a"});
+    Write({"Inbox/vs/a.txt=a", "data/"});
     WriteBatch("data/input", {CopyEntry("Inbox", "to")});
     for (const char* name : {"Inbox/nightly", "none/Inbox", "vo/vs"}) {
         const ProgramResult result = Run({Path(name), "/I"});

@@ -52,7 +52,7 @@ TEST_F(Demo, LeavesTheTreesAndTheCountsThatItsReadmePromises)
                              "reply.txt=Their reply.\n"}));
         EXPECT_EQ(tree("3-sync/to"),
                   (TreeLines{"new.txt=Not there yet.\n", "newer.txt=Changed in summer.\n",
-                             "older.txt=Changed at the destination, in summer.\n"}));
+                             "older.txt=Changed this summer.\n"}));
         EXPECT_EQ(tree("4-backup/to"), (TreeLines{"report.txt=The report, second edition.\n",
                                                   "report1.txt=The report, first edition.\n",
                                                   "terms.txt=The terms.\n"}));

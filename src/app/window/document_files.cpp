@@ -92,6 +92,7 @@ bool DocumentFiles::SaveTo(const std::string& path)
 PromptAnswer DocumentFiles::AskToSave(PromptButtons buttons)
 {
     m_bAsking = true;
+    ++m_nQuestions;
     const PromptAnswer answer = m_prompts.Ask("Save changes to " + DisplayName() + "?", {},
                                               PromptIcon::Exclamation, buttons);
     m_bAsking = false;

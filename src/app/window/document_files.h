@@ -52,6 +52,8 @@ public:
     void SaveOrGiveUp();
     // Returns true while the question whether to save is open.
     [[nodiscard]] bool IsAsking() const { return m_bAsking; }
+    // Returns how often that question has been asked, including the open one.
+    [[nodiscard]] int QuestionsAsked() const { return m_nQuestions; }
 
     // CMD_FILE_SAVE, CMD_FILE_SAVE_AS.
     bool OnCommand(int nId) override;
@@ -70,6 +72,7 @@ private:
     std::function<void()> m_onRenamed;
     std::string m_strPathName;
     bool m_bAsking = false;
+    int m_nQuestions = 0;
 };
 
 }  // namespace quorbit

@@ -205,11 +205,13 @@ void CQRBApp::OnFrameClosed()
 
 void CQRBApp::OnStopSignal(StopSignal signal)
 {
-    m_nStopSignals = m_files.IsAsking() ? m_nStopSignals + 1 : 1;
     if (!m_files.IsAsking()) {
+        m_nStopQuestion = m_files.QuestionsAsked() + 1;
         CloseAsExit(signal);
-    } else if (m_nStopSignals > 1) {
+    } else if (m_nStopQuestion == m_files.QuestionsAsked()) {
         EndUnsaved(signal);
+    } else {
+        m_nStopQuestion = m_files.QuestionsAsked();
     }
 }
 

@@ -101,7 +101,7 @@ private:
     Profile m_profile;
     RecentFiles m_recent;
     std::optional<int> m_endCode;  // set: the process ends with this code
-    int m_nStopSignals = 0;        // since the question whether to save is open, or was asked for
+    int m_nStopQuestion = 0;  // the question whether to save that a stop signal has met or caused
 
     ServiceFactory m_factory;
     WindowRun m_run;

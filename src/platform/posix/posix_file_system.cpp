@@ -384,7 +384,10 @@ Status PosixFileSystem::SyncWritten()
         if (!descriptor.IsOpen()) {
             // MarkWritten could not duplicate the descriptor, so this device cannot be synced.
             result = ErrorFromErrno(EMFILE);
-        } else if (RetryInterrupted([&] { return ::syncfs(descriptor.Get()); }) != 0 && result) {
+            continue;
+        }
+        const int syncedFd = descriptor.Get();
+        if (RetryInterrupted([syncedFd] { return ::syncfs(syncedFd); }) != 0 && result) {
             result = LastError();
         }
     }

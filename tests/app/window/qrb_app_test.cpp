@@ -73,6 +73,7 @@ TEST_F(QrbAppTest, EndsWithZeroIfTheLogCannotBeCreatedAndSavesChangesBefore)
     Doc().m_arrEntries[0].m_strDest = "/changed";
     Doc().SetModifiedFlag();
     fs::remove_all(Path("state"));
+    Write({"state=no folder"});
     prompts.answers = {PromptAnswer::Ok, PromptAnswer::Yes};
 
     Frame().PostCommand(CMD_START_BATCH);

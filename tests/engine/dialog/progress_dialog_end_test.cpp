@@ -71,8 +71,8 @@ TEST_F(ProgressDialogEndTest, AnEmptyDocumentIsToldAndEndsAsAnyRun)
 
 TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
 {
-    const std::string cannot = "The log file cannot be created: " + Path("none/nightly.log") +
-                               ": No such file or directory";
+    const std::string cannot =
+        "The log file cannot be created: " + Path("file/nightly.log") + ": Not a directory";
     const std::string inUse =
         "This batch file is being run already. Its log file is in use by that run: " + m_strLog;
     const struct {
@@ -80,11 +80,11 @@ TEST_F(ProgressDialogEndTest, WithoutALogNothingIsRun)
         std::uint32_t mode;
         std::string text;
         Lines told;
-    } cases[] = {{"none/", 0, cannot, {"end 0"}},
-                 {"none/", kRunAndQuit, cannot, {"end 0"}},
+    } cases[] = {{"file/", 0, cannot, {"end 0"}},
+                 {"file/", kRunAndQuit, cannot, {"end 0"}},
                  {"logs/", 0, inUse, {}},
                  {"logs/", kRunAndQuit, inUse, {"end 2"}}};
-    Write({"from/a.txt=a"});
+    Write({"from/a.txt=a", "file=no folder"});
     AddCopy();
     const auto otherRun = CreateLogOutput(m_strLog);
     for (const auto& c : cases) {
