@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/complaint.h"
 #include "app/display.h"
 #include "app/show_batch.h"
 #include "app/unattended_run.h"
@@ -22,11 +23,6 @@
 
 namespace quorbit {
 namespace {
-
-void Complain(const std::string& text)
-{
-    std::fprintf(stderr, "quorbit: %s\n", Printable(text).c_str());
-}
 
 // Returns why a settings file cannot be used.
 std::string WhyUnusable(const SettingsStore& store)

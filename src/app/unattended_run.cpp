@@ -8,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "app/complaint.h"
 #include "app/stop_requests.h"
 #include "batch/batch_file.h"
 #include "engine/console_surface.h"
@@ -21,11 +22,6 @@
 
 namespace quorbit {
 namespace {
-
-void Complain(const std::string& text)
-{
-    std::fprintf(stderr, "quorbit: %s\n", text.c_str());
-}
 
 bool LoadBatch(const CommandLine& line, const Profile& profile, Batch& batch)
 {

@@ -46,6 +46,9 @@ enum : std::uint32_t {
     DCK_NAMES = 1,  // m_listItems contains complete names
 };
 
+// The mask in a list of file types that selects every file.
+constexpr const char* kEveryFile = "*.*";
+
 struct CDirCopy {
     std::vector<std::string> m_listItems;  // masks, file names, folder names or drive roots,
                                            // depending on the type of the entry

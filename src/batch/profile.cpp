@@ -128,7 +128,7 @@ Status SetUpDefaultEntry(const SettingsStore& profile)
     std::vector<SettingsValue> missing;
     for (SettingsValue& value :
          std::vector{ValueOf(Setting::FileBits, std::to_string(kCopyOfATree)),
-                     ValueOf(Setting::FileTypes, "*.*")}) {
+                     ValueOf(Setting::FileTypes, kEveryFile)}) {
         const auto stored = profile.ReadText(value.section, value.name);
         if (!stored && stored.GetError().Kind() != ErrorKind::Missing) {
             return stored.GetError();

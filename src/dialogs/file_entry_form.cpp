@@ -9,12 +9,6 @@
 #include "platform/path_text.h"
 
 namespace quorbit {
-namespace {
-
-constexpr const char* kEveryFile = "*.*";
-
-}  // namespace
-
 FileEntryForm NewFileEntryForm(bool bFiles, bool bDelete, std::string source, std::string dest,
                                std::vector<std::string> names)
 {

@@ -13,8 +13,6 @@ namespace {
 
 using enum EntryBox;
 
-constexpr const char* kEveryFile = "*.*";
-
 }  // namespace
 
 FileTypeForm NewFileTypeForm(bool bDelete, std::string source, const std::string& dest)

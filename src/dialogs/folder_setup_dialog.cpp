@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "batch/dir_copy.h"
 #include "dialogs/mask_choices.h"
 #include "dialogs/ok_cancel_row.h"
 #include "dialogs/remembered_size.h"
@@ -14,12 +15,6 @@
 #include "document/help_topics.h"
 
 namespace quorbit {
-namespace {
-
-constexpr const char* kEveryFile = "*.*";
-
-}  // namespace
-
 CFolderSetupDlg::CFolderSetupDlg(const DialogServices& services, QWidget* parent)
     : QDialog(parent),
       m_allTypes(new QCheckBox(QStringLiteral("Process all file t&ypes (*.*)"), this)),

@@ -74,7 +74,10 @@ public:
     bool Run(Target& target, int nId) const
     {
         const Row* row = Find(nId);
-        const State state = row != nullptr ? row->m_state(target, nId) : std::nullopt;
+        if (row == nullptr) {
+            return false;
+        }
+        const State state = row->m_state(target, nId);
         if (state && state->enabled) {
             row->m_run(target, nId);
         }

@@ -7,10 +7,10 @@
 #include <set>
 #include <utility>
 
+#include "batch/dir_copy.h"
+
 namespace quorbit {
 namespace {
-
-constexpr const char* kEveryFile = "*.*";
 
 // Creates an entry from the values of a dialog, using only the fields of its kind.
 CDirCopy MakeEntry(EntryValues values, std::uint32_t kind, std::uint32_t id)

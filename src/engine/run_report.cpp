@@ -89,7 +89,7 @@ std::string FileSizeText(std::uint64_t bytes)
     if (size >= 1024) {
         kilobytes = size / 1024;
         // The log format compares hundreds of bytes with tenths of a kilobyte of 1,000 bytes,
-        // although a kilobyte is 1,024. From about 21 KB, it therefore always rounds up.
+        // although a kilobyte is 1,024. From 21 KB on, it therefore always adds one.
         const std::int64_t distance = size / 100 - 10 * kilobytes;
         if (distance >= 5 || distance <= -5) {
             ++kilobytes;

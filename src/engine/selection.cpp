@@ -38,7 +38,7 @@ bool MatchFileType(const std::vector<std::string>& list, std::string_view fileNa
             if (EqualNoCase(item, fileName)) {
                 return hit;
             }
-        } else if (item == "*.*") {
+        } else if (item == kEveryFile) {
             return true;
         } else if (EndsWithNoCase(fileName, SuffixOf(item))) {
             return hit;

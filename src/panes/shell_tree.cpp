@@ -22,7 +22,7 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::uint32_t kAttributes = 0xF0000170;
+constexpr std::uint32_t kTreeAttributes = 0xF0000170;
 
 // Draws the note of a node behind its text.
 class NodeDelegate final : public FocusDelegate {
@@ -123,8 +123,8 @@ void ShellTree::FillFromDesktop(std::function<void()> done)
     m_fill->SetRunning(ShowRunning());
     m_fill->m_done.push_back(std::move(done));
     m_fill->Start(
-        {m_dwFlags, kAttributes}, [this](FolderBatch batch) { OnBatch(nullptr, std::move(batch)); },
-        [](const QString&) {});
+        {m_dwFlags, kTreeAttributes},
+        [this](FolderBatch batch) { OnBatch(nullptr, std::move(batch)); }, [](const QString&) {});
 }
 
 void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
@@ -134,7 +134,7 @@ void ShellTree::FillNode(ShellTreeNode& node, std::function<void()> done)
         if (folder) {
             node.m_fill = std::make_unique<NodeFill>(std::move(*folder));
             node.m_fill->Start(
-                {m_dwFlags, kAttributes},
+                {m_dwFlags, kTreeAttributes},
                 [this, &node](FolderBatch batch) { OnBatch(&node, std::move(batch)); },
                 [&node](const QString& note) { node.SetNote(note); });
         }

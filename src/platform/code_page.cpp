@@ -29,7 +29,7 @@ void AppendEscape(std::string& out, char c)
 }
 
 // Returns the byte if the text starts with an escape.
-std::optional<char> StartsWithEscape(std::string_view text)
+std::optional<char> EscapedByte(std::string_view text)
 {
     if (text.size() < kEscapeSize || !text.starts_with(kEscapeStart)) {
         return std::nullopt;
@@ -47,7 +47,7 @@ std::size_t SizeBeforeEscape(std::string_view text)
 {
     std::size_t at = 0;
     while ((at = text.find(kEscapeStart, at)) != std::string_view::npos) {
-        if (StartsWithEscape(text.substr(at))) {
+        if (EscapedByte(text.substr(at))) {
             return at;
         }
         ++at;
@@ -100,7 +100,7 @@ Result<std::string> CodePage::Encode(std::string_view text)
         }
         text.remove_prefix(plain.size());
         if (!text.empty()) {
-            bytes += *StartsWithEscape(text);
+            bytes += *EscapedByte(text);
             text.remove_prefix(kEscapeSize);
         }
     }

@@ -12,14 +12,11 @@
 #include "document/help_topics.h"
 
 namespace quorbit {
-namespace {
 
-QString ToText(std::string_view text)
+QString CommandText(std::string_view text)
 {
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
-
-}  // namespace
 
 QString WithoutMarks(QString text)
 {
@@ -32,7 +29,7 @@ CommandActions::CommandActions(QWidget& owner, std::function<CommandState(int)> 
 {
     for (const Command& command : CommandTable()) {
         if (!command.key.empty()) {
-            AddKey(command.nId, ToText(command.key));
+            AddKey(command.nId, CommandText(command.key));
         }
     }
 }
@@ -58,10 +55,10 @@ QAction* CommandActions::Get(int nId)
         action = new QAction(&m_owner);
         action->setData(nId);
         if (const Command* command = FindCommand(nId)) {
-            const QString key = ToText(command->keyName);
-            action->setText(ToText(command->text) +
+            const QString key = CommandText(command->keyName);
+            action->setText(CommandText(command->text) +
                             (key.isEmpty() ? key : QLatin1Char('\t') + key));
-            action->setStatusTip(ToText(command->help));
+            action->setStatusTip(CommandText(command->help));
         }
         SetHelpTopic(*action, HelpTopicOfCommand(nId));
         QObject::connect(action, &QAction::triggered, &m_owner, [this, nId] { m_run(nId); });

@@ -10,10 +10,17 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <string_view>
 
 #include "document/command_target.h"
 
 namespace quorbit {
+
+// In a list of command numbers: a line between two groups.
+constexpr int kSeparator = 0;
+
+// Text of the command table, which is Latin-1, as Qt takes it.
+[[nodiscard]] QString CommandText(std::string_view text);
 
 // Escapes every '&' as "&&", so that a name in a menu text creates no mnemonic.
 [[nodiscard]] QString WithoutMarks(QString text);

@@ -12,24 +12,22 @@
 namespace quorbit {
 namespace {
 
-constexpr int kGap = 0;
-
 struct Menu {
     const char* title;
-    std::vector<int> items;  // command numbers and kGap
+    std::vector<int> items;  // command numbers and kSeparator
 };
 
 const std::vector<Menu>& Menus()
 {
     static const std::vector<Menu> menus{
         {"&File",
-         {CMD_FILE_NEW, CMD_FILE_OPEN, CMD_FILE_SAVE, CMD_FILE_SAVE_AS, kGap, CMD_START_BATCH, kGap,
-          CMD_EXIT, kGap, CMD_RECENT_FILE_FIRST}},
+         {CMD_FILE_NEW, CMD_FILE_OPEN, CMD_FILE_SAVE, CMD_FILE_SAVE_AS, kSeparator, CMD_START_BATCH,
+          kSeparator, CMD_EXIT, kSeparator, CMD_RECENT_FILE_FIRST}},
         {"&Edit", {CMD_EDIT_ENTRY, CMD_DELETE}},
         {"&View",
          {CMD_VIEW_LARGE_ICONS, CMD_VIEW_SMALL_ICONS, CMD_VIEW_LIST, CMD_VIEW_REPORT,
-          CMD_VIEW_ROW_DETAIL, kGap, CMD_SHOW_TOOLBAR, CMD_SHOW_STATUS_BAR, kGap, CMD_LOG_FILE,
-          CMD_OPTIONS, CMD_REFRESH}},
+          CMD_VIEW_ROW_DETAIL, kSeparator, CMD_SHOW_TOOLBAR, CMD_SHOW_STATUS_BAR, kSeparator,
+          CMD_LOG_FILE, CMD_OPTIONS, CMD_REFRESH}},
         {"&Help", {CMD_HELP_TOPICS, CMD_ABOUT}},
     };
     return menus;
@@ -43,7 +41,7 @@ MainMenu::MainMenu(QMainWindow& frame, CommandActions& actions, const RecentFile
     for (const Menu& entry : Menus()) {
         QMenu* menu = frame.menuBar()->addMenu(QLatin1String(entry.title));
         for (const int nId : entry.items) {
-            if (nId == kGap) {
+            if (nId == kSeparator) {
                 menu->addSeparator();
             } else if (nId == CMD_RECENT_FILE_FIRST) {
                 AddRecentFiles(*menu);

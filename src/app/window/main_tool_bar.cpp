@@ -12,26 +12,21 @@
 namespace quorbit {
 namespace {
 
-constexpr int kGap = 0;
 constexpr std::array<int, 13> kButtons{
-    CMD_FILE_NEW,    CMD_FILE_OPEN, CMD_FILE_SAVE, kGap,         CMD_EDIT_ENTRY, CMD_DELETE, kGap,
-    CMD_START_BATCH, kGap,          CMD_REFRESH,   CMD_LOG_FILE, kGap,           CMD_VIEWS};
+    CMD_FILE_NEW, CMD_FILE_OPEN, CMD_FILE_SAVE,   kSeparator, CMD_EDIT_ENTRY,
+    CMD_DELETE,   kSeparator,    CMD_START_BATCH, kSeparator, CMD_REFRESH,
+    CMD_LOG_FILE, kSeparator,    CMD_VIEWS};
 constexpr std::array<int, 5> kViews{CMD_VIEW_LARGE_ICONS, CMD_VIEW_SMALL_ICONS, CMD_VIEW_LIST,
                                     CMD_VIEW_REPORT, CMD_VIEW_ROW_DETAIL};
-
-QString ToText(std::string_view text)
-{
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 void AddButton(CFlatToolBar& bar, CommandActions& actions, const Command& command)
 {
     QAction* action = actions.Get(command.nId);
     action->setIcon(CommandPicture(command.nId));
-    action->setIconText(ToText(command.label));
-    action->setToolTip(ToText(command.help));
+    action->setIconText(CommandText(command.label));
+    action->setToolTip(CommandText(command.help));
     bar.addAction(action);
-    bar.widgetForAction(action)->setAccessibleName(ToText(command.label));
+    bar.widgetForAction(action)->setAccessibleName(CommandText(command.label));
 }
 
 // The menu belongs to the action, so it is available even if the window is too narrow for the
@@ -60,7 +55,7 @@ CFlatToolBar* MakeMainToolBar(QWidget* parent, CommandActions& actions)
     bar->setObjectName(QStringLiteral("toolbar"));
     bar->SetFlatLook();
     for (const int nId : kButtons) {
-        if (nId == kGap) {
+        if (nId == kSeparator) {
             bar->addSeparator();
         } else if (const Command* command = FindCommand(nId)) {
             AddButton(*bar, actions, *command);

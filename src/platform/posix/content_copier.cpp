@@ -18,7 +18,7 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
+constexpr std::size_t kCopyBufferSize = std::size_t{256} * 1024;
 // Below this size one read and one write are cheaper than FICLONE or copy_file_range(2).
 constexpr std::uint64_t kRangeFrom = std::uint64_t{64} * 1024;
 // Bytes between two progress calls. Measured to be as fast as chunks of 1 GB.
@@ -38,7 +38,7 @@ bool HasHoles(const ContentJob& job)
     return job.allocated + kPage <= job.size;
 }
 
-Status WriteAll(int to, const std::byte* data, std::size_t size, std::uint64_t offset)
+Status WriteAt(int to, const std::byte* data, std::size_t size, std::uint64_t offset)
 {
     while (size > 0) {
         const ssize_t put =
@@ -55,7 +55,7 @@ Status WriteAll(int to, const std::byte* data, std::size_t size, std::uint64_t o
 
 // Errors with which copy_file_range(2) and FICLONE refuse this pair of files, as opposed to I/O
 // errors.
-bool IsRefusal(int code)
+bool RefusesFiles(int code)
 {
     return code == EXDEV || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP ||
            code == EBADF || code == EPERM || code == ETXTBSY;
@@ -75,7 +75,7 @@ Result<std::uint64_t> SizeNow(int fd)
 std::byte* ContentCopier::Buffer()
 {
     if (!m_buffer) {
-        m_buffer = std::make_unique_for_overwrite<std::byte[]>(kBufferSize);
+        m_buffer = std::make_unique_for_overwrite<std::byte[]>(kCopyBufferSize);
     }
     return m_buffer.get();
 }
@@ -106,7 +106,7 @@ bool ContentCopier::Clone(const ContentJob& job)
     if (::ioctl(job.to, FICLONE, job.from) == 0) {
         return true;
     }
-    job.facts.cloneRefused = IsRefusal(errno) || errno == ENOTTY;
+    job.facts.cloneRefused = RefusesFiles(errno) || errno == ENOTTY;
     return false;
 }
 
@@ -121,7 +121,7 @@ Result<std::uint64_t> ContentCopier::CopyRange(const ContentJob& job, std::uint6
             return ::copy_file_range(job.from, &in, job.to, &out, std::min(end - offset, kPiece),
                                      0);
         });
-        if (copied < 0 && !IsRefusal(errno)) {
+        if (copied < 0 && !RefusesFiles(errno)) {
             return LastError();
         }
         if (copied < 0) {
@@ -143,7 +143,7 @@ Result<std::uint64_t> ContentCopier::Stream(const ContentJob& job, std::uint64_t
 {
     std::byte* buffer = Buffer();
     while (offset < end) {
-        const std::size_t wanted = std::min<std::uint64_t>(end - offset, kBufferSize);
+        const std::size_t wanted = std::min<std::uint64_t>(end - offset, kCopyBufferSize);
         const ssize_t got = RetryInterrupted(
             [&] { return ::pread(job.from, buffer, wanted, static_cast<off_t>(offset)); });
         if (got < 0) {
@@ -153,7 +153,7 @@ Result<std::uint64_t> ContentCopier::Stream(const ContentJob& job, std::uint64_t
             break;
         }
         const auto size = static_cast<std::size_t>(got);
-        if (Status written = WriteAll(job.to, buffer, size, offset); !written) {
+        if (Status written = WriteAt(job.to, buffer, size, offset); !written) {
             return written.GetError();
         }
         offset += size;
@@ -169,7 +169,7 @@ Status ContentCopier::StreamToEnd(const ContentJob& job, std::uint64_t offset)
     bool asked = false;
     for (;;) {
         const ssize_t got = RetryInterrupted(
-            [&] { return ::pread(job.from, buffer, kBufferSize, static_cast<off_t>(offset)); });
+            [&] { return ::pread(job.from, buffer, kCopyBufferSize, static_cast<off_t>(offset)); });
         if (got < 0) {
             return LastError();
         }
@@ -177,7 +177,7 @@ Status ContentCopier::StreamToEnd(const ContentJob& job, std::uint64_t offset)
             return {};
         }
         const auto size = static_cast<std::size_t>(got);
-        if (Status written = WriteAll(job.to, buffer, size, offset); !written) {
+        if (Status written = WriteAt(job.to, buffer, size, offset); !written) {
             return written;
         }
         offset += size;

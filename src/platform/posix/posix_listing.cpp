@@ -18,7 +18,7 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kBufferSize = std::size_t{32} * 1024;
+constexpr std::size_t kListingBufferSize = std::size_t{32} * 1024;
 
 ItemKind KindFromType(unsigned char type)
 {
@@ -40,7 +40,7 @@ ItemKind KindFromType(unsigned char type)
 
 PosixListing::PosixListing(std::shared_ptr<const UniqueFd> descriptor)
     : m_descriptor(std::move(descriptor)),
-      m_buffer(std::make_unique_for_overwrite<std::byte[]>(kBufferSize))
+      m_buffer(std::make_unique_for_overwrite<std::byte[]>(kListingBufferSize))
 {
 }
 
@@ -48,7 +48,7 @@ Result<bool> PosixListing::Fill()
 {
     // Call getdents64(2) directly: readdir(3) would add its own lock and a smaller buffer.
     const long got = RetryInterrupted([this] {
-        return ::syscall(SYS_getdents64, m_descriptor->Get(), m_buffer.get(), kBufferSize);
+        return ::syscall(SYS_getdents64, m_descriptor->Get(), m_buffer.get(), kListingBufferSize);
     });
     if (got <= 0) {
         m_bEnded = true;

@@ -4,16 +4,15 @@
 #include "platform/posix/protected_folders.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <string>
 #include <utility>
 
+#include "platform/posix/passwd_home.h"
 #include "platform/posix/unique_fd.h"
 
 namespace quorbit {
@@ -30,18 +29,6 @@ bool Identify(int fd, FolderIdentity& identity)
     }
     identity = {details.st_dev, details.st_ino};
     return true;
-}
-
-std::string HomeFromPasswd()
-{
-    std::array<char, 16384> buffer;
-    passwd entry = {};
-    passwd* found = nullptr;
-    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
-        found == nullptr) {
-        return {};
-    }
-    return found->pw_dir;
 }
 
 }  // namespace

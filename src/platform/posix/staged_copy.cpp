@@ -22,7 +22,7 @@ constexpr int kNameAttempts = 16;
 
 // Errors that mean that O_TMPFILE, or linking such a file, is not supported here. ENOENT and EXDEV
 // occur if /proc is not mounted or the kernel refuses to link.
-bool IsRefusal(int code)
+bool RefusesAnonymousFiles(int code)
 {
     return code == EOPNOTSUPP || code == EISDIR || code == EINVAL || code == ENOSYS ||
            code == ENOENT || code == EXDEV;
@@ -48,7 +48,7 @@ Status StagedCopy::Open(mode_t permissions)
         // In a folder that was deleted, O_TMPFILE fails with ENOENT or, on some file systems,
         // EPERM. This does not mean that the volume lacks support.
         const int code = opened.GetError().Code();
-        if (!IsRefusal(code) && code != EPERM) {
+        if (!RefusesAnonymousFiles(code) && code != EPERM) {
             return opened;
         }
         volume.takesAnonymousFiles = code == ENOENT || code == EPERM;
@@ -137,7 +137,7 @@ Error StagedCopy::LinkError() const
     struct stat folder = {};
     const bool folderGone = error.Code() == ENOENT &&
                             (::fstat(m_folder.Descriptor(), &folder) != 0 || folder.st_nlink == 0);
-    if (IsRefusal(error.Code()) && !folderGone) {
+    if (RefusesAnonymousFiles(error.Code()) && !folderGone) {
         m_folder.Volume().takesAnonymousFiles = false;
     }
     return error;

@@ -3,7 +3,6 @@
 
 #include "platform/standard_folders.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,6 +16,7 @@
 
 #include "platform/path_text.h"
 #include "platform/posix/file_io.h"
+#include "platform/posix/passwd_home.h"
 #include "platform/posix/system_call.h"
 
 namespace quorbit {
@@ -34,19 +34,6 @@ std::string Environment(const char* name)
 {
     const char* value = std::getenv(name);
     return value != nullptr ? value : "";
-}
-
-std::string HomeFromPasswd()
-{
-    constexpr std::size_t kBufferSize = 16384;
-    std::vector<char> buffer(kBufferSize);
-    passwd entry{};
-    passwd* found = nullptr;
-    if (::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
-        found == nullptr || found->pw_dir == nullptr || !IsAbsolute(found->pw_dir)) {
-        return {};
-    }
-    return found->pw_dir;
 }
 
 }  // namespace

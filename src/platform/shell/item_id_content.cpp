@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t kHeadSize = 4;        // size, kind, detail
 constexpr std::size_t kPathLengthSize = 2;  // volumes only
-constexpr std::size_t kTerminatorSize = 2;
 constexpr std::size_t kMost = std::numeric_limits<std::uint16_t>::max();
 
 void Append(std::vector<std::uint8_t>& bytes, std::size_t number)

@@ -20,6 +20,8 @@
 
 namespace quorbit {
 
+constexpr std::size_t kTerminatorSize = 2;  // bytes
+
 // Bytes that start at an id or a terminator. Not owned. A truncated or damaged view ends after its
 // last complete id.
 using ItemIdView = std::span<const std::uint8_t>;

@@ -15,8 +15,6 @@ namespace quorbit {
 
 namespace {
 
-constexpr std::size_t kTerminatorSize = 2;
-
 ItemIdView LastItemId(ItemIdView list)
 {
     for (ItemIdView next = list; ItemIdSize(next) != 0;) {
