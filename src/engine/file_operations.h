@@ -1,16 +1,13 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Copies, replaces or deletes one selected file, and creates destination folders. Each operation
-// first shows and logs its action, and then raises one counter or none. Worker thread only.
+// Deletes one selected file, and creates and completes destination folders. Each operation first
+// shows and logs its action. Worker thread only.
 
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "batch/dir_copy.h"
-#include "engine/hard_links.h"
 #include "engine/run_context.h"
 #include "engine/target_folder.h"
 #include "platform/file_system.h"
@@ -22,23 +19,6 @@ struct SourceFolder {
     std::string path;
     const Folder& handle;
 };
-
-// The flags of an entry (DCF_... bits), and what is remembered while it is processed (not owned).
-struct TransferRules {
-    std::uint32_t dwFlags = 0;
-    HardLinks& hardLinks;
-
-    // The files of several source folders go into one folder.
-    [[nodiscard]] bool IsFlat() const
-    {
-        return (dwFlags & (DCF_SUBFOLDERS | DCF_PRESERVE_TREE)) == DCF_SUBFOLDERS;
-    }
-};
-
-// Copies, syncs, backs up or skips one file, depending on the rules. `opened` is the source file if
-// it is already open, otherwise null; not owned. Errors are reported.
-void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
-                  const FindData& item, SourceFile* opened, const TransferRules& rules);
 
 // Checks a destination folder that was opened for a source folder `source`. Returns false and
 // reports an error if another source folder is the same folder at the destination, because the
@@ -59,5 +39,12 @@ void DeleteOneFile(CRunContext& ctx, const SourceFolder& source, const std::stri
 // calls for the folder and its subfolders do without a further error.
 bool EnsureFolder(CRunContext& ctx, const std::string& source, TargetFolder& dest,
                   const std::string& asGiven, const Folder* like);
+
+// Returns the warning about an attribute that a copy or a new folder lacks, see
+// FileSystem::TakeNotKept.
+[[nodiscard]] std::string NotKeptText(const std::string& attribute);
+
+// Another item of the entry has the same name at the destination.
+[[nodiscard]] Error SameNameError();
 
 }  // namespace quorbit

@@ -24,10 +24,8 @@ SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, FolderItems& l
 {
 }
 
-Result<bool> SourceQueue::Next(QueuedItem& item)
+Result<bool> SourceQueue::Next(PendingFile& item)
 {
-    item.source.reset();
-    item.details = {};
     const std::size_t window = Window();
     if (window > 1) {
         Fill(window);
@@ -76,7 +74,7 @@ bool SourceQueue::ReadOne(FindData& data)
 
 // Completes the details of a file. Opens it if it will certainly be copied, which also reads the
 // details.
-void SourceQueue::Prepare(QueuedItem& item)
+void SourceQueue::Prepare(PendingFile& item)
 {
     if (!m_bSurelyCopied || item.data.kind == ItemKind::Unknown) {
         item.details = m_files.ReadDetails(m_folder, item.data);

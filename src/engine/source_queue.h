@@ -13,17 +13,12 @@
 #include <memory>
 
 #include "engine/folder_items.h"
+#include "engine/pending_file.h"
 #include "engine/read_ahead_policy.h"
 #include "engine/walk_rules.h"
 #include "platform/file_system.h"
 
 namespace quorbit {
-
-struct QueuedItem {
-    FindData data;
-    std::unique_ptr<SourceFile> source;  // null if the file is not open yet
-    Status details;                      // the error if size and time could not be read
-};
 
 class SourceQueue {
 public:
@@ -33,15 +28,15 @@ public:
     SourceQueue(const SourceQueue&) = delete;
     SourceQueue& operator=(const SourceQueue&) = delete;
 
-    // Reads the next item. Returns false at the end and after a stop request, and the error if
-    // listing fails.
-    Result<bool> Next(QueuedItem& item);
+    // Sets a new object to the next item. Returns false at the end and after a stop request, and
+    // the error if listing fails.
+    Result<bool> Next(PendingFile& item);
 
 private:
     void Fill(std::size_t window);
     bool ReadOne(FindData& data);
     [[nodiscard]] std::size_t Window();
-    void Prepare(QueuedItem& item);
+    void Prepare(PendingFile& item);
 
     FileSystem& m_files;
     const Folder& m_folder;

@@ -45,8 +45,30 @@ bool TargetFolder::Stands()
     }
     m_handle.reset();
     m_bNew = false;
+    if (std::exchange(m_bKnownMissing, false)) {
+        m_whyNotOpen = Error(ErrorKind::Missing);
+        return false;
+    }
     Open();
     return m_handle != nullptr;
+}
+
+void TargetFolder::OpenIfThere()
+{
+    if (m_handle || m_strPath.empty() || IsGivenUp()) {
+        return;
+    }
+    if (!m_pParent || (m_pParent->m_handle && !m_pParent->m_bNew)) {
+        Open();
+        m_bKnownMissing = !m_handle && m_whyNotOpen.Kind() == ErrorKind::Missing;
+    } else {
+        m_bKnownMissing = true;
+    }
+}
+
+std::shared_ptr<const Folder> TargetFolder::Staging() const
+{
+    return m_handle || !m_pParent ? m_handle : m_pParent->Staging();
 }
 
 void TargetFolder::Open()
@@ -95,6 +117,7 @@ Status TargetFolder::Create(const Folder* like)
     const Status created = m_pFiles->CreateFolder(*parent.m_handle, m_strName, like);
     if (created) {
         m_bSwept = true;  // a new folder contains no leftovers
+        m_bKnownMissing = false;
         Open();
         m_bNew = m_handle != nullptr;
         m_bChanged = true;

@@ -34,6 +34,12 @@ public:
 
     // Opens the folder unless it is open and still exists. Returns false if it cannot be opened.
     bool Stands();
+    // Opens the folder if it exists, without changing anything on the disk. It need not be tried
+    // where it is known that the folder does not exist. Steps that create folders may still wait.
+    void OpenIfThere();
+    // The folder, or the nearest parent that is open, for copies to be placed here later; null if
+    // none is open.
+    [[nodiscard]] std::shared_ptr<const Folder> Staging() const;
     // The error of the last attempt to open the folder. NotAFolder if its name is a file or a link.
     // Only if Stands() returned false.
     [[nodiscard]] const Error& WhyNotOpen() const { return m_whyNotOpen; }
@@ -46,6 +52,8 @@ public:
     }
     // The open folder, or null if it is not open. Owned by this object.
     [[nodiscard]] const Folder* Handle() const { return m_handle.get(); }
+    // The same, shared by this object.
+    [[nodiscard]] const std::shared_ptr<const Folder>& Shared() const { return m_handle; }
     // Returns true if the folder exists and has this identity. Opens it if necessary.
     [[nodiscard]] bool Is(const FolderIdentity& folder);
     // True if this object created the folder, which therefore contains only what was put there
@@ -70,10 +78,11 @@ private:
     TargetFolder* m_pParent = nullptr;  // not owned; null for the top folder
     std::unique_ptr<TargetFolder>
         m_parentByPath;  // parent of the top folder; null until it is used
-    std::unique_ptr<Folder> m_handle;
+    std::shared_ptr<const Folder> m_handle;
     Error m_whyNotOpen{ErrorKind::Missing};
     bool m_bGivenUp = false;
     bool m_bSwept = false;
+    bool m_bKnownMissing = false;  // so the next attempt to open it is not made
     bool m_bNew = false;
     bool m_bChanged = false;
     PlacedItems m_placed;

@@ -8,10 +8,12 @@
 
 #include "engine/failure_policy.h"
 #include "engine/file_operations.h"
+#include "engine/file_transfer.h"
 #include "engine/folder_items.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
 #include "engine/source_queue.h"
+#include "engine/step_queue.h"
 
 namespace quorbit {
 namespace {
@@ -57,24 +59,47 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
     }
 }
 
-// Processes one source folder and its subfolders.
-class ProcessWalk {
-public:
-    ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target, WalkMemory& memory)
-        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory)
+// A source folder with its destination, for the walk and for the steps that wait.
+struct WalkFolder {
+    WalkFolder(std::string path, std::unique_ptr<Folder> opened, TargetFolder& to)
+        : handle(std::move(opened)), source{std::move(path), *handle}, target(&to)
     {
     }
 
-    // opened: the folder, or the error if it could not be opened. Returns false if a stop was
-    // requested before it started.
-    bool Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
-                 TargetFolder& dest);
+    std::unique_ptr<Folder> handle;
+    SourceFolder source;
+    std::shared_ptr<WalkFolder> parent;       // contains the parent of the target
+    std::unique_ptr<TargetFolder> ownTarget;  // null if the target is that of the step
+    TargetFolder* target;
+};
+
+using WalkFolderPtr = std::shared_ptr<WalkFolder>;
+using PendingFilePtr = std::shared_ptr<PendingFile>;
+
+// Walks a source folder and its subfolders. Looks up what it finds, and leaves it to the queue when
+// to act on it.
+class ProcessWalk {
+public:
+    ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target, WalkMemory& memory)
+        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory), m_queue(ctx)
+    {
+    }
+
+    // Returns false if a stop was requested before it started.
+    bool Process(const std::string& source);
 
 private:
-    bool ProcessSubfolder(const SourceFolder& source, const std::string& name, TargetFolder& dest);
-    bool ProcessItem(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
-    bool ProcessFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
-    bool ActOnFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item);
+    void Walk(const WalkFolderPtr& folder);
+    void WalkSubfolder(const WalkFolderPtr& folder, const std::string& name);
+    void WalkInto(const WalkFolderPtr& folder, const std::string& path,
+                  std::unique_ptr<Folder> opened, const std::string& name);
+    void AddFile(const WalkFolderPtr& folder, PendingFilePtr file);
+    [[nodiscard]] bool PreparesCopies() const { return m_ctx.m_bSyncAtEnd && !m_rules.Deletes(); }
+
+    // The steps.
+    void ReportUnlisted(const std::string& path, const Error& error);
+    void ProcessFile(const WalkFolder& folder, PendingFile& file);
+    bool ActOnFile(const WalkFolder& folder, PendingFile& file);
 
     CRunContext& m_ctx;
     const WalkRules& m_rules;
@@ -82,114 +107,174 @@ private:
     WalkMemory& m_memory;
     std::string m_path;      // of the current file; a member to reuse its memory
     std::string m_destPath;  // its destination
+    StepQueue m_queue;       // last: its steps refer to the other members
 };
 
-bool ProcessWalk::Process(const std::string& source, const Result<std::unique_ptr<Folder>>& opened,
-                          TargetFolder& dest)
+bool ProcessWalk::Process(const std::string& source)
 {
+    auto opened = m_ctx.m_pFiles->OpenFolder(source);
     if (g_bStopRun) {
         return false;
     }
     if (!opened) {
-        ReportInvalidSource(m_ctx, source, opened.GetError());
+        ReportUnlisted(source, opened.GetError());
         return true;
     }
-    const SourceFolder folder{source, **opened};
-    auto items = FolderItems::List(*m_ctx.m_pFiles, folder.handle);
+    const auto folder = std::make_shared<WalkFolder>(source, std::move(*opened), m_target.Folder());
+    Walk(folder);
+    m_queue.Finish();
+    if (m_target.MirrorsSource() && m_rules.Has(DCF_PRESERVE_TREE)) {
+        KeepFolderTime(m_ctx, folder->source, *folder->target);
+    }
+    return true;
+}
+
+void ProcessWalk::ReportUnlisted(const std::string& path, const Error& error)
+{
+    ReportInvalidSource(m_ctx, path, error);
+}
+
+void ProcessWalk::Walk(const WalkFolderPtr& folder)
+{
+    auto items = FolderItems::List(*m_ctx.m_pFiles, folder->source.handle);
     if (!items) {
-        ReportInvalidSource(m_ctx, source, items.GetError());
-        return true;
+        m_queue.Add([this, folder, error = items.GetError()] {
+            if (!folder->target->IsGivenUp()) {
+                ReportUnlisted(folder->source.path, error);
+            }
+        });
+        return;
     }
     FlushLogIfDue(m_ctx);
-    SourceQueue queue(*m_ctx.m_pFiles, folder.handle, *items, m_rules, m_memory.readAhead);
-    QueuedItem item;
-    for (;;) {
-        const auto more = queue.Next(item);
+    if (PreparesCopies()) {
+        folder->target->OpenIfThere();
+    }
+    SourceQueue queue(*m_ctx.m_pFiles, folder->source.handle, *items, m_rules, m_memory.readAhead);
+    while (!g_bStopRun && !folder->target->IsGivenUp()) {
+        auto file = std::make_shared<PendingFile>();
+        const auto more = queue.Next(*file);
         if (!more) {
             // Report it: an incomplete listing must not look like the end of the folder.
-            ReportFileError(m_ctx, {RunOperation::ListFolder, source, {}}, more.GetError());
-            return true;
+            m_queue.Add([this, folder, error = more.GetError()] {
+                ReportFileError(m_ctx, {RunOperation::ListFolder, folder->source.path, {}}, error);
+            });
+            return;
         }
-        if (!*more || g_bStopRun || !ProcessItem(folder, dest, item) || dest.IsGivenUp()) {
-            return true;
+        if (!*more || g_bStopRun) {
+            return;
+        }
+        if (file->data.kind == ItemKind::Folder) {
+            WalkSubfolder(folder, file->data.name);
+        } else {
+            AddFile(folder, std::move(file));
         }
     }
 }
 
-// Returns false to end the listing.
-bool ProcessWalk::ProcessItem(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
+void ProcessWalk::WalkSubfolder(const WalkFolderPtr& folder, const std::string& name)
 {
-    if (item.data.kind == ItemKind::Folder) {
-        return ProcessSubfolder(source, item.data.name, dest);
-    }
-    return ProcessFile(source, dest, item);
-}
-
-bool ProcessWalk::ProcessSubfolder(const SourceFolder& source, const std::string& name,
-                                   TargetFolder& dest)
-{
-    const auto opened = m_ctx.m_pFiles->OpenSubfolder(source.handle, name);
+    auto opened = m_ctx.m_pFiles->OpenSubfolder(folder->source.handle, name);
     if (opened && m_target.IsAt((*opened)->Identity())) {
-        return true;
+        return;
     }
-    const std::string path = SubfolderPath(source.path, name);
-    if (m_rules.Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
-        return Process(path, opened, dest);
-    }
-    TargetFolder subfolder(dest, name);
-    if (!EnsureFolder(m_ctx, path, subfolder, dest.Path() + name,
-                      opened ? opened->get() : nullptr)) {
-        return true;  // reported; nothing in it can be copied
-    }
-    if (!ClaimFolder(m_ctx, path, dest, subfolder, name)) {
-        return true;
-    }
-    const bool processed = Process(path, opened, subfolder);
+    const std::string path = SubfolderPath(folder->source.path, name);
     if (opened) {
-        KeepFolderTime(m_ctx, {path, **opened}, subfolder);
+        WalkInto(folder, path, std::move(*opened), name);
+        return;
     }
-    return processed;
+    m_queue.Add([this, folder, path, name, error = opened.GetError()] {
+        // The folder itself belongs to the destination, although its items cannot be copied.
+        TargetFolder subfolder(*folder->target, name);
+        const bool makes = !m_rules.Deletes() && m_rules.Has(DCF_PRESERVE_TREE);
+        if (!folder->target->IsGivenUp() &&
+            (!makes ||
+             EnsureFolder(m_ctx, path, subfolder, folder->target->Path() + name, nullptr))) {
+            ReportUnlisted(path, error);
+        }
+    });
 }
 
-bool ProcessWalk::ProcessFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
+void ProcessWalk::WalkInto(const WalkFolderPtr& folder, const std::string& path,
+                           std::unique_ptr<Folder> opened, const std::string& name)
 {
-    m_path.assign(source.path).append(item.data.name);
+    auto subfolder = std::make_shared<WalkFolder>(path, std::move(opened), *folder->target);
+    subfolder->parent = folder;
+    m_queue.CountFolder();
+    if (m_rules.Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
+        return Walk(subfolder);
+    }
+    subfolder->ownTarget = std::make_unique<TargetFolder>(*folder->target, name);
+    subfolder->target = subfolder->ownTarget.get();
+    if (PreparesCopies()) {
+        subfolder->target->OpenIfThere();
+    }
+    m_queue.Add([this, subfolder, name] {
+        TargetFolder& parent = *subfolder->parent->target;
+        TargetFolder& target = *subfolder->target;
+        if (!EnsureFolder(m_ctx, subfolder->source.path, target, parent.Path() + name,
+                          &subfolder->source.handle)) {
+            return;  // reported; nothing in it can be copied
+        }
+        if (!ClaimFolder(m_ctx, subfolder->source.path, parent, target, name)) {
+            target.GiveUp();
+        }
+    });
+    Walk(subfolder);
+    m_queue.Add(
+        [this, subfolder] { KeepFolderTime(m_ctx, subfolder->source, *subfolder->target); });
+}
+
+void ProcessWalk::AddFile(const WalkFolderPtr& folder, PendingFilePtr file)
+{
+    if (PreparesCopies()) {
+        const TargetFolder& target = *folder->target;
+        PrepareFile(*m_ctx.m_pFiles, m_rules,
+                    {folder->source.handle, target.Shared(), target.Staging(), target.IsNew()},
+                    *file);
+    }
+    PendingFile& pending = *file;
+    m_queue.Add(std::move(file), [this, folder, &pending] {
+        if (!folder->target->IsGivenUp()) {
+            ProcessFile(*folder, pending);
+        }
+    });
+}
+
+void ProcessWalk::ProcessFile(const WalkFolder& folder, PendingFile& file)
+{
+    m_path.assign(folder.source.path).append(file.data.name);
     ShowCurrentFile(m_ctx, m_path, false, true);
-    ShowFileSize(m_ctx, item.data.size, false, true);
+    ShowFileSize(m_ctx, file.data.size, false, true);
     if (!m_rules.Deletes()) {
-        m_destPath.assign(dest.Path()).append(item.data.name);
+        m_destPath.assign(folder.target->Path()).append(file.data.name);
     }
     ShowDestFile(m_ctx, m_destPath, false, true);  // empty while deleting
 
-    if (!ActOnFile(source, dest, item) || g_bStopRun || dest.IsGivenUp()) {
-        return false;
+    if (!ActOnFile(folder, file) || g_bStopRun || folder.target->IsGivenUp()) {
+        return;
     }
     TakeOffUnit(m_ctx);
     ShowCurrentFile(m_ctx, m_path, true, false);
     if (!m_rules.Deletes()) {
         ShowDestFile(m_ctx, m_destPath, true, false);
     }
-    ShowFileSize(m_ctx, item.data.size, true, false);
-    return true;
+    ShowFileSize(m_ctx, file.data.size, true, false);
 }
 
 // Returns false if a stop was requested before the file was processed.
-bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, QueuedItem& item)
+bool ProcessWalk::ActOnFile(const WalkFolder& folder, PendingFile& file)
 {
-    Status known = item.details;
-    if (known && !m_rules.Has(DCF_NO_ATTRS)) {
-        known = m_ctx.m_pFiles->ReadAttributes(source.handle, item.data);
-    }
-    if (!known) {
+    ReadFilterAttributes(*m_ctx.m_pFiles, m_rules, folder.source.handle, file);
+    if (!file.details) {
         // The file was removed after it was listed, or its details cannot be read.
         ShowAction(m_ctx, m_rules.Deletes() ? "Delete File." : "Copying File.");
         ReportFileError(m_ctx,
                         {m_rules.Deletes() ? RunOperation::DeleteFile : RunOperation::Copy, m_path,
                          m_rules.Deletes() ? std::string() : m_destPath},
-                        known.GetError());
+                        file.details.GetError());
         return true;
     }
-    if (!m_rules.PassesFilter(item.data.attributes)) {
+    if (!m_rules.PassesFilter(file.data.attributes)) {
         ShowAction(m_ctx, "Didn't process file because file attributes didn't match.");
         return true;
     }
@@ -197,13 +282,11 @@ bool ProcessWalk::ActOnFile(const SourceFolder& source, TargetFolder& dest, Queu
         return false;
     }
     if (m_rules.Deletes()) {
-        DeleteOneFile(m_ctx, source, item.data.name);
+        DeleteOneFile(m_ctx, folder.source, file.data.name);
     } else {
-        TransferFile(m_ctx, source, dest, item.data, item.source.get(),
+        TransferFile(m_ctx, folder.source, *folder.target, file,
                      {m_rules.dwFlags, m_memory.hardLinks});
     }
-    // Close the file now; the item is reused only for the next one.
-    item.source.reset();
     return true;
 }
 
@@ -219,13 +302,7 @@ bool CountFolder(CRunContext& ctx, const std::string& folder, StepTarget& target
 bool ProcessFolder(CRunContext& ctx, const std::string& source, StepTarget& target,
                    const WalkRules& rules, WalkMemory& memory)
 {
-    const auto opened = ctx.m_pFiles->OpenFolder(source);
-    const bool processed =
-        ProcessWalk(ctx, rules, target, memory).Process(source, opened, target.Folder());
-    if (opened && target.MirrorsSource() && rules.Has(DCF_PRESERVE_TREE)) {
-        KeepFolderTime(ctx, {source, **opened}, target.Folder());
-    }
-    return processed;
+    return ProcessWalk(ctx, rules, target, memory).Process(source);
 }
 
 }  // namespace quorbit

@@ -38,6 +38,8 @@ const char* UsualText(ErrorKind kind)
             return "Too many open files";
         case ErrorKind::Protected:
             return "Operation not permitted";
+        case ErrorKind::Changed:
+            return "The item has been replaced in the meantime";
         case ErrorKind::Busy:
             return "Device or resource busy";
         case ErrorKind::Invalid:

@@ -28,6 +28,7 @@ enum class ErrorKind {
     TooManyOpen,  // no free file descriptors
     Protected,    // the root folder, the home folder or a parent of it
     Busy,         // in use, e.g. locked by another run
+    Changed,      // the item was replaced by another one since it was examined
     Invalid,      // an invalid argument, e.g. a name that contains a separator
     NotAProgram,  // an executable file that the system cannot run
     Other,

@@ -11,14 +11,17 @@
 // Symbolic links inside a tree are items in their own right: they are copied, deleted and probed as
 // links and never followed. Special files are recreated, never opened.
 //
-// One thread at a time, including all folders, listings and files that an object returned. These
-// must be destroyed before the object.
+// One thread at a time, including all folders, listings and files that an object returned, except
+// that ReadDetails, ReadAttributes, Probe, OpenSource, Prepare and MakeDurable may be called by
+// several threads at once. All objects must be destroyed before the file system that returned them.
 
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -69,6 +72,13 @@ public:
     virtual void OnBytesCopied(std::uint64_t bytes) = 0;  // since the last call
 };
 
+// A complete copy of a regular file that has no name yet, or a temporary one. Destroying it deletes
+// the copy unless it was placed. Must be destroyed before the folder in which it was prepared.
+class PreparedCopy {
+public:
+    virtual ~PreparedCopy() = default;
+};
+
 // A file that was copied before.
 struct PlacedFile {
     const Folder* folder = nullptr;  // not owned
@@ -78,9 +88,16 @@ struct PlacedFile {
 };
 
 struct CopyOptions {
-    bool replaceReadOnly = false;      // if false, replacing a read-only file fails, even for root
-    bool expectMissing = false;        // a hint that the name does not exist yet; harmless if wrong
-    bool mustBeMissing = false;        // never replaces: AlreadyExists if the name is taken
+    bool replaceReadOnly = false;  // if false, replacing a read-only file fails, even for root
+    bool expectMissing = false;    // a hint that the name does not exist yet; harmless if wrong
+    bool mustBeMissing = false;    // never replaces: AlreadyExists if the name is taken
+    bool durable = false;          // the content is on the disk before the file gets its name
+    // The item that may be replaced, as probed before. Another one is left as it is, and the result
+    // is Changed.
+    std::optional<FindData> replaces = std::nullopt;
+    // Looks at the replaced item again after the copy has taken its place, where the file system
+    // can exchange two names, and puts another one back.
+    bool exchanges = false;
     CopyProgress* progress = nullptr;  // not owned; may be null
     // A copy of the same source file under another name. The destination becomes a hard link to it
     // if possible, and otherwise a file of its own. Not owned; may be null.
@@ -136,6 +153,19 @@ public:
     // file and the destination cannot hold its kind of item, whatever the permissions.
     virtual Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                             const CopyOptions& options) = 0;
+
+    // Copies an open regular file as CopyFile does, but does not give the copy its name yet.
+    // folder: any folder of the file system in which the copy will be placed. progress: not owned;
+    // may be null.
+    virtual Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
+                                                          CopyProgress* progress) = 0;
+    // Returns when the contents of all these copies are on the disk. On an error, any of them may
+    // be lost in a power cut.
+    virtual Status MakeDurable(std::span<PreparedCopy* const> copies) = 0;
+    // Gives a copy its name, as CopyFile does; `durable` and `progress` have no effect. On an error
+    // the copy may be placed again. Fails if the folder is on another file system than the copy.
+    virtual Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,
+                         const CopyOptions& options) = 0;
 
     // Returns what the copies and new folders since the last call lack, although their file system
     // has such attributes, for example because one is too large: "user.comment: No space left on

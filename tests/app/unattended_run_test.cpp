@@ -155,11 +155,11 @@ TEST_F(UnattendedRun, FinishesItsStepAndItsLogWhenASignalAsksItToStop)
     Write({"from/a.txt=a"});
     for (const auto& [number, name] : {std::pair(SIGTERM, "SIGTERM"), std::pair(SIGINT, "SIGINT"),
                                        std::pair(SIGHUP, "SIGHUP")}) {
-        // The script sends the signal itself and ends when the signal is no longer pending, so the
-        // program has received it before the next entry.
+        // The script sends the signal itself and ends when the program has announced the stop, so
+        // before the next entry.
         Write({"ask.sh=kill -" + std::to_string(number) +
                " $PPID\n"
-               "while grep -qE '^(ShdPnd|SigPnd):.*[1-9a-f]' /proc/$PPID/status; do :; done\n"});
+               "until grep -q 'stopped by' /proc/$PPID/fd/2; do sleep 0.01; done\n"});
         WriteBatch("nightly.qrb",
                    {{Path("ask.sh"), "", DCF_SCRIPT_DOS, DCK_NAMES, 0}, CopyEntry("from", "to")});
         const ProgramResult result = Run({"nightly.qrb", "/I"});

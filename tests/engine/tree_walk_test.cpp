@@ -437,13 +437,14 @@ TEST_F(TreeWalkTest, ReadingAheadKeepsTheOrder)
     auto items = FolderItems::List(*files, **folder);
     const WalkRules rules{.list = {}, .dwFlags = kAll};
     SourceQueue queue(*files, **folder, *items, rules, policy);
-    QueuedItem item;
     for (const std::string& name : listed) {
+        PendingFile item;
         ASSERT_TRUE(*queue.Next(item));
         EXPECT_EQ(item.data.name, name);
         EXPECT_EQ(item.source->Details().name, name);
     }
-    EXPECT_FALSE(*queue.Next(item));
+    PendingFile end;
+    EXPECT_FALSE(*queue.Next(end));
 }
 
 }  // namespace

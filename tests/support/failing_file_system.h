@@ -32,6 +32,9 @@ enum class FileSystemCall {
     SetAttributes,
     OpenSource,
     CopyFile,
+    Prepare,
+    MakeDurable,
+    Place,
     DeleteFile,
     RemoveFolder,
     CreateFolder,
@@ -125,6 +128,21 @@ public:
                     const CopyOptions& options) override
     {
         return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination,
+                       Existing(destination, name), options);
+    }
+    Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
+                                                  CopyProgress* progress) override
+    {
+        return Through(Call::Prepare, &FileSystem::Prepare, source, folder, progress);
+    }
+    Status MakeDurable(std::span<PreparedCopy* const> copies) override
+    {
+        return Through(Call::MakeDurable, &FileSystem::MakeDurable, copies);
+    }
+    Status Place(PreparedCopy& copy, const Folder& destination, Name name,
+                 const CopyOptions& options) override
+    {
+        return Through(Call::Place, &FileSystem::Place, copy, destination,
                        Existing(destination, name), options);
     }
     [[nodiscard]] std::vector<std::string> TakeNotKept() override { return m_inner.TakeNotKept(); }

@@ -4,6 +4,7 @@
 #include "platform/posix/attribute_source.h"
 
 #include <linux/magic.h>
+#include <atomic>
 
 #include <cerrno>
 
@@ -74,7 +75,7 @@ private:
         return none ? std::string() : value;
     }
 
-    bool m_bSupported = true;
+    std::atomic<bool> m_bSupported = true;
 };
 
 }  // namespace

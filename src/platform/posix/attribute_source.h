@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Reads and writes the read-only, hidden, system and archive attributes as a volume stores them.
-// One thread at a time.
+// Any thread.
 
 #pragma once
 

@@ -11,8 +11,8 @@
 
 #include "platform/leftover_name.h"
 #include "platform/posix/file_metadata.h"
-#include "platform/posix/item_attributes.h"
 #include "platform/posix/item_details.h"
+#include "platform/posix/posix_prepared_copy.h"
 #include "platform/posix/rename_new.h"
 #include "platform/posix/staged_copy.h"
 #include "platform/posix/system_call.h"
@@ -22,9 +22,6 @@ namespace quorbit {
 namespace {
 
 constexpr mode_t kPermissions = 0777;
-constexpr mode_t kAllModeBits = 07777;
-constexpr mode_t kRunsAsOwner = S_ISUID | S_ISGID;
-constexpr std::uint64_t kStatBlock = 512;
 
 }  // namespace
 
@@ -79,61 +76,17 @@ Result<bool> PosixFileCopy::LinkToPlaced() const
     return true;
 }
 
-Result<bool> PosixFileCopy::CheckDestination() const
-{
-    const Result<struct stat> details = StatAt(m_destination.Descriptor(), m_strName);
-    if (!details) {
-        return details.GetError().Kind() == ErrorKind::Missing ? Result<bool>(false)
-                                                               : details.GetError();
-    }
-    if (details->st_dev == m_source.Stat().st_dev && details->st_ino == m_source.Stat().st_ino) {
-        return Error(ErrorKind::SameFile, "Source and destination are the same file");
-    }
-    if (S_ISDIR(details->st_mode)) {
-        return ErrorFromErrno(EISDIR);
-    }
-    if (m_options.mustBeMissing) {
-        return ErrorFromErrno(EEXIST);
-    }
-    if (S_ISREG(details->st_mode) && !m_options.replaceReadOnly) {
-        const Result<bool> readOnly = IsReadOnly(*details);
-        if (!readOnly) {
-            return readOnly.GetError();
-        }
-        if (*readOnly) {
-            return ErrorFromErrno(EACCES);
-        }
-    }
-    return true;
-}
-
-// Neither rename(2) nor root's write access respects a read-only file that is replaced, so check
-// explicitly.
-Result<bool> PosixFileCopy::IsReadOnly(const struct stat& details) const
-{
-    if ((details.st_mode & S_IWUSR) == 0) {
-        return true;
-    }
-    const AttributeItem item{m_destination.Descriptor(), m_strName, ItemKind::File};
-    const Result<std::uint32_t> bits =
-        ReadAttributeBits(*m_destination.Volume().attributes, item, details.st_mode);
-    if (!bits) {
-        return bits.GetError();
-    }
-    return (*bits & kAttributeReadOnly) != 0;
-}
-
 Status PosixFileCopy::CopyRegular()
 {
     const bool anonymous = m_destination.Volume().takesAnonymousFiles;
-    Status copied = CopyStaged();
+    Status copied = CopyPrepared();
     if (!copied && anonymous && !m_destination.Volume().takesAnonymousFiles) {
-        copied = CopyStaged();  // naming an anonymous file failed; retry with a named one
+        copied = CopyPrepared();  // naming an anonymous file failed; retry with a named one
     }
     return copied;
 }
 
-Status PosixFileCopy::CopyStaged()
+Status PosixFileCopy::CopyPrepared()
 {
     if (!m_options.expectMissing || !m_destination.Volume().takesAnonymousFiles) {
         // Fail before the content is copied in vain.
@@ -142,99 +95,18 @@ Status PosixFileCopy::CopyStaged()
             return replaces.GetError();
         }
     }
-    StagedCopy staged(m_destination);
-    if (Status opened = staged.Open(m_source.Stat().st_mode & kPermissions); !opened) {
-        return opened;
+    const auto copy =
+        PosixPreparedCopy::Make(m_source, m_destination, m_copier, m_options.progress);
+    if (!copy) {
+        return copy.GetError();
     }
-    if (Status copied = CopyContent(staged.Descriptor()); !copied) {
-        return copied;
-    }
-    if (Status copied = CopyMetadata(staged); !copied) {
-        return copied;
-    }
-    return Publish(staged);
-}
-
-Status PosixFileCopy::CopyContent(int to) const
-{
-    const struct stat& from = m_source.Stat();
-    TransferFacts& facts =
-        m_destination.Volume().transfersFrom[m_source.InFolder().Volume().device];
-    return m_copier.Copy({m_source.Descriptor(), to, static_cast<std::uint64_t>(from.st_size),
-                          static_cast<std::uint64_t>(from.st_blocks) * kStatBlock, facts,
-                          m_options.progress});
-}
-
-// The order matters: chown(2) clears the set-user-ID bit and file capabilities, attributes can only
-// be set while the file is writable, and every change updates the time.
-Status PosixFileCopy::CopyMetadata(const StagedCopy& staged) const
-{
-    const int to = staged.Descriptor();
-    const struct stat& from = m_source.Stat();
-    const NewFileDetails& now = staged.Details();
-    const Result<bool> owned = CopyOwnership(to, from, now.owner, now.group);
-    if (!owned) {
-        return owned.GetError();
-    }
-    const bool inheritedAcl = m_destination.HasDefaultAcl();
-    // A copy with another owner must not run with that owner's rights: drop the set-ID bits.
-    mode_t mode = from.st_mode & (*owned ? kAllModeBits : kAllModeBits & ~kRunsAsOwner);
-    const AttributeCopy how{inheritedAcl, !*owned, &mode, &m_notKept};
-    if (Status copied = CopyExtendedAttributes(m_source.Descriptor(), to, how); !copied) {
-        return copied;
-    }
-    if (mode != now.mode || inheritedAcl) {
-        if (Status set = SetMode(to, mode); !set) {
-            return set;
+    if (m_options.durable) {
+        if (Status durable = (*copy)->MakeDurable(); !durable) {
+            return durable;
         }
     }
-    if (Status copied = CopyAttributeBits(to, mode); !copied) {
-        return copied;
-    }
-    return SetModified(to, from, m_destination.Volume().keepsEvenSeconds);
-}
-
-Status PosixFileCopy::CopyAttributeBits(int to, mode_t mode) const
-{
-    AttributeSource& from = *m_source.InFolder().Volume().attributes;
-    AttributeSource& into = *m_destination.Volume().attributes;
-    if (!from.IsNative() && !into.IsNative()) {
-        return {};  // copied with the extended attributes
-    }
-    const AttributeItem item{m_source.InFolder().Descriptor(), m_source.Details().name,
-                             ItemKind::File, m_source.Descriptor()};
-    const Result<std::uint32_t> bits = ReadAttributeBits(from, item, m_source.Stat().st_mode);
-    if (!bits) {
-        return bits.GetError();
-    }
-    const AttributeItem copy{m_destination.Descriptor(), m_strName, ItemKind::File, to};
-    const Status written = WriteAttributeBits(into, copy, mode, *bits);
-    if (written) {
-        return {};
-    }
-    const Error& error = written.GetError();
-    if (IsTooLarge(error.Code())) {
-        m_notKept.push_back("The attributes of the file: " + error.Text());
-        return {};
-    }
-    const bool cannot = CannotBeKept(error.Code()) || error.Kind() == ErrorKind::NotSupported;
-    return cannot ? Status() : written;
-}
-
-Status PosixFileCopy::Publish(StagedCopy& staged) const
-{
-    const bool mustBeMissing = m_options.mustBeMissing;
-    if (mustBeMissing || (m_options.expectMissing && staged.IsAnonymous())) {
-        Status published = staged.PublishNew(m_strName);
-        if (published || mustBeMissing || published.GetError().Kind() != ErrorKind::AlreadyExists) {
-            return published;
-        }
-    }
-    const Result<bool> replaces = CheckDestination();
-    if (!replaces) {
-        return replaces.GetError();
-    }
-    return staged.PublishOver(m_strName, *replaces && !m_destination.Volume().ordersRenames);
+    m_notKept.insert(m_notKept.end(), (*copy)->NotKept().begin(), (*copy)->NotKept().end());
+    return (*copy)->Place(m_destination, m_strName, m_options);
 }
 
 // Gives an item with a temporary name in the destination folder its real name.
@@ -242,7 +114,7 @@ Status PosixFileCopy::Place(const std::string& own) const
 {
     const int folder = m_destination.Descriptor();
     if (m_options.mustBeMissing) {
-        return RenameNew(folder, own, m_strName);
+        return RenameNew({folder, own}, {folder, m_strName});
     }
     return ::renameat(folder, own.c_str(), folder, m_strName.c_str()) == 0 ? Status() : LastError();
 }

@@ -6,14 +6,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/posix/content_copier.h"
+#include "platform/posix/placement.h"
 #include "platform/posix/posix_folder.h"
 #include "platform/posix/posix_source_file.h"
 
 namespace quorbit {
-
-class StagedCopy;
 
 class PosixFileCopy {
 public:
@@ -33,18 +33,15 @@ public:
     Status Run();
 
 private:
-    // Returns true if the name exists; fails if it must not be replaced.
-    Result<bool> CheckDestination() const;
-    Result<bool> IsReadOnly(const struct stat& details) const;
-
+    [[nodiscard]] Result<bool> CheckDestination() const
+    {
+        return Placement{m_destination, m_strName, m_options, m_source.Stat().st_dev,
+                         m_source.Stat().st_ino}
+            .Check();
+    }
     Result<bool> LinkToPlaced() const;
     Status CopyRegular();
-    Status CopyStaged();
-    Status CopyContent(int to) const;
-    Status CopyMetadata(const StagedCopy& staged) const;
-    Status CopyAttributeBits(int to, mode_t mode) const;
-    Status Publish(StagedCopy& staged) const;
-
+    Status CopyPrepared();
     Status Place(const std::string& own) const;
     Status CopyUnopened();
     Status Create(const std::string& name) const;

@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <set>
 #include <utility>
 
 #include "platform/path_lookup.h"
@@ -18,6 +19,7 @@
 #include "platform/posix/leftover_sweeper.h"
 #include "platform/posix/posix_file_copy.h"
 #include "platform/posix/posix_listing.h"
+#include "platform/posix/posix_prepared_copy.h"
 #include "platform/posix/posix_source_file.h"
 #include "platform/posix/rename_new.h"
 #include "platform/posix/system_call.h"
@@ -242,6 +244,58 @@ Status PosixFileSystem::CopyFile(SourceFile& source, const Folder& destination,
         .Run();
 }
 
+Result<std::unique_ptr<PreparedCopy>> PosixFileSystem::Prepare(SourceFile& source,
+                                                               const Folder& folder,
+                                                               CopyProgress* progress)
+{
+    const auto& file = static_cast<PosixSourceFile&>(source);
+    if (file.Details().kind != ItemKind::File) {
+        return ErrorFromErrno(EINVAL);
+    }
+    // Not m_copier, since several threads may prepare copies.
+    ContentCopier copier;
+    auto copy = PosixPreparedCopy::Make(file, Own(folder), copier, progress);
+    return copy ? Result<std::unique_ptr<PreparedCopy>>(std::move(*copy)) : copy.GetError();
+}
+
+Status PosixFileSystem::MakeDurable(std::span<PreparedCopy* const> copies)
+{
+    // One syncfs(2) costs about as much as a few calls of fsync(2), but also waits for what other
+    // programs have written.
+    constexpr std::size_t kFewCopies = 8;
+    std::set<const PosixVolume*> synced;
+    for (PreparedCopy* copy : copies) {
+        auto& own = static_cast<PosixPreparedCopy&>(*copy);
+        const PosixVolume& volume = own.StagedIn().Volume();
+        if (copies.size() < kFewCopies || !volume.syncsAtOnce) {
+            if (Status durable = own.MakeDurable(); !durable) {
+                return durable;
+            }
+        } else if (synced.insert(&volume).second) {
+            const int fd = own.StagedIn().Descriptor();
+            if (RetryInterrupted([fd] { return ::syncfs(fd); }) != 0) {
+                return LastError();
+            }
+        }
+    }
+    return {};
+}
+
+Status PosixFileSystem::Place(PreparedCopy& copy, const Folder& destination,
+                              const std::string& name, const CopyOptions& options)
+{
+    if (Status checked = CheckName(name); !checked) {
+        return checked;
+    }
+    auto& own = static_cast<PosixPreparedCopy&>(copy);
+    MarkWritten(Own(destination));
+    Status placed = own.Place(Own(destination), name, options);
+    if (placed) {
+        m_notKept.insert(m_notKept.end(), own.NotKept().begin(), own.NotKept().end());
+    }
+    return placed;
+}
+
 Status PosixFileSystem::DeleteFile(const Folder& folder, const std::string& name)
 {
     if (Status checked = CheckName(name); !checked) {
@@ -360,7 +414,8 @@ Status PosixFileSystem::Rename(const Folder& folder, const std::string& name,
     if (Status checked = CheckNames(name, newName); !checked) {
         return checked;
     }
-    return RenameNew(Own(folder).Descriptor(), name, newName);
+    const int fd = Own(folder).Descriptor();
+    return RenameNew({fd, name}, {fd, newName});
 }
 
 void PosixFileSystem::SweepLeftovers(const Folder& folder)

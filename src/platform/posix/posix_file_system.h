@@ -6,6 +6,8 @@
 #pragma once
 
 #include <map>
+#include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,6 +47,12 @@ public:
     [[nodiscard]] std::size_t FetchedInVain() const override { return m_fetcher.InVain(); }
     Status CopyFile(SourceFile& source, const Folder& destination, const std::string& name,
                     const CopyOptions& options) override;
+
+    Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
+                                                  CopyProgress* progress) override;
+    Status MakeDurable(std::span<PreparedCopy* const> copies) override;
+    Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,
+                 const CopyOptions& options) override;
 
     [[nodiscard]] std::vector<std::string> TakeNotKept() override
     {

@@ -35,6 +35,7 @@ Result<std::shared_ptr<const UniqueFd>> PosixFolder::OpenForListing() const
 
 bool PosixFolder::HasDefaultAcl() const
 {
+    const std::lock_guard lock(m_mutex);
     if (!m_defaultAcl) {
         m_defaultAcl = ::fgetxattr(Descriptor(), "system.posix_acl_default", nullptr, 0) > 0;
     }
@@ -43,6 +44,7 @@ bool PosixFolder::HasDefaultAcl() const
 
 Result<NewFileDetails> PosixFolder::DetailsOfNew(int file, mode_t createdWith) const
 {
+    const std::lock_guard lock(m_mutex);
     for (const NewFileDetails& known : m_newFiles) {
         if (known.createdWith == createdWith) {
             return known;

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// An open folder with cached facts about files created in it.
+// An open folder with cached facts about files created in it. Any thread, except OpenForListing.
 
 #pragma once
 
 #include <sys/stat.h>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -51,6 +52,7 @@ private:
     PosixVolume& m_volume;
     // Caches; mutable because they do not change which folder this is.
     mutable bool m_bListed = false;
+    mutable std::mutex m_mutex;  // of the following
     mutable std::optional<bool> m_defaultAcl;
     mutable std::vector<NewFileDetails> m_newFiles;
 };

@@ -14,9 +14,10 @@
 
 namespace quorbit {
 
-Status RenameNew(int folder, const std::string& name, const std::string& newName)
+Status RenameNew(const NamedItem& from, const NamedItem& to)
 {
-    if (::renameat2(folder, name.c_str(), folder, newName.c_str(), RENAME_NOREPLACE) == 0) {
+    if (::renameat2(from.folder, from.name.c_str(), to.folder, to.name.c_str(), RENAME_NOREPLACE) ==
+        0) {
         return {};
     }
     if (errno != EINVAL && errno != ENOSYS) {
@@ -24,14 +25,26 @@ Status RenameNew(int folder, const std::string& name, const std::string& newName
     }
     // The file system does not support RENAME_NOREPLACE. Checking first leaves a race, but nothing
     // better is available.
-    const Result<struct stat> taken = StatAt(folder, newName);
+    const Result<struct stat> taken = StatAt(to.folder, to.name);
     if (taken) {
         return ErrorFromErrno(EEXIST);
     }
     if (taken.GetError().Kind() != ErrorKind::Missing) {
         return taken.GetError();
     }
-    return ::renameat(folder, name.c_str(), folder, newName.c_str()) == 0 ? Status() : LastError();
+    return ::renameat(from.folder, from.name.c_str(), to.folder, to.name.c_str()) == 0
+               ? Status()
+               : LastError();
+}
+
+Status ExchangeNames(const NamedItem& one, const NamedItem& other)
+{
+    if (::renameat2(one.folder, one.name.c_str(), other.folder, other.name.c_str(),
+                    RENAME_EXCHANGE) == 0) {
+        return {};
+    }
+    const bool cannot = errno == EINVAL || errno == ENOSYS;
+    return cannot ? Error(ErrorKind::NotSupported) : LastError();
 }
 
 }  // namespace quorbit

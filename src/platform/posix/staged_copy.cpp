@@ -11,6 +11,8 @@
 
 #include "platform/leftover_name.h"
 #include "platform/posix/file_io.h"
+#include "platform/posix/item_details.h"
+#include "platform/posix/placement.h"
 #include "platform/posix/rename_new.h"
 #include "platform/posix/system_call.h"
 
@@ -108,52 +110,58 @@ Status StagedCopy::OpenNamed()
     return ErrorFromErrno(EEXIST);
 }
 
-Status StagedCopy::LinkTo(const std::string& name)
+Status StagedCopy::LinkTo(const PosixFolder& into, const std::string& name)
 {
     PosixVolume& volume = m_folder.Volume();
-    const int folder = m_folder.Descriptor();
+    const int folder = into.Descriptor();
     if (volume.linksByDescriptor) {
         if (::linkat(m_descriptor.Get(), "", folder, name.c_str(), AT_EMPTY_PATH) == 0) {
             return {};
         }
         if (errno != ENOENT) {
-            return LinkError();
+            return LinkError(into);
         }
     }
     // AT_EMPTY_PATH may require CAP_DAC_READ_SEARCH and then fails with ENOENT. Linking through
     // /proc needs no privilege; see open(2), "O_TMPFILE".
     const std::string path = "/proc/self/fd/" + std::to_string(m_descriptor.Get());
     if (::linkat(AT_FDCWD, path.c_str(), folder, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
-        return LinkError();
+        return LinkError(into);
     }
     volume.linksByDescriptor = false;
     return {};
 }
 
 // If anonymous files cannot be linked here, remembers that for the next copies.
-Error StagedCopy::LinkError() const
+Error StagedCopy::LinkError(const PosixFolder& into) const
 {
     const Error error = LastError();
     struct stat folder = {};
     const bool folderGone = error.Code() == ENOENT &&
-                            (::fstat(m_folder.Descriptor(), &folder) != 0 || folder.st_nlink == 0);
+                            (::fstat(into.Descriptor(), &folder) != 0 || folder.st_nlink == 0);
     if (RefusesAnonymousFiles(error.Code()) && !folderGone) {
         m_folder.Volume().takesAnonymousFiles = false;
     }
     return error;
 }
 
-Status StagedCopy::Flush(bool sync)
+Status StagedCopy::MakeDurable()
 {
-    if (sync) {
-        return RetryInterrupted([this] { return ::fsync(m_descriptor.Get()); }) == 0 ? Status()
-                                                                                     : LastError();
+    // EINVAL: this file system does not support fsync(2).
+    if (RetryInterrupted([this] { return ::fsync(m_descriptor.Get()); }) != 0 && errno != EINVAL) {
+        return LastError();
     }
-    if (!m_folder.Volume().closeTells) {
+    m_bDurable = true;
+    return {};
+}
+
+// On some file systems, closing any descriptor of the file reports pending write errors. Closes a
+// duplicate, so that the lock stays held.
+Status StagedCopy::Flush()
+{
+    if (m_bDurable || !m_folder.Volume().closeTells) {
         return {};
     }
-    // On such file systems closing any descriptor of the file reports pending write errors. Close a
-    // duplicate, so that the lock stays held.
     UniqueFd other(::fcntl(m_descriptor.Get(), F_DUPFD_CLOEXEC, 0));
     if (!other.IsOpen()) {
         return LastError();
@@ -168,14 +176,15 @@ Status StagedCopy::CloseDescriptor()
     return code == 0 ? Status() : ErrorFromErrno(code);
 }
 
-Status StagedCopy::PublishNew(const std::string& name)
+Status StagedCopy::PublishNew(const PosixFolder& into, const std::string& name)
 {
-    if (Status flushed = Flush(false); !flushed) {
+    if (Status flushed = Flush(); !flushed) {
         return flushed;
     }
     // A named file is renamed, since FAT has no hard links.
-    Status placed =
-        IsAnonymous() ? LinkTo(name) : RenameNew(m_folder.Descriptor(), m_strName, name);
+    Status placed = IsAnonymous()
+                        ? LinkTo(into, name)
+                        : RenameNew({m_folder.Descriptor(), m_strName}, {into.Descriptor(), name});
     if (!placed) {
         return placed;
     }
@@ -183,27 +192,83 @@ Status StagedCopy::PublishNew(const std::string& name)
     return CloseDescriptor();
 }
 
-Status StagedCopy::PublishOver(const std::string& name, bool sync)
+// linkat(2) and renameat2(2) cannot place a file without a name over another one. Locks the file
+// first, so that no sweep deletes it.
+Status StagedCopy::GiveName()
 {
-    if (Status flushed = Flush(sync); !flushed) {
+    if (!m_strName.empty()) {
+        return {};
+    }
+    (void)LockWaiting(m_descriptor.Get());
+    std::string own = MakeLeftoverName();
+    if (Status linked = LinkTo(m_folder, own); !linked) {
+        return linked;
+    }
+    m_strName = std::move(own);
+    return {};
+}
+
+Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name,
+                               const FindData* exchangedFor)
+{
+    if (Status flushed = Flush(); !flushed) {
         return flushed;
     }
-    // linkat(2) cannot replace a file, so give an anonymous file a temporary name to rename. Lock
-    // it first, so that no sweep deletes it.
-    if (m_strName.empty()) {
-        (void)LockWaiting(m_descriptor.Get());
-        std::string own = MakeLeftoverName();
-        if (Status linked = LinkTo(own); !linked) {
-            return linked;
-        }
-        m_strName = std::move(own);
+    if (Status named = GiveName(); !named) {
+        return named;
     }
-    const int folder = m_folder.Descriptor();
-    if (::renameat(folder, m_strName.c_str(), folder, name.c_str()) != 0) {
+    if (exchangedFor != nullptr) {
+        const Status exchanged = Exchange(into, name, *exchangedFor);
+        if (exchanged || exchanged.GetError().Kind() != ErrorKind::NotSupported) {
+            return exchanged;
+        }
+    }
+    if (::renameat(m_folder.Descriptor(), m_strName.c_str(), into.Descriptor(), name.c_str()) !=
+        0) {
         return LastError();
     }
     m_strName.clear();
     return CloseDescriptor();
+}
+
+Status StagedCopy::Exchange(const PosixFolder& into, const std::string& name,
+                            const FindData& expected)
+{
+    const NamedItem own{m_folder.Descriptor(), m_strName};
+    if (const Status exchanged = ExchangeNames(own, {into.Descriptor(), name}); !exchanged) {
+        return exchanged.GetError().Kind() == ErrorKind::Missing ? Error(ErrorKind::Changed)
+                                                                 : exchanged;
+    }
+    const Result<struct stat> cameOut = StatAt(own.folder, own.name);
+    if (!cameOut || !IsSameItem(*cameOut, expected)) {
+        return PutBack(into, name);
+    }
+    (void)::unlinkat(own.folder, own.name.c_str(), 0);
+    m_strName.clear();
+    return CloseDescriptor();
+}
+
+// Returns a file of another process to its place. That process may replace the copy at the same
+// time, so what comes out may again be its file.
+Status StagedCopy::PutBack(const PosixFolder& into, const std::string& name)
+{
+    const NamedItem own{m_folder.Descriptor(), m_strName};
+    struct stat copy = {};
+    if (::fstat(m_descriptor.Get(), &copy) != 0) {
+        return LastError();
+    }
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        if (const Status exchanged = ExchangeNames(own, {into.Descriptor(), name}); !exchanged) {
+            m_strName.clear();  // the file is not ours: never delete it
+            return exchanged;
+        }
+        const Result<struct stat> cameOut = StatAt(own.folder, own.name);
+        if (cameOut && cameOut->st_dev == copy.st_dev && cameOut->st_ino == copy.st_ino) {
+            return Error(ErrorKind::Changed);
+        }
+    }
+    m_strName.clear();
+    return Error(ErrorKind::Changed);
 }
 
 }  // namespace quorbit

@@ -38,23 +38,32 @@ public:
     // Mode and ownership at creation, after umask(2) and default ACLs.
     [[nodiscard]] const NewFileDetails& Details() const { return m_details; }
 
-    // Links or renames the file to its name. AlreadyExists if the name is taken; the file can then
-    // still be published with PublishOver.
-    Status PublishNew(const std::string& name);
-    // Replaces the item with that name, if any. With sync, writes the content to the disk first.
-    Status PublishOver(const std::string& name, bool sync);
+    // Writes the content to the disk.
+    Status MakeDurable();
+    // Links or renames the file to a name in a folder of the same file system. AlreadyExists if the
+    // name is taken; the file can then still be published with PublishOver.
+    Status PublishNew(const PosixFolder& into, const std::string& name);
+    // Replaces the item with that name, if any. exchangedFor: the item that is to be replaced, or
+    // null for any. Changed, with nothing replaced, if it turns out to be another one; a file
+    // system that cannot exchange two names does not tell.
+    Status PublishOver(const PosixFolder& into, const std::string& name,
+                       const FindData* exchangedFor);
 
 private:
     Status OpenAnonymous(mode_t permissions);
     Status OpenNamed();
-    Status LinkTo(const std::string& name);
-    Error LinkError() const;
-    Status Flush(bool sync);
+    Status LinkTo(const PosixFolder& into, const std::string& name);
+    Error LinkError(const PosixFolder& into) const;
+    Status Flush();
+    Status GiveName();
+    Status Exchange(const PosixFolder& into, const std::string& name, const FindData& expected);
+    Status PutBack(const PosixFolder& into, const std::string& name);
     Status CloseDescriptor();
 
     const PosixFolder& m_folder;
     UniqueFd m_descriptor;
     std::string m_strName;  // the temporary name; empty while anonymous or published
+    bool m_bDurable = false;
     NewFileDetails m_details;
 };
 

@@ -143,7 +143,7 @@ Status TakeMetadata(int to, const Place& place, const struct stat& old)
     return SetMode(to, mode);
 }
 
-Status Fill(const StagedCopy& stage, std::string_view content, const Place& place,
+Status Fill(StagedCopy& stage, std::string_view content, const Place& place,
             const std::optional<struct stat>& old)
 {
     const int file = stage.Descriptor();
@@ -159,19 +159,14 @@ Status Fill(const StagedCopy& stage, std::string_view content, const Place& plac
     if (!taken) {
         return taken;
     }
-    // EINVAL: this file system does not support fsync(2).
-    if (RetryInterrupted([&] { return ::fsync(file); }) != 0 && errno != EINVAL) {
-        return LastError();
-    }
-    return {};
+    return stage.MakeDurable();
 }
 
 // A file that was missing and now exists was created by another process, or could not be seen
 // before. Its content is unknown, so it is not replaced.
-Status Publish(StagedCopy& stage, const std::string& name, bool replaces)
+Status Publish(StagedCopy& stage, const PosixFolder& folder, const std::string& name, bool replaces)
 {
-    // No sync: Fill() has already synced the content.
-    return replaces ? stage.PublishOver(name, false) : stage.PublishNew(name);
+    return replaces ? stage.PublishOver(folder, name, nullptr) : stage.PublishNew(folder, name);
 }
 
 enum class Existing { Replace, Refuse };
@@ -204,7 +199,7 @@ Status WriteFile(const std::string& path, std::string_view content, Existing exi
     if (Status filled = Fill(stage, content, *place, *old); !filled) {
         return filled;
     }
-    if (Status published = Publish(stage, place->name, old->has_value()); !published) {
+    if (Status published = Publish(stage, folder, place->name, old->has_value()); !published) {
         return published;
     }
     // The file has been replaced already, so an error here cannot be undone and is ignored.

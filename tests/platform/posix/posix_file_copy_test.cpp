@@ -31,15 +31,17 @@ protected:
         const auto folder = Open(Dest());
         PosixVolume& volume = VolumeOf(*folder);
         volume.takesAnonymousFiles = GetParam() != Way::Named && GetParam() != Way::NamedAndSynced;
-        volume.ordersRenames = GetParam() != Way::NamedAndSynced;
         volume.closeTells = GetParam() == Way::Named;
         volume.linksByDescriptor = GetParam() != Way::LinkedThroughProc;
         if (GetParam() == Way::Streamed) {
-            volume.transfersFrom[volume.device] = {true, true};
+            TransferFacts& facts = volume.TransfersFrom(volume.device);
+            facts.cloneRefused = true;
+            facts.rangeRefused = true;
         }
     }
-    void ExpectCopied(const CopyOptions& options = {})
+    void ExpectCopied(CopyOptions options = {})
     {
+        options.durable = GetParam() == Way::NamedAndSynced;
         for (const auto& item : std::filesystem::directory_iterator(Source())) {
             const std::string name = item.path().filename();
             const Status copied = Copy(name, options);
@@ -116,7 +118,7 @@ TEST_P(PosixFileCopyTest, CopiesASourceThatGrowsOrShrinksToItsEnd)
 {
     // A clone is atomic, so the source could not change during the copy.
     const auto folder = Open(Dest());
-    VolumeOf(*folder).transfersFrom[VolumeOf(*folder).device].cloneRefused = true;
+    VolumeOf(*folder).TransfersFrom(VolumeOf(*folder).device).cloneRefused = true;
     const std::string before = Pattern(6'000'000);
     const std::pair<std::size_t, std::string> changes[] = {
         {before.size(), std::string(700'000, 'g')}, {5'000'000, ""}, {0, ""}};

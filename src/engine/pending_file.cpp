@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/pending_file.h"
+
+#include <utility>
+
+#include "engine/transfer_decision.h"
+
+namespace quorbit {
+namespace {
+
+// Returns false if the destination could not be examined.
+bool LookAtDestination(FileSystem& files, const PendingPlace& place, PendingFile& file)
+{
+    if (!place.target || place.targetIsNew) {
+        file.look.emplace();
+        return true;
+    }
+    auto found = files.Probe(*place.target, file.data.name);
+    if (found) {
+        file.look = DestinationLook{std::move(*found)};
+    } else if (found.GetError().Kind() == ErrorKind::Missing) {
+        file.look.emplace();
+    }
+    return file.look.has_value();
+}
+
+bool WillBeCopied(const WalkRules& rules, const PendingFile& file)
+{
+    const std::optional<FindData>& existing = file.look->found;
+    if (existing && existing->kind == ItemKind::Folder) {
+        return false;
+    }
+    const TransferAction action =
+        DecideTransfer(rules.dwFlags, file.data.modified,
+                       existing ? std::optional(existing->modified) : std::nullopt);
+    return action != TransferAction::LeaveSync && action != TransferAction::LeaveBackup;
+}
+
+bool IsSimple(const FindData& details)
+{
+    return details.kind == ItemKind::File && details.links < 2 && details.size < kLongCopy;
+}
+
+void PrepareCopy(FileSystem& files, const PendingPlace& place, PendingFile& file)
+{
+    if (!file.source) {
+        auto opened = files.OpenSource(place.source, file.data, ReadAhead::No);
+        if (!opened) {
+            return;
+        }
+        file.source = std::move(*opened);
+    }
+    const FindData& details = file.source->Details();
+    // A file that changed since its details were read is decided anew in its turn.
+    if (!IsSimple(details) || details.modified != file.data.modified) {
+        return;
+    }
+    auto copy = files.Prepare(*file.source, *place.staging, nullptr);
+    if (copy) {
+        file.stagedIn = place.staging;
+        file.copy = std::move(*copy);
+        file.source.reset();
+    }
+}
+
+}  // namespace
+
+void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folder& source,
+                          PendingFile& file)
+{
+    if (file.details && !file.attributesRead && !rules.Has(DCF_NO_ATTRS)) {
+        file.details = files.ReadAttributes(source, file.data);
+    }
+    file.attributesRead = true;
+}
+
+void PrepareFile(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
+                 PendingFile& file)
+{
+    ReadFilterAttributes(files, rules, place.source, file);
+    if (!file.details || !rules.PassesFilter(file.data.attributes) || rules.Deletes() ||
+        !LookAtDestination(files, place, file) || !WillBeCopied(rules, file)) {
+        return;
+    }
+    if (place.staging && IsSimple(file.data)) {
+        PrepareCopy(files, place, file);
+    }
+}
+
+}  // namespace quorbit

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// A selected file between its listing and its turn: what was found out and made ready meanwhile.
+// Nothing in it is binding. A file whose details, destination or copy could not be made ready is
+// processed as if nobody had tried, so the same error then occurs in its turn.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "engine/walk_rules.h"
+#include "platform/file_system.h"
+
+namespace quorbit {
+
+// From this size, in bytes, a copy may take long. It is made in its turn, with progress.
+inline constexpr std::uint64_t kLongCopy = 1024 * 1024;
+
+// The item at the destination; nullopt if there was none.
+struct DestinationLook {
+    std::optional<FindData> found;
+};
+
+struct PendingFile {
+    FindData data;
+    std::unique_ptr<SourceFile> source;   // null if the file is not open
+    Status details;                       // the error if size, time or attributes could not be read
+    bool attributesRead = false;          // details includes the attributes
+    std::optional<DestinationLook> look;  // nullopt if nobody looked
+    std::shared_ptr<const Folder> stagedIn;  // contains the copy
+    std::unique_ptr<PreparedCopy> copy;      // null if it is made in the file's turn
+};
+
+// The folders of a file to prepare.
+struct PendingPlace {
+    const Folder& source;
+    std::shared_ptr<const Folder> target;   // null if it does not exist yet
+    std::shared_ptr<const Folder> staging;  // takes the copy; null if no copy is wanted
+    bool targetIsNew = false;               // and has only what this run has put there
+};
+
+// Reads the attributes of a file whose details are known, if the rules filter by them.
+void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folder& source,
+                          PendingFile& file);
+
+// Looks at the destination, and copies the file there without giving it its name, if it will be
+// copied, is small and has one name. Any thread, one file at a time.
+void PrepareFile(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
+                 PendingFile& file);
+
+}  // namespace quorbit
