@@ -42,7 +42,7 @@ using enum Setting;
 constexpr SettingInfo kTable[] = {
     Integer(OptFlags, kOptions, "OptFlags", 0, "bit 0: no error boxes during a run; bit 1: refresh the views after it"),
     Text(QrbFilePath, kOptions, "Qrb File Path", "c:\\", "folder in which File Open starts until a batch file has been used"),
-    Integer(SyncAtEnd, kOptions, "SyncAtEnd", 1, "1: a run waits for the disk before it writes its counts; 0: that is left to the system"),
+    Integer(SyncAtEnd, kOptions, "SyncAtEnd", 1, "1: a file is on the disk before it takes its place; 0: that is left to the system"),
     Integer(Setting::CodePage, kOptions, "CodePage", kDefaultCodePage, "number of the code page of texts in batch files made on Windows; 65001 is UTF-8"),
 
     Integer(FileBits, kDefaultEntry, "FileBits", 1, "flag word of a default entry"),

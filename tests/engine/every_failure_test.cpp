@@ -5,6 +5,7 @@
 // failure may lose a file, and the next run must reach the same result as a run without failures.
 
 #include <algorithm>
+#include <set>
 
 #include "engine/run_fixture.h"
 
@@ -98,7 +99,8 @@ TEST_P(EveryFailureTest, LosesNothing)
     m_reachedWithoutFailure = Reached();
 
     const Call call = GetParam().call;
-    m_bSyncAtEnd = call == Call::SyncWritten;
+    m_bSyncAtEnd = call == Call::SyncWritten || call == Call::Prepare ||
+                   call == Call::MakeDurable || call == Call::Place;
     bool happened = true;
     for (int number = 1; happened && !HasFailure(); ++number) {
         SCOPED_TRACE(number);
@@ -113,6 +115,42 @@ TEST_P(EveryFailureTest, LosesNothing)
         [&](FailingFileSystem& disk) { disk.FailAlways(call, Error(ErrorKind::AccessDenied)); });
 }
 
+using PowerCutTest = EveryFailureTest;
+
+// Files that are new or replaced have their whole content, or the next run mends them.
+TEST_P(PowerCutTest, LosesNothing)
+{
+    const auto layOut = [this] {
+        LayOut();
+        Write({"sources/sync/long=" + std::string(2'000'000, 'x')});
+    };
+    m_bSyncAtEnd = true;
+    layOut();
+    Run(Batch());
+    m_reachedWithoutFailure = Reached();
+    bool happened = true;
+    for (int number = 1; happened && !HasFailure(); ++number) {
+        SCOPED_TRACE(number);
+        layOut();
+        const RunResult cut = Run(Batch(), [&](FailingFileSystem& disk) {
+            disk.CutPowerAt(GetParam().call, number, Path("@/out"));
+        });
+        happened = cut.counters.find("error") != std::string::npos;
+        EXPECT_THAT(Reached(),
+                    IsSupersetOf({"backup/b=1", "backup/sub/a.txt=1", "backup/sub/a.txt=2"}));
+        Run(Batch());
+        // A version may have got its number before the cut, and another one after it.
+        const TreeLines reached = Reached();
+        EXPECT_EQ(std::set(reached.begin(), reached.end()),
+                  std::set(m_reachedWithoutFailure.begin(), m_reachedWithoutFailure.end()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(At, PowerCutTest,
+                         Values(Verb{"Place", Call::Place}, Verb{"CopyFile", Call::CopyFile},
+                                Verb{"Link", Call::Link}, Verb{"SyncWritten", Call::SyncWritten}),
+                         [](const auto& verb) { return verb.param.name; });
+
 constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
                            {"OpenSubfolder", Call::OpenSubfolder},
                            {"StillThere", Call::StillThere},
@@ -126,6 +164,9 @@ constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
                            {"SetAttributes", Call::SetAttributes},
                            {"OpenSource", Call::OpenSource},
                            {"CopyFile", Call::CopyFile},
+                           {"Prepare", Call::Prepare},
+                           {"MakeDurable", Call::MakeDurable},
+                           {"Place", Call::Place},
                            {"DeleteFile", Call::DeleteFile},
                            {"RemoveFolder", Call::RemoveFolder},
                            {"CreateFolder", Call::CreateFolder},

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,6 +53,7 @@ class FailingFileSystem final : public FileSystem {
 public:
     // `inner` is not owned and must outlive this object.
     explicit FailingFileSystem(FileSystem& inner) : m_inner(inner) {}
+    ~FailingFileSystem() override;
 
     // Calls of each kind are numbered from 1, starting at the construction of this object.
     void FailAt(Call call, int number, const Error& error)
@@ -63,6 +65,13 @@ public:
     void RunBefore(Call call, int number, std::function<void()> action)
     {
         m_actions[{call, number}] = std::move(action);
+    }
+    // Every call from this one on fails, as if the machine had lost its power. The destructor then
+    // empties the files below `folder` that got their names before their content was written to the
+    // disk. They keep their times.
+    void CutPowerAt(Call call, int number, const std::string& folder)
+    {
+        RunBefore(call, number, [this, folder] { m_lostBelow = folder; });
     }
     // From now on, behaves like a file system that ignores the case of names.
     void IgnoreCase() { m_bIgnoresCase = true; }
@@ -125,26 +134,12 @@ public:
     }
     [[nodiscard]] std::size_t FetchedInVain() const override { return m_inner.FetchedInVain(); }
     Status CopyFile(SourceFile& source, const Folder& destination, Name name,
-                    const CopyOptions& options) override
-    {
-        return Through(Call::CopyFile, &FileSystem::CopyFile, source, destination,
-                       Existing(destination, name), options);
-    }
+                    const CopyOptions& options) override;
     Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
-                                                  CopyProgress* progress) override
-    {
-        return Through(Call::Prepare, &FileSystem::Prepare, source, folder, progress);
-    }
-    Status MakeDurable(std::span<PreparedCopy* const> copies) override
-    {
-        return Through(Call::MakeDurable, &FileSystem::MakeDurable, copies);
-    }
+                                                  CopyProgress* progress) override;
+    Status MakeDurable(std::span<PreparedCopy* const> copies) override;
     Status Place(PreparedCopy& copy, const Folder& destination, Name name,
-                 const CopyOptions& options) override
-    {
-        return Through(Call::Place, &FileSystem::Place, copy, destination,
-                       Existing(destination, name), options);
-    }
+                 const CopyOptions& options) override;
     [[nodiscard]] std::vector<std::string> TakeNotKept() override { return m_inner.TakeNotKept(); }
     Status DeleteFile(const Folder& folder, Name name) override
     {
@@ -174,12 +169,10 @@ public:
     void SweepLeftovers(const Folder& folder) override
     {
         if (Enter(Call::SweepLeftovers)) {
-            {
-                m_inner.SweepLeftovers(folder);
-            }
+            m_inner.SweepLeftovers(folder);
         }
     }
-    Status SyncWritten() override { return Through(Call::SyncWritten, &FileSystem::SyncWritten); }
+    Status SyncWritten() override;
 
 private:
     // Forwards the call, or returns its failure instead.
@@ -188,18 +181,12 @@ private:
     {
         const Status entered = Enter(call);
         if (entered) {
-            {
-                return (m_inner.*function)(std::forward<Arguments>(arguments)...);
-            }
+            return (m_inner.*function)(std::forward<Arguments>(arguments)...);
         }
         if constexpr (std::is_same_v<Value, Status>) {
-            {
-                return entered;
-            }
+            return entered;
         } else {
-            {
-                return entered.GetError();
-            }
+            return entered.GetError();
         }
     }
 
@@ -209,7 +196,12 @@ private:
     // Returns the name of the item that a file system that ignores case would find.
     [[nodiscard]] std::string Existing(const Folder& folder, Name name);
 
+    // Remembers an item whose content is not on the disk.
+    void MarkUnwritten(const Folder& folder, Name name);
+
     FileSystem& m_inner;
+    std::string m_lostBelow;              // not empty after a power cut
+    std::set<std::uint64_t> m_unwritten;  // inodes
     bool m_bIgnoresCase = false;
     std::map<Call, int> m_counts;
     std::map<Moment, Error> m_failures;

@@ -18,6 +18,8 @@
 
 namespace quorbit {
 
+constexpr mode_t kPermissions = 0777;  // of owner, group and others
+
 // Returns true if owner and group are now those of the source. If the owner cannot be set, at least
 // sets the group. owner, group: those of the new item.
 Result<bool> CopyOwnership(int to, const struct stat& source, uid_t owner, gid_t group);

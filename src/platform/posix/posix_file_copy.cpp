@@ -19,12 +19,6 @@
 
 namespace quorbit {
 
-namespace {
-
-constexpr mode_t kPermissions = 0777;
-
-}  // namespace
-
 Status PosixFileCopy::Run()
 {
     if (m_source.Details().kind != ItemKind::File) {

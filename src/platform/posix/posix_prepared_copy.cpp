@@ -12,7 +12,6 @@ namespace quorbit {
 
 namespace {
 
-constexpr mode_t kPermissions = 0777;
 constexpr mode_t kAllModeBits = 07777;
 constexpr mode_t kRunsAsOwner = S_ISUID | S_ISGID;
 constexpr std::uint64_t kStatBlock = 512;

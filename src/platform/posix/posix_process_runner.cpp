@@ -165,9 +165,15 @@ Result<ProgramEnd> PosixProcessRunner::RunAndWait(const std::vector<std::string>
     }
     launch.errorPipe = pipe->write.Get();
     ReportEndOfChildren();
-    const pid_t child = Fork(launch);
-    if (child < 0) {
-        return LastError();
+    pid_t child = -1;
+    {
+        // A signal that arrives now waits until it can reach the child.
+        const std::lock_guard lock(m_mutex);
+        child = Fork(launch);
+        if (child < 0) {
+            return LastError();
+        }
+        m_nChild = child;
     }
     pipe->write.Close();
     int reason = 0;
@@ -181,10 +187,6 @@ Result<ProgramEnd> PosixProcessRunner::RunAndWait(const std::vector<std::string>
 
 ProgramEnd PosixProcessRunner::WaitFor(pid_t child)
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_nChild = child;
-    }
     // WNOWAIT: its number must not become that of another process while Signal() may use it.
     siginfo_t info{};
     (void)RetryInterrupted(
@@ -202,8 +204,9 @@ ProgramEnd PosixProcessRunner::WaitFor(pid_t child)
 void PosixProcessRunner::Signal(int number)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_nChild > 0) {
-        (void)::kill(-m_nChild, number);
+    // Until the child has called setsid(2), there is no group with its number.
+    if (m_nChild > 0 && ::kill(-m_nChild, number) != 0 && errno == ESRCH) {
+        (void)::kill(m_nChild, number);
     }
 }
 

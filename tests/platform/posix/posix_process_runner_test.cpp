@@ -81,7 +81,7 @@ TEST_F(PosixProcessRunnerTest, SignalsReachTheProgramAndWhatItHasStarted)
 {
     // The command substitution is a process of its own and keeps the shell waiting.
     const std::string command =
-        "trap 'echo passed >> out; exit 4' TERM; touch begun; x=$(sleep 60)";
+        "trap 'echo passed >> out; exit 4' TERM; x=$(touch begun; exec sleep 60)";
     {
         const std::jthread other([this] {
             EXPECT_TRUE(Eventually([this] { return ContentOf(Path("begun")).empty(); }));
