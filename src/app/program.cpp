@@ -3,7 +3,9 @@
 
 #include "app/program.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,6 +21,7 @@
 #include "engine/exit_code.h"
 #include "engine/run_context.h"
 #include "platform/path_text.h"
+#include "platform/standard_folders.h"
 #include "platform/standard_streams.h"
 
 namespace quorbit {
@@ -125,12 +128,21 @@ int StartUnattended(const CommandLine& line)
     return RunUnattended(line, machine, Profile(stores.profile));
 }
 
+void NameMistakes(const SettingsStores& stores)
+{
+    std::vector<std::string> mistakes = FindSettingsMistakes(stores.profile);
+    // Other errors of the machine store prevent the start and are named there.
+    if (stores.machine.State() != StoreState::Unreadable) {
+        std::ranges::move(FindSettingsMistakes(stores.machine), std::back_inserter(mistakes));
+    }
+    for (const std::string& mistake : mistakes) {
+        Complain("warning: " + mistake);
+    }
+}
+
 // /I needs a window only to show at the first start that switches are ignored.
 bool NeedsWindow(const CommandLine& line, DisplayKind display)
 {
-    for (const std::string& mistake : FindSettingsMistakes(OpenSettingsStores().profile)) {
-        std::fprintf(stderr, "quorbit: warning: %s\n", mistake.c_str());
-    }
     const bool unattended = (line.nRunMode & kRunInvisible) != 0;
     return unattended
                ? display == DisplayKind::Named && IsFirstRunAhead(OpenSettingsStores().machine)
@@ -146,6 +158,7 @@ int Start(const CommandLine& line, const WindowStart& runInWindow)
         Complain(std::string(reason) + " Run a batch file with /I.");
         return static_cast<int>(kExitNoRun);
     };
+    NameMistakes(OpenSettingsStores());
     if (NeedsWindow(line, FindDisplay())) {
         return runInWindow(line, [&withoutWindow] {
             return withoutWindow("no window can be opened on this display.");
@@ -160,6 +173,13 @@ int RunProgram(const std::vector<std::string>& arguments, const WindowStart& run
 {
     ReserveStandardStreams();
     const CommandLine line = ParseCommandLine(arguments);
+    const bool usesFolders = line.action == CommandAction::Setup ||
+                             line.action == CommandAction::Show ||
+                             line.action == CommandAction::Start;
+    if (const std::string relative = RelativeFolderVariable(); usesFolders && !relative.empty()) {
+        Complain(relative + " is not an absolute path");
+        return kExitNoRun;
+    }
     switch (line.action) {
         case CommandAction::Help:
             return Print(UsageText());

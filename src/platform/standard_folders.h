@@ -17,6 +17,10 @@ namespace quorbit {
 // The home folder of the user: $HOME if that is absolute, else that of the user database. Empty if
 // there is none.
 [[nodiscard]] std::string HomeFolder();
+// Returns the first of HOME, XDG_CONFIG_HOME and XDG_STATE_HOME whose value is a relative path, as
+// "HOME=value"; empty if there is none. The folders below ignore such a value, as XDG demands, so
+// settings and logs would silently be elsewhere.
+[[nodiscard]] std::string RelativeFolderVariable();
 // Settings: $XDG_CONFIG_HOME/quorbit, or ~/.config/quorbit by default. Empty if the user has no
 // home folder.
 [[nodiscard]] std::string ConfigFolder();

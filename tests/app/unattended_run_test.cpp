@@ -116,6 +116,10 @@ TEST_F(UnattendedRun, EndsWithTwoIfItsLogOrItsSettingsCannotBeUsed)
         {machine("[1.00]\nRun1=0\nInstall Path=" + Path("file/") + "\n"), "Not a directory"},
         {[this](ProgramCall& call) { call.environment["XDG_CONFIG_HOME"] = Path("file"); },
          "Error reading or writing from the registy."},
+        {[](ProgramCall& call) { call.environment["XDG_STATE_HOME"] = "state"; },
+         "XDG_STATE_HOME=state is not an absolute path"},
+        {[](ProgramCall& call) { call.environment["HOME"] = "."; },
+         "HOME=. is not an absolute path"},
         {[this](ProgramCall&) { fs::create_directories(Path("state/quorbit/nightly.log")); },
          "Is a directory"},
     };

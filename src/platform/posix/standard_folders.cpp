@@ -44,6 +44,17 @@ std::string HomeFolder()
     return IsAbsolute(home) ? home : HomeFromPasswd();
 }
 
+std::string RelativeFolderVariable()
+{
+    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"}) {
+        const std::string value = Environment(name);
+        if (!value.empty() && !IsAbsolute(value)) {
+            return std::string(name) + "=" + value;
+        }
+    }
+    return {};
+}
+
 namespace {
 
 // XDG Base Directory Specification 0.8: "If an implementation encounters a relative path in any of
