@@ -3,6 +3,7 @@
 
 #include "app/unattended_run.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <thread>
@@ -85,6 +86,7 @@ int RunUnattended(const CommandLine& line, MachineValues& machine, const Profile
         .drives = drives,
         .nRunMode = line.nRunMode,
         .bSyncAtEnd = profile.GetProfileInt(Setting::SyncAtEnd) != 0,
+        .nLanes = static_cast<unsigned>(std::max(0, profile.GetProfileInt(Setting::Lanes))),
         .readOptFlags =
             [&profile] {
                 return static_cast<std::uint32_t>(profile.GetProfileInt(Setting::OptFlags));

@@ -43,6 +43,7 @@ constexpr SettingInfo kTable[] = {
     Integer(OptFlags, kOptions, "OptFlags", 0, "bit 0: no error boxes during a run; bit 1: refresh the views after it"),
     Text(QrbFilePath, kOptions, "Qrb File Path", "c:\\", "folder in which File Open starts until a batch file has been used"),
     Integer(SyncAtEnd, kOptions, "SyncAtEnd", 1, "1: a file is on the disk before it takes its place; 0: that is left to the system"),
+    Integer(Setting::Lanes, kOptions, "Lanes", 0, "files that are prepared at the same time, 1 to 32; 0: as many as pay"),
     Integer(Setting::CodePage, kOptions, "CodePage", kDefaultCodePage, "number of the code page of texts in batch files made on Windows; 65001 is UTF-8"),
 
     Integer(FileBits, kDefaultEntry, "FileBits", 1, "flag word of a default entry"),

@@ -15,6 +15,7 @@ enum class Setting {
     OptFlags,
     QrbFilePath,
     SyncAtEnd,
+    Lanes,
     CodePage,
     FileBits,
     FileTypes,

@@ -48,15 +48,19 @@ enum class Outcome {
     Stale,  // the destination is not what it was when this was decided; nothing was changed
 };
 
-// True if the copy was refused because of a change of the destination.
+// True if the copy failed because of a change of the destination: of the item, or because its
+// folder was removed.
 bool IsStale(const Transfer& transfer, const Status& copied)
 {
     if (copied) {
         return false;
     }
     const ErrorKind kind = copied.GetError().Kind();
+    const Folder* folder = transfer.dest.Handle();
     return kind == ErrorKind::Changed ||
-           (kind == ErrorKind::AlreadyExists && transfer.options.mustBeMissing);
+           (kind == ErrorKind::AlreadyExists && transfer.options.mustBeMissing) ||
+           (kind == ErrorKind::Missing && folder != nullptr &&
+            !transfer.ctx.m_pFiles->StillThere(*folder));
 }
 
 ProblemSubject SubjectOf(const Transfer& transfer, RunOperation operation)

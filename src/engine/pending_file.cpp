@@ -58,6 +58,12 @@ void PrepareCopy(FileSystem& files, const PendingPlace& place, PendingFile& file
         return;
     }
     auto copy = files.Prepare(*file.source, *place.staging, nullptr);
+    if (copy && place.durable && !files.SyncsTogether(*place.staging)) {
+        PreparedCopy* const single = copy->get();
+        if (!files.MakeDurable({&single, 1})) {
+            return;
+        }
+    }
     if (copy) {
         file.stagedIn = place.staging;
         file.copy = std::move(*copy);
@@ -66,6 +72,29 @@ void PrepareCopy(FileSystem& files, const PendingPlace& place, PendingFile& file
 }
 
 }  // namespace
+
+void ReadFileDetails(FileSystem& files, const WalkRules& rules, const Folder& source,
+                     PendingFile& file, ReadAhead readAhead)
+{
+    if (!rules.CopiesAll() || file.data.kind == ItemKind::Unknown) {
+        file.details = files.ReadDetails(source, file.data);
+        return;
+    }
+    auto opened = files.OpenSource(source, file.data, readAhead);
+    if (!opened) {
+        file.details = files.ReadDetails(source, file.data);
+        return;
+    }
+    file.source = std::move(*opened);
+    const FindData& details = file.source->Details();
+    file.data.kind = details.kind;
+    file.data.size = details.size;
+    file.data.modified = details.modified;
+    file.data.modifiedNsec = details.modifiedNsec;
+    file.data.device = details.device;
+    file.data.inode = details.inode;
+    file.data.links = details.links;
+}
 
 void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folder& source,
                           PendingFile& file)

@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -25,6 +26,8 @@ struct DestinationLook {
 };
 
 struct PendingFile {
+    // False while a lane works on it. Wait for it before using the other members.
+    std::atomic<bool> ready = true;
     FindData data;
     std::unique_ptr<SourceFile> source;   // null if the file is not open
     Status details;                       // the error if size, time or attributes could not be read
@@ -40,7 +43,12 @@ struct PendingPlace {
     std::shared_ptr<const Folder> target;   // null if it does not exist yet
     std::shared_ptr<const Folder> staging;  // takes the copy; null if no copy is wanted
     bool targetIsNew = false;               // and has only what this run has put there
+    bool durable = false;                   // the copy must be on the disk before it is placed
 };
+
+// Reads size and time of a listed file. A file that will certainly be copied is opened instead.
+void ReadFileDetails(FileSystem& files, const WalkRules& rules, const Folder& source,
+                     PendingFile& file, ReadAhead readAhead);
 
 // Reads the attributes of a file whose details are known, if the rules filter by them.
 void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folder& source,

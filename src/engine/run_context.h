@@ -46,6 +46,7 @@ struct CRunContext {
     std::uint32_t m_nRunMode = 0;
     std::function<std::uint32_t()> m_readOptFlags;  // returns OptFlags; called at each error
     bool m_bSyncAtEnd = true;                       // sync the copies before writing the footer
+    unsigned m_nLanes = 1;                          // see Lanes; 0 adapts
     std::string m_strLogPath;
 
     // Changed only by the worker.

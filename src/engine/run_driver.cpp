@@ -105,7 +105,13 @@ bool IsUnreachable(CRunContext& ctx, const std::string& listSource)
     return true;
 }
 
-bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& readAhead)
+// What the entries of a run share.
+struct RunMemory {
+    Lanes& lanes;
+    ReadAheadPolicy& readAhead;
+};
+
+bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, const RunMemory& shared)
 {
     if (const Status texts = CheckTexts(entry); !texts) {
         ShowCurrentFile(ctx, entry.m_strSource, false, true);
@@ -119,7 +125,7 @@ bool ProcessEntry(CRunContext& ctx, const CDirCopy& entry, ReadAheadPolicy& read
     }
     TargetFolder dest(*ctx.m_pFiles, plan.destination);
     HardLinks hardLinks;
-    WalkMemory memory{readAhead, hardLinks};
+    WalkMemory memory{shared.lanes, shared.readAhead, hardLinks};
     return std::ranges::all_of(plan.steps, [&](const PlanStep& step) {
         return ProcessStep(ctx, plan.rules, dest, step, memory);
     });
@@ -199,11 +205,12 @@ bool CountEntries(CRunContext& ctx)
 
 bool ProcessEntries(CRunContext& ctx)
 {
+    Lanes lanes(ctx.m_nLanes);
     ReadAheadPolicy readAhead;
     const std::vector<CDirCopy>& entries = ctx.m_pDoc->m_arrEntries;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         ctx.m_nEntry = i;
-        if (g_bStopRun || !ProcessEntry(ctx, entries[i], readAhead) || g_bStopRun) {
+        if (g_bStopRun || !ProcessEntry(ctx, entries[i], {lanes, readAhead}) || g_bStopRun) {
             return false;
         }
     }

@@ -107,6 +107,7 @@ std::unique_ptr<CRunContext> MakeContext(const Batch& batch, RunSurface& surface
     pRun->m_nRunMode = services.nRunMode;
     pRun->m_readOptFlags = services.readOptFlags;
     pRun->m_bSyncAtEnd = services.bSyncAtEnd;
+    pRun->m_nLanes = services.nLanes;
     return pRun;
 }
 

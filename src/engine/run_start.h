@@ -35,7 +35,8 @@ struct RunServices {
     DriveMap drives{};
 
     std::uint32_t nRunMode = 0;  // kRunAndQuit, kRunAndStayOpen, kRunInvisible
-    bool bSyncAtEnd = true;      // sync the copies before writing the footer of the log
+    bool bSyncAtEnd = true;      // files are on the disk before they take their place
+    unsigned nLanes = 1;         // see Lanes; 0 adapts
     // Returns OptFlags (kOptSuppressErrors, kOptRefreshViews); called at each use. Called by the
     // worker, and by the user interface while no worker runs.
     Required<std::function<std::uint32_t()>> readOptFlags;

@@ -14,13 +14,7 @@ constexpr std::size_t kWindow = 128;  // names buffered while prefetching
 
 SourceQueue::SourceQueue(FileSystem& files, const Folder& folder, FolderItems& listing,
                          const WalkRules& rules, ReadAheadPolicy& policy)
-    : m_files(files),
-      m_folder(folder),
-      m_listing(listing),
-      m_rules(rules),
-      m_policy(policy),
-      m_bSurelyCopied(rules.Has(DCF_NO_ATTRS) &&
-                      !rules.Has(DCF_DELETE | DCF_SYNC | DCF_INCREMENTAL))
+    : m_files(files), m_folder(folder), m_listing(listing), m_rules(rules), m_policy(policy)
 {
 }
 
@@ -36,15 +30,12 @@ Result<bool> SourceQueue::Next(PendingFile& item)
     } else if (!ReadOne(item.data)) {
         return m_end;
     }
-    if (item.data.kind != ItemKind::Folder) {
-        Prepare(item);
-    }
     return true;
 }
 
 std::size_t SourceQueue::Window()
 {
-    if (!m_bSurelyCopied || !m_policy.Pays()) {
+    if (!m_rules.CopiesAll() || !m_policy.Pays()) {
         return 1;
     }
     m_policy.LearnFetched(m_files.FetchedInVain());
@@ -72,32 +63,13 @@ bool SourceQueue::ReadOne(FindData& data)
     return false;
 }
 
-// Completes the details of a file. Opens it if it will certainly be copied, which also reads the
-// details.
-void SourceQueue::Prepare(PendingFile& item)
+void SourceQueue::Complete(PendingFile& file)
 {
-    if (!m_bSurelyCopied || item.data.kind == ItemKind::Unknown) {
-        item.details = m_files.ReadDetails(m_folder, item.data);
-        return;
+    const ReadAhead ahead = m_rules.CopiesAll() ? m_policy.Next() : ReadAhead::No;
+    ReadFileDetails(m_files, m_rules, m_folder, file, ahead);
+    if (ahead == ReadAhead::Start && file.source) {
+        m_policy.Learn(file.source->WasCached(), m_files.FetchedInVain());
     }
-    const ReadAhead ahead = m_policy.Next();
-    auto opened = m_files.OpenSource(m_folder, item.data, ahead);
-    if (!opened) {
-        item.details = m_files.ReadDetails(m_folder, item.data);
-        return;
-    }
-    item.source = std::move(*opened);
-    if (ahead == ReadAhead::Start) {
-        m_policy.Learn(item.source->WasCached(), m_files.FetchedInVain());
-    }
-    const FindData& details = item.source->Details();
-    item.data.kind = details.kind;
-    item.data.size = details.size;
-    item.data.modified = details.modified;
-    item.data.modifiedNsec = details.modifiedNsec;
-    item.data.device = details.device;
-    item.data.inode = details.inode;
-    item.data.links = details.links;
 }
 
 }  // namespace quorbit

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Returns the items of one source folder in listing order: folders to enter, and files that the
-// entry selects. A file that will certainly be copied is returned open. If the disk is slow, reads
-// names ahead and prefetches their files in the background. The processing order stays the same,
-// and at most 128 names are buffered. Worker thread only.
+// entry selects. If the disk is slow, reads names ahead and prefetches their files in the
+// background. The processing order stays the same, and at most 128 names are buffered. Worker
+// thread only.
 
 #pragma once
 
@@ -31,19 +31,19 @@ public:
     // Sets a new object to the next item. Returns false at the end and after a stop request, and
     // the error if listing fails.
     Result<bool> Next(PendingFile& item);
+    // Reads size and time of a file, on this thread. Learns whether the disk is slow.
+    void Complete(PendingFile& file);
 
 private:
     void Fill(std::size_t window);
     bool ReadOne(FindData& data);
     [[nodiscard]] std::size_t Window();
-    void Prepare(PendingFile& item);
 
     FileSystem& m_files;
     const Folder& m_folder;
     FolderItems& m_listing;
     const WalkRules& m_rules;
     ReadAheadPolicy& m_policy;
-    bool m_bSurelyCopied;  // no later check can exclude a file
     std::deque<FindData> m_items;
     Result<bool> m_end = true;  // true until the listing ends or fails, then that result
 };

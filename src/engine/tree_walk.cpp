@@ -81,7 +81,7 @@ using PendingFilePtr = std::shared_ptr<PendingFile>;
 class ProcessWalk {
 public:
     ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target, WalkMemory& memory)
-        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory), m_queue(ctx)
+        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory), m_queue(ctx, memory.lanes)
     {
     }
 
@@ -93,8 +93,7 @@ private:
     void WalkSubfolder(const WalkFolderPtr& folder, const std::string& name);
     void WalkInto(const WalkFolderPtr& folder, const std::string& path,
                   std::unique_ptr<Folder> opened, const std::string& name);
-    void AddFile(const WalkFolderPtr& folder, PendingFilePtr file);
-    [[nodiscard]] bool PreparesCopies() const { return m_ctx.m_bSyncAtEnd && !m_rules.Deletes(); }
+    void AddFile(const WalkFolderPtr& folder, const PendingFilePtr& file, SourceQueue& queue);
 
     // The steps.
     void ReportUnlisted(const std::string& path, const Error& error);
@@ -146,7 +145,7 @@ void ProcessWalk::Walk(const WalkFolderPtr& folder)
         return;
     }
     FlushLogIfDue(m_ctx);
-    if (PreparesCopies()) {
+    if (!m_rules.Deletes()) {
         folder->target->OpenIfThere();
     }
     SourceQueue queue(*m_ctx.m_pFiles, folder->source.handle, *items, m_rules, m_memory.readAhead);
@@ -166,7 +165,7 @@ void ProcessWalk::Walk(const WalkFolderPtr& folder)
         if (file->data.kind == ItemKind::Folder) {
             WalkSubfolder(folder, file->data.name);
         } else {
-            AddFile(folder, std::move(file));
+            AddFile(folder, file, queue);
         }
     }
 }
@@ -205,9 +204,7 @@ void ProcessWalk::WalkInto(const WalkFolderPtr& folder, const std::string& path,
     }
     subfolder->ownTarget = std::make_unique<TargetFolder>(*folder->target, name);
     subfolder->target = subfolder->ownTarget.get();
-    if (PreparesCopies()) {
-        subfolder->target->OpenIfThere();
-    }
+    subfolder->target->OpenIfThere();
     m_queue.Add([this, subfolder, name] {
         TargetFolder& parent = *subfolder->parent->target;
         TargetFolder& target = *subfolder->target;
@@ -224,20 +221,38 @@ void ProcessWalk::WalkInto(const WalkFolderPtr& folder, const std::string& path,
         [this, subfolder] { KeepFolderTime(m_ctx, subfolder->source, *subfolder->target); });
 }
 
-void ProcessWalk::AddFile(const WalkFolderPtr& folder, PendingFilePtr file)
+void ProcessWalk::AddFile(const WalkFolderPtr& folder, const PendingFilePtr& file,
+                          SourceQueue& queue)
 {
-    if (PreparesCopies()) {
-        const TargetFolder& target = *folder->target;
-        PrepareFile(*m_ctx.m_pFiles, m_rules,
-                    {folder->source.handle, target.Shared(), target.Staging(), target.IsNew()},
-                    *file);
-    }
-    PendingFile& pending = *file;
-    m_queue.Add(std::move(file), [this, folder, &pending] {
+    const auto step = [this, folder, file] {
         if (!folder->target->IsGivenUp()) {
-            ProcessFile(*folder, pending);
+            ProcessFile(*folder, *file);
         }
-    });
+    };
+    FileSystem& files = *m_ctx.m_pFiles;
+    if (m_rules.Deletes()) {
+        queue.Complete(*file);
+        return m_queue.Add(step);
+    }
+    const TargetFolder& target = *folder->target;
+    // Without lanes or a group to wait for, a copy is made in its turn, as it costs the same.
+    const bool stages = m_ctx.m_bSyncAtEnd || m_memory.lanes.AreUsed();
+    const PendingPlace place{folder->source.handle, target.Shared(),
+                             stages ? target.Staging() : nullptr, target.IsNew(),
+                             m_ctx.m_bSyncAtEnd};
+    if (!m_memory.lanes.AreUsed()) {
+        const auto prepare = [&] {
+            queue.Complete(*file);
+            PrepareFile(files, m_rules, place, *file);
+        };
+        return m_queue.Add(file, prepare, step);
+    }
+    // The folder must not be closed while a lane uses it.
+    const auto prepare = [&files, &rules = m_rules, folder, place, &pending = *file] {
+        ReadFileDetails(files, rules, place.source, pending, ReadAhead::No);
+        PrepareFile(files, rules, place, pending);
+    };
+    m_queue.Add(file, prepare, step);
 }
 
 void ProcessWalk::ProcessFile(const WalkFolder& folder, PendingFile& file)

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "engine/hard_links.h"
+#include "engine/lanes.h"
 #include "engine/read_ahead_policy.h"
 #include "engine/run_context.h"
 #include "engine/step_target.h"
@@ -24,6 +25,7 @@ namespace quorbit {
 
 // What walks remember; not owned.
 struct WalkMemory {
+    Lanes& lanes;                // of the run
     ReadAheadPolicy& readAhead;  // of the run
     HardLinks& hardLinks;        // of the entry
 };

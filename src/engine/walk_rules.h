@@ -24,6 +24,11 @@ struct WalkRules {
     [[nodiscard]] bool Has(std::uint32_t flag) const { return (dwFlags & flag) != 0; }
     // True if selected files are deleted, false if they are transferred.
     [[nodiscard]] bool Deletes() const { return Has(DCF_DELETE); }
+    // True if every file that the walk takes is copied: no later check can exclude it.
+    [[nodiscard]] bool CopiesAll() const
+    {
+        return Has(DCF_NO_ATTRS) && !Has(DCF_DELETE | DCF_SYNC | DCF_INCREMENTAL);
+    }
     // Returns true if a walk processes an item: a folder to enter, or a file that the list selects.
     // An item of unknown kind is processed as a file, so that its error is reported. Unfinished
     // copies of earlier runs are skipped.

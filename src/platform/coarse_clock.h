@@ -13,4 +13,8 @@ namespace quorbit {
 // cheaper than an exact reading: CLOCK_MONOTONIC_COARSE, clock_gettime(2). Any thread.
 [[nodiscard]] std::chrono::steady_clock::time_point CoarseNow();
 
+// Returns the time for which the calling thread has used a processor: CLOCK_THREAD_CPUTIME_ID,
+// clock_gettime(2). Any thread.
+[[nodiscard]] std::chrono::nanoseconds ThreadTime();
+
 }  // namespace quorbit

@@ -89,10 +89,21 @@ protected:
         EXPECT_EQ(ReadTreeWithDetails(Path("@/sources")), sources);
     }
 
+    void FailEveryCall();
+
     TreeLines m_reachedWithoutFailure;
 };
 
 TEST_P(EveryFailureTest, LosesNothing)
+{
+    for (const unsigned lanes : {1U, 16U}) {
+        SCOPED_TRACE(lanes);
+        m_nLanes = lanes;
+        FailEveryCall();
+    }
+}
+
+void EveryFailureTest::FailEveryCall()
 {
     LayOut();
     EXPECT_EQ(Run(Batch()).counters, "copy 7 sync 1 didn't sync 1 backup 2 delete 3");
@@ -120,6 +131,7 @@ using PowerCutTest = EveryFailureTest;
 // Files that are new or replaced have their whole content, or the next run mends them.
 TEST_P(PowerCutTest, LosesNothing)
 {
+    m_nLanes = GetParam().call == Call::Place ? 16 : 1;
     const auto layOut = [this] {
         LayOut();
         Write({"sources/sync/long=" + std::string(2'000'000, 'x')});

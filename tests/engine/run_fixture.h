@@ -111,6 +111,7 @@ protected:
                                          .drives = m_drives,
                                          .nRunMode = m_nRunMode,
                                          .bSyncAtEnd = m_bSyncAtEnd,
+                                         .nLanes = m_nLanes,
                                          .readOptFlags = [this] { return m_nOptFlags; },
                                          .now = [] { return s_now; }});
         EXPECT_EQ(RunThreadProc(start.pRun.get()), 0U);
@@ -152,6 +153,7 @@ protected:
 
     std::uint32_t m_nRunMode = 0;
     std::uint32_t m_nOptFlags = 0;
+    unsigned m_nLanes = 1;
     bool m_bSyncAtEnd = false;  // syncing is slow on a busy machine
     DriveMap m_drives;
     std::vector<bool> m_answers;

@@ -57,7 +57,6 @@ TEST_F(StopTest, AStopBetweenFilesStartsNoOther)
     const std::tuple<Call, int, const char*> cases[] = {
         {Call::OpenFolder, 2, "left 3"},       // between the passes
         {Call::OpenSource, 1, "left 3"},       // before the first file is opened
-        {Call::StillThere, 1, "left 3"},       // while its folder is checked
         {Call::Probe, 3, "left 2 copy 1"},     // while the second destination is checked
         {Call::CopyFile, 2, "left 2 copy 2"},  // after the last check: it is copied
     };
@@ -115,6 +114,22 @@ TEST_F(StopTest, StopCountingLeavesBackupsOutAndKeepsACountThatWasReached)
         Run({Entry(kAll | DCF_INCREMENTAL)}, SetBefore(g_bStopCounting, Call::Next, 4));
     EXPECT_EQ(run.counters, "left 3 copy 2 backup 1");
     EXPECT_THAT(run.log, HasSubstr(Footer({.total = "2", .copy = 2, .backup = 1})));
+}
+
+TEST_F(StopTest, WhatLanesMadeReadyVanishes)
+{
+    m_nLanes = 16;
+    m_bSyncAtEnd = true;
+    for (int i = 0; i < 300; ++i) {
+        Write({"many/f" + std::to_string(i) + "=x"});
+    }
+    for (const int number : {1, 2, 40, 200}) {
+        std::filesystem::remove_all(Path("@/dest"));
+        const RunResult run =
+            Run({Entry(kAll, "@/many")}, SetBefore(g_bStopRun, Call::Place, number));
+        EXPECT_THAT(run.counters, EndsWith(" copy " + std::to_string(number)));
+        EXPECT_EQ(Tree("@/dest").size(), static_cast<std::size_t>(number));
+    }
 }
 
 TEST_F(StopTest, EntriesAreCountedAndProcessedInTheirOrder)

@@ -40,7 +40,7 @@ struct TrackedCopy final : public PreparedCopy {
 
 FailingFileSystem::~FailingFileSystem()
 {
-    if (m_lostBelow.empty()) {
+    if (!m_bPowerIsCut) {
         return;
     }
     for (const auto& item : std::filesystem::recursive_directory_iterator(m_lostBelow)) {
@@ -56,11 +56,15 @@ FailingFileSystem::~FailingFileSystem()
 
 Status FailingFileSystem::Enter(FileSystemCall call)
 {
-    const Moment moment{call, ++m_counts[call]};
+    Moment moment{call, 0};
+    {
+        const std::lock_guard lock(m_mutex);
+        moment.second = ++m_counts[call];
+    }
     if (const auto action = m_actions.find(moment); action != m_actions.end()) {
         action->second();
     }
-    if (!m_lostBelow.empty()) {
+    if (m_bPowerIsCut) {
         return Error(ErrorKind::Other);
     }
     auto failure = m_failures.find(moment);

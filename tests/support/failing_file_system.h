@@ -7,9 +7,11 @@
 
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
 #include <utility>
@@ -71,7 +73,8 @@ public:
     // disk. They keep their times.
     void CutPowerAt(Call call, int number, const std::string& folder)
     {
-        RunBefore(call, number, [this, folder] { m_lostBelow = folder; });
+        m_lostBelow = folder;
+        RunBefore(call, number, [this] { m_bPowerIsCut = true; });
     }
     // From now on, behaves like a file system that ignores the case of names.
     void IgnoreCase() { m_bIgnoresCase = true; }
@@ -138,6 +141,10 @@ public:
     Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
                                                   CopyProgress* progress) override;
     Status MakeDurable(std::span<PreparedCopy* const> copies) override;
+    [[nodiscard]] bool SyncsTogether(const Folder& folder) const override
+    {
+        return m_inner.SyncsTogether(folder);
+    }
     Status Place(PreparedCopy& copy, const Folder& destination, Name name,
                  const CopyOptions& options) override;
     [[nodiscard]] std::vector<std::string> TakeNotKept() override { return m_inner.TakeNotKept(); }
@@ -200,9 +207,11 @@ private:
     void MarkUnwritten(const Folder& folder, Name name);
 
     FileSystem& m_inner;
-    std::string m_lostBelow;              // not empty after a power cut
+    std::atomic<bool> m_bPowerIsCut = false;
+    std::string m_lostBelow;
     std::set<std::uint64_t> m_unwritten;  // inodes
     bool m_bIgnoresCase = false;
+    std::mutex m_mutex;  // of the counts
     std::map<Call, int> m_counts;
     std::map<Moment, Error> m_failures;
     std::map<Moment, std::function<void()>> m_actions;

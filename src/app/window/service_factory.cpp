@@ -122,6 +122,8 @@ ProgressServices ServiceFactory::ForRun(CMainFrame& frame, std::uint32_t nRunMod
                 .drives = drives,
                 .nRunMode = nRunMode,
                 .bSyncAtEnd = m_profile.GetProfileInt(Setting::SyncAtEnd) != 0,
+                .nLanes =
+                    static_cast<unsigned>(std::max(0, m_profile.GetProfileInt(Setting::Lanes))),
                 .readOptFlags =
                     [this] {
                         return static_cast<std::uint32_t>(

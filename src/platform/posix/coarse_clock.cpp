@@ -15,4 +15,11 @@ std::chrono::steady_clock::time_point CoarseNow()
     return std::chrono::steady_clock::time_point(since);
 }
 
+std::chrono::nanoseconds ThreadTime()
+{
+    timespec used = {};
+    (void)::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+    return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
+}
+
 }  // namespace quorbit

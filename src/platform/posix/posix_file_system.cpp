@@ -266,6 +266,9 @@ Status PosixFileSystem::MakeDurable(std::span<PreparedCopy* const> copies)
     std::set<const PosixVolume*> synced;
     for (PreparedCopy* copy : copies) {
         auto& own = static_cast<PosixPreparedCopy&>(*copy);
+        if (own.IsDurable()) {
+            continue;
+        }
         const PosixVolume& volume = own.StagedIn().Volume();
         if (copies.size() < kFewCopies || !volume.syncsAtOnce) {
             if (Status durable = own.MakeDurable(); !durable) {
@@ -279,6 +282,11 @@ Status PosixFileSystem::MakeDurable(std::span<PreparedCopy* const> copies)
         }
     }
     return {};
+}
+
+bool PosixFileSystem::SyncsTogether(const Folder& folder) const
+{
+    return Own(folder).Volume().syncsAtOnce;
 }
 
 Status PosixFileSystem::Place(PreparedCopy& copy, const Folder& destination,

@@ -51,6 +51,7 @@ public:
     Result<std::unique_ptr<PreparedCopy>> Prepare(SourceFile& source, const Folder& folder,
                                                   CopyProgress* progress) override;
     Status MakeDurable(std::span<PreparedCopy* const> copies) override;
+    [[nodiscard]] bool SyncsTogether(const Folder& folder) const override;
     Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,
                  const CopyOptions& options) override;
 

@@ -28,6 +28,7 @@ public:
 
     // Returns when the content is on the disk.
     Status MakeDurable() { return m_staged.MakeDurable(); }
+    [[nodiscard]] bool IsDurable() const { return m_staged.IsDurable(); }
     [[nodiscard]] const PosixFolder& StagedIn() const { return m_folder; }
     // Gives the copy its name. On an error it may be placed again.
     Status Place(const PosixFolder& folder, const std::string& name, const CopyOptions& options);

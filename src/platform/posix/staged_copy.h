@@ -33,6 +33,7 @@ public:
     // always has read and write access.
     Status Open(mode_t permissions);
 
+    [[nodiscard]] bool IsDurable() const { return m_bDurable; }
     [[nodiscard]] int Descriptor() const { return m_descriptor.Get(); }
     [[nodiscard]] bool IsAnonymous() const { return m_strName.empty(); }
     // Mode and ownership at creation, after umask(2) and default ACLs.

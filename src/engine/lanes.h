@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Quorbit authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Threads that make files ready ahead of their turn. At a distance, a file costs round trips, and
+// the round trips of many files pass at the same time. On a local disk, where all is in memory, the
+// calling thread does the work itself, without any cost.
+//
+// One lock guards the queue; work runs without it. Owned and called by the worker thread.
+
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace quorbit {
+
+class Lanes {
+public:
+    static constexpr unsigned kMost = 32;
+
+    // width: 1 to kMost, or 0 to adapt: more lanes the longer the work waits rather than works.
+    explicit Lanes(unsigned width);
+    // Calls Stop.
+    ~Lanes();
+    Lanes(const Lanes&) = delete;
+    Lanes& operator=(const Lanes&) = delete;
+
+    // True if Do returns before the work is done.
+    [[nodiscard]] bool AreUsed() const { return m_nWidth > 1; }
+    // Does the work, at once or on one of the lanes, in any order.
+    void Do(std::function<void()> work);
+    // Discards work that has not begun and waits for the rest.
+    void Stop();
+
+private:
+    // Of the work since the last decision.
+    struct Sample {
+        std::chrono::nanoseconds wall{};
+        std::chrono::nanoseconds processor{};
+        unsigned count = 0;
+    };
+
+    [[nodiscard]] static Sample Measure(const std::function<void()>& work);
+    void Learn(const Sample& sample);  // with the lock
+    void RunLane();
+
+    const bool m_bAdapts;
+    unsigned m_nWidth;  // worker thread only
+    unsigned m_nUntilSample = 0;
+
+    std::mutex m_mutex;  // of the following
+    std::condition_variable m_changed;
+    std::deque<std::function<void()>> m_work;
+    unsigned m_nRunning = 0;
+    unsigned m_nWanted;
+    bool m_bEnds = false;
+    Sample m_sample;
+
+    std::vector<std::thread> m_lanes;
+};
+
+}  // namespace quorbit
