@@ -20,6 +20,12 @@ enum class Work {
     DeleteFolder,   // an entry that deletes the whole folder
     Window,         // a fresh copy in the dialog, compared with an unattended one
     Memory,         // the peak memory of a fresh copy
+    // With one side at a distance of one millisecond a call:
+    DistantCopy,     // a fresh copy to it
+    DistantReplace,  // a sync to it that replaces every file
+    DistantBackup,   // a numbered backup to it of files that all changed
+    DistantSync,     // a sync to it without changes
+    DistantSource,   // a fresh copy from it
 };
 
 // The program to compare with, and the largest acceptable ratio of Quorbit's figure to its figure.

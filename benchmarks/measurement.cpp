@@ -9,11 +9,10 @@
 #include <functional>
 #include <iostream>
 
+#include "benchmarks/distant_measurement.h"
+
 namespace quorbit::bench {
 namespace {
-
-constexpr std::uint32_t kWholeTree =
-    DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES;
 
 // Benchmarks with at least this number of files keep all copies until they are complete. ext4 does
 // not reuse the inode of a deleted file for a minute or more, so creating many files after deleting
@@ -304,12 +303,8 @@ private:
     {
         std::vector<Figure> figures;
         for (const Comparison& comparison : m_comparisons) {
-            const std::vector<double>& ours = m_seconds[comparison.ours];
-            const std::vector<double>& theirs = m_seconds[comparison.theirs];
-            std::vector<double> ratios;
-            std::ranges::transform(ours, theirs, std::back_inserter(ratios), std::divides<>());
-            figures.push_back(
-                {comparison.against, Median(ours), Median(theirs), Median(ratios), comparison.bar});
+            figures.push_back(CompareRounds(comparison.against, m_seconds[comparison.ours],
+                                            m_seconds[comparison.theirs], comparison.bar));
         }
         return figures;
     }
@@ -325,8 +320,19 @@ private:
 
 }  // namespace
 
+Figure CompareRounds(const std::string& against, const std::vector<double>& ours,
+                     const std::vector<double>& theirs, double bar)
+{
+    std::vector<double> ratios;
+    std::ranges::transform(ours, theirs, std::back_inserter(ratios), std::divides<>());
+    return {against, Median(ours), Median(theirs), Median(ratios), bar};
+}
+
 BenchmarkResult Measure(const Benchmark& benchmark, const BenchFolder& folder)
 {
+    if (benchmark.work >= Work::DistantCopy) {
+        return MeasureAtDistance(benchmark, folder);
+    }
     if (benchmark.cold && !folder.CanDropCaches()) {
         return {{}, "dropping the caches needs root; not measured"};
     }

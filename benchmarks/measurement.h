@@ -29,6 +29,14 @@ struct BenchmarkResult {
     std::string skipped;
 };
 
+// Copy everything, with the folders.
+inline constexpr std::uint32_t kWholeTree =
+    DCF_NO_ATTRS | DCF_SUBFOLDERS | DCF_PRESERVE_TREE | DCF_ALL_TYPES;
+
+// Returns the medians of the seconds, or MiB, of each round.
+[[nodiscard]] Figure CompareRounds(const std::string& against, const std::vector<double>& ours,
+                                   const std::vector<double>& theirs, double bar);
+
 // Ends the process if a program fails or gives a wrong result, see GiveUp.
 [[nodiscard]] BenchmarkResult Measure(const Benchmark& benchmark, const BenchFolder& folder);
 

@@ -10,7 +10,7 @@
     build_packages=(cmake g++ libqt6svg6 ninja-build qt6-base-dev)
     test_packages=(libgmock-dev libgtest-dev)
     lint_packages=(clang-format clang-tidy)
-    bench_packages=(rsync)
+    bench_packages=(fuse3 libfuse3-dev pkgconf rclone rsync)
     package_packages=(dpkg-dev librsvg2-bin lintian)
     check_package_packages=(appstream debootstrap desktop-file-utils man-db)
     screenshot_packages=(fonts-dejavu-core imagemagick openbox pngquant qt6-gtk-platformtheme x11-utils xdotool xvfb)
