@@ -10,28 +10,16 @@ namespace {
 
 constexpr int kHighestNumber = 198;
 
-// Returns whether the name exists, or the error if that cannot be determined.
-Result<bool> Exists(FileSystem& files, const Folder& folder, const std::string& name)
+// Returns whether the source folder has the name, or the error if that cannot be determined.
+Result<bool> IsInSource(FileSystem& files, const Folder& source, const std::string& numbered)
 {
-    const auto found = files.Probe(folder, name);
+    const auto found = files.Probe(source, numbered);
     if (found) {
         return true;
     }
-    return found.GetError().Kind() == ErrorKind::Missing ? Result<bool>(false) : found.GetError();
-}
-
-Result<bool> IsInUse(FileSystem& files, const Folder& folder, const Folder& source,
-                     const std::string& numbered)
-{
-    auto inUse = Exists(files, folder, numbered);
-    if (!inUse || *inUse) {
-        return inUse;
-    }
-    inUse = Exists(files, source, numbered);
-    if (!inUse && inUse.GetError().Kind() == ErrorKind::NameTooLong) {
-        return false;  // the source cannot contain such a name
-    }
-    return inUse;
+    const ErrorKind kind = found.GetError().Kind();
+    return kind == ErrorKind::Missing || kind == ErrorKind::NameTooLong ? Result<bool>(false)
+                                                                        : found.GetError();
 }
 
 }  // namespace
@@ -51,28 +39,27 @@ Result<Rotation> RotateBackup(FileSystem& files, const Folder& folder, const std
     std::optional<Error> unsure;
     for (int number = 1; number <= kHighestNumber; ++number) {
         const std::string numbered = NumberedName(name, number);
-        const auto inUse = IsInUse(files, folder, source, numbered);
-        if (!inUse) {
-            unsure = inUse.GetError();
-            if (unsure->Kind() == ErrorKind::NameTooLong) {
-                return *unsure;  // higher numbers are not shorter
-            }
-            continue;
+        const auto isInSource = IsInSource(files, source, numbered);
+        if (!isInSource) {
+            unsure = isInSource.GetError();
         }
-        if (*inUse) {
+        if (!isInSource || *isInSource) {
             continue;
         }
         // Prefer a link to a rename: the old version keeps its plain name until the copy replaces
-        // it.
-        if (files.Link(folder, name, numbered)) {
+        // it. Neither replaces a version with that number, so it need not be looked for.
+        const Status linked = files.Link(folder, name, numbered);
+        if (linked) {
             return Rotation{Rotation::Outcome::Linked, numbered};
+        }
+        if (linked.GetError().Kind() == ErrorKind::AlreadyExists) {
+            continue;
         }
         // Some file systems have no hard links.
         const Status renamed = files.Rename(folder, name, numbered);
         if (renamed) {
             return Rotation{Rotation::Outcome::Renamed, numbered};
         }
-        // AlreadyExists: another process took the number after the probe. Try the next one.
         if (renamed.GetError().Kind() != ErrorKind::AlreadyExists) {
             return renamed.GetError();
         }

@@ -182,10 +182,8 @@ std::optional<Status> PlaceReadyCopy(const Transfer& transfer)
     CRunContext& ctx = transfer.ctx;
     Status placed =
         ctx.m_pFiles->Place(*copy, *transfer.dest.Handle(), transfer.item.name, transfer.options);
-    if (placed || !IsStale(transfer, placed)) {
-        copy.reset();
-    }
     if (!placed && !IsStale(transfer, placed)) {
+        copy.reset();
         return std::nullopt;
     }
     if (placed) {

@@ -11,8 +11,9 @@
 namespace quorbit {
 namespace {
 
-constexpr unsigned kSampleOneIn = 8;  // while the calling thread does the work
 constexpr unsigned kSamplesToDecide = 8;
+// While the calling thread does the work, and once it was decided that it does.
+constexpr unsigned kSampleOneIn = 8;
 // A shorter wait is not worth a hand-over to another thread.
 constexpr std::chrono::microseconds kWorthwhileWait{200};
 
@@ -36,22 +37,34 @@ Lanes::~Lanes()
     }
 }
 
-void Lanes::Do(std::function<void()> work)
+void Lanes::Do(const void* folder, std::function<void()> work)
 {
     if (!AreUsed()) {
-        if (!m_bAdapts || m_nUntilSample-- > 0) {
+        if (!m_bAdapts || m_nUntilSample > 0) {
+            m_nUntilSample -= m_bAdapts ? 1 : 0;
             return work();
         }
-        m_nUntilSample = kSampleOneIn - 1;
         const Sample sample = Measure(work);
         const std::lock_guard lock(m_mutex);
         Learn(sample);
+        m_nUntilSample = m_bDecided ? kSampleOneIn - 1 : 0;
         m_nWidth = m_nWanted;
         return;
     }
+    Hand(folder, {std::move(work)});
+}
+
+void Lanes::DoAside(const void* folder, std::function<void()> work)
+{
+    AreUsed() ? Hand(folder, {std::move(work), false}) : work();
+}
+
+// Leaves the work to the lanes.
+void Lanes::Hand(const void* folder, Work work)
+{
     {
         const std::lock_guard lock(m_mutex);
-        m_work.push_back(std::move(work));
+        Put(folder, std::move(work));
         m_nWidth = m_nWanted;
     }
     while (m_lanes.size() < m_nWidth) {
@@ -60,10 +73,16 @@ void Lanes::Do(std::function<void()> work)
     m_changed.notify_one();
 }
 
+void Lanes::Wait()
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_nRunning == 0 && m_waiting.empty(); });
+}
+
 void Lanes::Stop()
 {
     std::unique_lock lock(m_mutex);
-    m_work.clear();
+    m_waiting.clear();
     m_changed.wait(lock, [this] { return m_nRunning == 0; });
 }
 
@@ -84,6 +103,7 @@ void Lanes::Learn(const Sample& sample)
         return;
     }
     const Sample all = std::exchange(m_sample, {});
+    m_bDecided = true;
     if (!m_bAdapts) {
         return;
     }
@@ -94,23 +114,46 @@ void Lanes::Learn(const Sample& sample)
                     : static_cast<unsigned>(std::clamp<std::int64_t>(ratio, 1, kMost));
 }
 
+void Lanes::Put(const void* folder, Work work)
+{
+    const auto known =
+        std::find_if(m_waiting.rbegin(), m_waiting.rend(),
+                     [folder](const FolderWork& one) { return one.folder == folder; });
+    FolderWork& own =
+        known != m_waiting.rend() ? *known : m_waiting.emplace_back(FolderWork{folder, {}});
+    own.work.push_back(std::move(work));
+}
+
+Lanes::Work Lanes::Take()
+{
+    FolderWork turn = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    Work work = std::move(turn.work.front());
+    turn.work.pop_front();
+    if (!turn.work.empty()) {
+        m_waiting.push_back(std::move(turn));
+    }
+    return work;
+}
+
 void Lanes::RunLane()
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        m_changed.wait(lock, [this] { return m_bEnds || !m_work.empty(); });
+        m_changed.wait(lock, [this] { return m_bEnds || !m_waiting.empty(); });
         if (m_bEnds) {
             return;
         }
-        std::function<void()> work = std::move(m_work.front());
-        m_work.pop_front();
+        Work work = Take();
         ++m_nRunning;
         lock.unlock();
-        const Sample sample = Measure(work);
-        work = nullptr;  // may close files and folders
+        const Sample sample = Measure(work.run);
+        work.run = nullptr;  // may close files and folders
         lock.lock();
-        Learn(sample);
-        if (--m_nRunning == 0) {
+        if (work.bMeasured) {
+            Learn(sample);
+        }
+        if (--m_nRunning == 0 && m_waiting.empty()) {
             m_changed.notify_all();
         }
     }

@@ -3,7 +3,8 @@
 
 // Threads that make files ready ahead of their turn. At a distance, a file costs round trips, and
 // the round trips of many files pass at the same time. On a local disk, where all is in memory, the
-// calling thread does the work itself, without any cost.
+// calling thread does the work itself, without any cost. Lanes take turns among folders, because
+// many file systems do one look-up or change of a folder after the other.
 //
 // One lock guards the queue; work runs without it. Owned and called by the worker thread.
 
@@ -33,12 +34,25 @@ public:
 
     // True if Do returns before the work is done.
     [[nodiscard]] bool AreUsed() const { return m_nWidth > 1; }
-    // Does the work, at once or on one of the lanes, in any order.
-    void Do(std::function<void()> work);
+    // Does the work, at once or on one of the lanes, in any order. folder: what the work is mostly
+    // about; only compared.
+    void Do(const void* folder, std::function<void()> work);
+    // The same for work that tells nothing about how long files wait, such as tidying up.
+    void DoAside(const void* folder, std::function<void()> work);
+    // Returns when all work is done.
+    void Wait();
     // Discards work that has not begun and waits for the rest.
     void Stop();
 
 private:
+    struct Work {
+        std::function<void()> run;
+        bool bMeasured = true;
+    };
+    struct FolderWork {
+        const void* folder;
+        std::deque<Work> work;  // not empty
+    };
     // Of the work since the last decision.
     struct Sample {
         std::chrono::nanoseconds wall{};
@@ -47,8 +61,12 @@ private:
     };
 
     [[nodiscard]] static Sample Measure(const std::function<void()>& work);
-    void Learn(const Sample& sample);  // with the lock
+    void Hand(const void* folder, Work work);
     void RunLane();
+    // With the lock.
+    void Learn(const Sample& sample);
+    void Put(const void* folder, Work work);
+    [[nodiscard]] Work Take();
 
     const bool m_bAdapts;
     unsigned m_nWidth;  // worker thread only
@@ -56,11 +74,12 @@ private:
 
     std::mutex m_mutex;  // of the following
     std::condition_variable m_changed;
-    std::deque<std::function<void()>> m_work;
+    std::deque<FolderWork> m_waiting;  // in the order of their turns
     unsigned m_nRunning = 0;
     unsigned m_nWanted;
     bool m_bEnds = false;
     Sample m_sample;
+    bool m_bDecided = false;  // at least once
 
     std::vector<std::thread> m_lanes;
 };

@@ -43,34 +43,6 @@ bool IsSimple(const FindData& details)
     return details.kind == ItemKind::File && details.links < 2 && details.size < kLongCopy;
 }
 
-void PrepareCopy(FileSystem& files, const PendingPlace& place, PendingFile& file)
-{
-    if (!file.source) {
-        auto opened = files.OpenSource(place.source, file.data, ReadAhead::No);
-        if (!opened) {
-            return;
-        }
-        file.source = std::move(*opened);
-    }
-    const FindData& details = file.source->Details();
-    // A file that changed since its details were read is decided anew in its turn.
-    if (!IsSimple(details) || details.modified != file.data.modified) {
-        return;
-    }
-    auto copy = files.Prepare(*file.source, *place.staging, nullptr);
-    if (copy && place.durable && !files.SyncsTogether(*place.staging)) {
-        PreparedCopy* const single = copy->get();
-        if (!files.MakeDurable({&single, 1})) {
-            return;
-        }
-    }
-    if (copy) {
-        file.stagedIn = place.staging;
-        file.copy = std::move(*copy);
-        file.source.reset();
-    }
-}
-
 }  // namespace
 
 void ReadFileDetails(FileSystem& files, const WalkRules& rules, const Folder& source,
@@ -105,16 +77,44 @@ void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folde
     file.attributesRead = true;
 }
 
-void PrepareFile(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
-                 PendingFile& file)
+void LookAhead(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
+               PendingFile& file)
 {
     ReadFilterAttributes(files, rules, place.source, file);
-    if (!file.details || !rules.PassesFilter(file.data.attributes) || rules.Deletes() ||
-        !LookAtDestination(files, place, file) || !WillBeCopied(rules, file)) {
+    file.isToCopy = file.details && rules.PassesFilter(file.data.attributes) &&
+                    LookAtDestination(files, place, file) && WillBeCopied(rules, file) &&
+                    place.staging && IsSimple(file.data);
+}
+
+void CopyAhead(FileSystem& files, const PendingPlace& place, PendingFile& file)
+{
+    if (!file.source) {
+        auto opened = files.OpenSource(place.source, file.data, ReadAhead::No);
+        if (!opened) {
+            return;
+        }
+        file.source = std::move(*opened);
+    }
+    const FindData& details = file.source->Details();
+    // A file that changed since its details were read is decided anew in its turn.
+    if (!IsSimple(details) || details.modified != file.data.modified) {
         return;
     }
-    if (place.staging && IsSimple(file.data)) {
-        PrepareCopy(files, place, file);
+    const auto staging = place.stagingFolders != nullptr
+                             ? place.stagingFolders->Next(place.top, place.staging)
+                             : place.staging;
+    auto copy = files.Prepare(*file.source, *staging, nullptr);
+    if (copy && place.durable && !files.SyncsTogether(*staging)) {
+        PreparedCopy* const single = copy->get();
+        if (!files.MakeDurable({&single, 1})) {
+            return;
+        }
+        file.isDurable = true;
+    }
+    if (copy) {
+        file.stagedIn = staging;
+        file.copy = std::move(*copy);
+        file.source.reset();
     }
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+#include "engine/staging_folders.h"
 #include "engine/walk_rules.h"
 #include "platform/file_system.h"
 
@@ -33,8 +34,10 @@ struct PendingFile {
     Status details;                       // the error if size, time or attributes could not be read
     bool attributesRead = false;          // details includes the attributes
     std::optional<DestinationLook> look;  // nullopt if nobody looked
+    bool isToCopy = false;                // a copy should be made ahead
     std::shared_ptr<const Folder> stagedIn;  // contains the copy
     std::unique_ptr<PreparedCopy> copy;      // null if it is made in the file's turn
+    bool isDurable = false;                  // the copy is on the disk
 };
 
 // The folders of a file to prepare.
@@ -42,8 +45,10 @@ struct PendingPlace {
     const Folder& source;
     std::shared_ptr<const Folder> target;   // null if it does not exist yet
     std::shared_ptr<const Folder> staging;  // takes the copy; null if no copy is wanted
-    bool targetIsNew = false;               // and has only what this run has put there
-    bool durable = false;                   // the copy must be on the disk before it is placed
+    std::shared_ptr<const Folder> top;      // the destination of the entry; null if it is not open
+    StagingFolders* stagingFolders = nullptr;  // in `top`; null if they do not pay
+    bool targetIsNew = false;                  // and has only what this run has put there
+    bool durable = false;                      // the copy must be on the disk before it is placed
 };
 
 // Reads size and time of a listed file. A file that will certainly be copied is opened instead.
@@ -54,9 +59,13 @@ void ReadFileDetails(FileSystem& files, const WalkRules& rules, const Folder& so
 void ReadFilterAttributes(FileSystem& files, const WalkRules& rules, const Folder& source,
                           PendingFile& file);
 
-// Looks at the destination, and copies the file there without giving it its name, if it will be
-// copied, is small and has one name. Any thread, one file at a time.
-void PrepareFile(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
-                 PendingFile& file);
+// Looks at the destination of a file whose details were read, and decides whether a copy should be
+// made ahead: of a file that will be copied, is small and has one name. Any thread, one file at a
+// time.
+void LookAhead(FileSystem& files, const WalkRules& rules, const PendingPlace& place,
+               PendingFile& file);
+
+// Copies such a file to the destination without giving it its name. Any thread, one file at a time.
+void CopyAhead(FileSystem& files, const PendingPlace& place, PendingFile& file);
 
 }  // namespace quorbit

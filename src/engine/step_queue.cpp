@@ -15,19 +15,30 @@ void StepQueue::Add(std::function<void()> step)
     Push({nullptr, std::move(step)});
 }
 
-void StepQueue::Add(const std::shared_ptr<PendingFile>& file, std::function<void()> prepare,
+void StepQueue::Add(const void* folder, const std::shared_ptr<PendingFile>& file, AheadWork ahead,
                     std::function<void()> step)
 {
-    file->ready = false;
-    m_lanes.Do([file, prepare = std::move(prepare)] {
-        if (!g_bStopRun) {
-            prepare();
-        }
-        file->ready = true;
-        file->ready.notify_one();
-    });
     ++m_nFiles;
-    Push({file, std::move(step)});
+    Step added{file, std::move(step), folder};
+    if (m_lanes.AreUsed()) {
+        if (ahead.look) {
+            StartOnLane(added, std::move(ahead.look));
+        }
+        added.copy = std::move(ahead.copy);
+        return Push(std::move(added));
+    }
+    m_lanes.Do(folder, [&] {
+        if (ahead.look) {
+            ahead.look();
+        }
+        if (file->isToCopy) {
+            ahead.copy();
+        }
+    });
+    file->isToCopy = false;
+    added.bCounted = file->copy != nullptr;
+    m_nCopies += added.bCounted ? 1 : 0;
+    Push(std::move(added));
 }
 
 void StepQueue::Push(Step step)
@@ -36,50 +47,95 @@ void StepQueue::Push(Step step)
         m_since = CoarseNow();
     }
     m_steps.push_back(std::move(step));
+    StartCopies();
     while (!m_steps.empty() && MayRun(m_steps.front())) {
         RunFirst();
+        StartCopies();
     }
     if (IsFull()) {
         // While one half is placed, the lanes make the other half ready.
-        FinishGroup(m_lanes.AreUsed() ? kMostFiles / 2 : kMostFiles);
+        FinishGroup(m_lanes.AreUsed() ? (m_steps.size() + 1) / 2 : m_steps.size());
     }
 }
 
 bool StepQueue::MayRun(const Step& step) const
 {
-    return !step.file ||
-           (step.file->ready && (!step.file->copy || !m_ctx.m_bSyncAtEnd || g_bStopRun));
+    if (!step.file) {
+        return true;
+    }
+    if (m_nDecided == 0 || !step.file->ready) {
+        return false;
+    }
+    if (!step.file->copy || g_bStopRun) {
+        return true;
+    }
+    // If the lanes have little to do, listing more files is more urgent than placing copies.
+    const bool mayPlace = !m_lanes.AreUsed() || m_nFiles >= kMostCopiesOnLanes;
+    return mayPlace && (step.file->isDurable || !m_ctx.m_bSyncAtEnd);
+}
+
+std::size_t StepQueue::MostCopies() const
+{
+    return m_lanes.AreUsed() ? kMostCopiesOnLanes : kMostCopies;
 }
 
 bool StepQueue::IsFull() const
 {
-    return !m_steps.empty() && (m_nFiles >= kMostFiles || m_nFolders >= kMostFolders ||
-                                CoarseNow() - m_since >= kLongestWait);
+    const std::size_t next = m_lanes.AreUsed() ? kMostCopiesOnLanes : 0;
+    return !m_steps.empty() &&
+           (m_nFiles >= kMostFiles || m_nFolders >= kMostFolders ||
+            (m_nCopies >= MostCopies() && m_steps.size() >= m_nDecided + next) ||
+            CoarseNow() - m_since >= kLongestWait);
+}
+
+void StepQueue::StartOnLane(const Step& step, std::function<void()> work)
+{
+    step.file->ready = false;
+    m_lanes.Do(step.folder, [file = step.file, work = std::move(work)]() mutable {
+        if (!g_bStopRun) {
+            work();
+        }
+        work = nullptr;  // uses folders, which may be closed once the file is ready
+        file->ready = true;
+        file->ready.notify_one();
+    });
+}
+
+// Begins copies in the order of the steps, so that those that are placed first are ready first.
+void StepQueue::StartCopies()
+{
+    for (; m_nDecided < m_steps.size(); ++m_nDecided) {
+        Step& step = m_steps[m_nDecided];
+        if (!step.file) {
+            continue;
+        }
+        if (!step.file->ready || m_nCopies >= MostCopies()) {
+            return;
+        }
+        if (step.file->isToCopy) {
+            ++m_nCopies;
+            step.bCounted = true;
+            StartOnLane(step, std::move(step.copy));
+        }
+    }
 }
 
 void StepQueue::Finish()
 {
     while (!m_steps.empty()) {
-        FinishGroup(kMostFiles);
+        FinishGroup(m_steps.size());
     }
-    m_nFolders = 0;
     if (g_bStopRun) {
         m_lanes.Stop();
     }
+    m_lanes.Wait();
 }
 
-void StepQueue::FinishGroup(std::size_t mostFiles)
+void StepQueue::FinishGroup(std::size_t most)
 {
-    std::vector<PendingFile*> files;
-    std::size_t steps = 0;
-    for (; steps < m_steps.size() && files.size() < mostFiles && !g_bStopRun; ++steps) {
-        if (PendingFile* file = m_steps[steps].file.get(); file != nullptr) {
-            file->ready.wait(false);
-            files.push_back(file);
-        }
-    }
+    std::size_t steps = WaitForGroup(most);
     if (m_ctx.m_bSyncAtEnd && !g_bStopRun) {
-        MakeDurable(files);
+        MakeDurable(steps);
     }
     if (g_bStopRun) {
         m_lanes.Stop();
@@ -87,27 +143,47 @@ void StepQueue::FinishGroup(std::size_t mostFiles)
     }
     for (; steps > 0; --steps) {
         RunFirst();
+        StartCopies();
     }
-    if (m_steps.size() < kMostFolders) {
-        m_nFolders = 0;
+}
+
+// Waits until the first steps, or as many of them as the bound of copies permits, can be carried
+// out. Returns how many.
+std::size_t StepQueue::WaitForGroup(std::size_t most)
+{
+    std::size_t steps = 0;
+    for (; steps < most; ++steps) {
+        const PendingFile* file = m_steps[steps].file.get();
+        if (file == nullptr) {
+            continue;
+        }
+        file->ready.wait(false);
+        StartCopies();
+        if (g_bStopRun || m_nDecided <= steps) {
+            break;
+        }
+        file->ready.wait(false);
     }
-    m_since = CoarseNow();
+    return steps;
 }
 
 // On an error, discards the copies. Each file is then copied and written to the disk in its turn,
 // so that the error is reported for the file that it concerns.
-void StepQueue::MakeDurable(std::vector<PendingFile*>& files)
+void StepQueue::MakeDurable(std::size_t steps)
 {
-    std::erase_if(files, [](const PendingFile* file) { return !file->copy; });
     std::vector<PreparedCopy*> copies;
-    for (const PendingFile* file : files) {
-        copies.push_back(file->copy.get());
+    for (std::size_t i = 0; i < steps; ++i) {
+        if (m_steps[i].file && m_steps[i].file->copy) {
+            copies.push_back(m_steps[i].file->copy.get());
+        }
     }
     if (copies.empty() || m_ctx.m_pFiles->MakeDurable(copies)) {
         return;
     }
-    for (PendingFile* file : files) {
-        file->copy.reset();
+    for (std::size_t i = 0; i < steps; ++i) {
+        if (m_steps[i].file) {
+            m_steps[i].file->copy.reset();
+        }
     }
 }
 
@@ -116,9 +192,16 @@ void StepQueue::RunFirst()
 {
     const Step step = std::move(m_steps.front());
     m_steps.pop_front();
+    m_nDecided -= m_nDecided > 0 ? 1 : 0;
     m_nFiles -= step.file ? 1 : 0;
+    m_nCopies -= step.bCounted ? 1 : 0;
+    m_since = CoarseNow();
     if (!g_bStopRun) {
         step.run();
+    }
+    if (step.file && step.file->copy) {
+        // Deletes the file that the copy has replaced.
+        m_lanes.DoAside(step.folder, [file = step.file] { file->copy.reset(); });
     }
 }
 

@@ -11,6 +11,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <deque>
@@ -24,12 +25,22 @@
 
 namespace quorbit {
 
+// What can be done for a file ahead of its turn, on any thread.
+struct AheadWork {
+    std::function<void()> look;  // finds out whether a copy should be made; may be empty
+    std::function<void()> copy;  // makes it
+};
+
 class StepQueue {
 public:
-    // Bounds of what waits. Each copy has an open descriptor and less than kLongCopy bytes, each
-    // folder one or two descriptors.
-    static constexpr std::size_t kMostFiles = 256;
-    static constexpr std::size_t kMostFolders = 40;
+    // Bounds of what waits. Each copy has at most one open descriptor and less than kLongCopy
+    // bytes, each folder two or three descriptors.
+    static constexpr std::size_t kMostFiles = 4096;
+    static constexpr std::size_t kMostCopies = 256;
+    // On lanes, and also of the files whose copies have not begun. More copies would wait so long
+    // that the system asks for the names of their files again.
+    static constexpr std::size_t kMostCopiesOnLanes = 128;
+    static constexpr std::size_t kMostFolders = 48;
     static constexpr std::chrono::milliseconds kLongestWait{1000};
 
     // The arguments are not owned and must outlive this object.
@@ -39,11 +50,11 @@ public:
 
     // Adds a step. Carries it out at once if nothing waits.
     void Add(std::function<void()> step);
-    // Adds a file: what makes it ready, on any thread, and its step.
-    void Add(const std::shared_ptr<PendingFile>& file, std::function<void()> prepare,
+    // Adds a file with its step. folder: see Lanes::Do.
+    void Add(const void* folder, const std::shared_ptr<PendingFile>& file, AheadWork ahead,
              std::function<void()> step);
-    // Call it for each folder that waiting steps keep open.
-    void CountFolder() { ++m_nFolders; }
+    // The number of folders that waiting steps keep open. Their owners count them, on any thread.
+    [[nodiscard]] std::atomic<std::size_t>& OpenFolders() { return m_nFolders; }
     // Carries out all steps. After a stop request, discards them instead, with their copies.
     void Finish();
 
@@ -51,20 +62,29 @@ private:
     struct Step {
         std::shared_ptr<PendingFile> file;  // null for other steps
         std::function<void()> run;
+        const void* folder = nullptr;
+        std::function<void()> copy = {};  // of AheadWork
+        bool bCounted = false;            // in m_nCopies
     };
     void Push(Step step);
+    [[nodiscard]] std::size_t MostCopies() const;
     [[nodiscard]] bool IsFull() const;
     [[nodiscard]] bool MayRun(const Step& step) const;
-    void FinishGroup(std::size_t mostFiles);
-    void MakeDurable(std::vector<PendingFile*>& files);
+    void StartOnLane(const Step& step, std::function<void()> work);
+    void StartCopies();
+    void FinishGroup(std::size_t most);
+    [[nodiscard]] std::size_t WaitForGroup(std::size_t most);
+    void MakeDurable(std::size_t steps);
     void RunFirst();
 
     CRunContext& m_ctx;
     Lanes& m_lanes;
+    std::atomic<std::size_t> m_nFolders = 0;
     std::deque<Step> m_steps;
+    std::size_t m_nDecided = 0;  // of the first steps it is decided whether a copy is made ahead
     std::size_t m_nFiles = 0;
-    std::size_t m_nFolders = 0;
-    std::chrono::steady_clock::time_point m_since;  // when the first step was added
+    std::size_t m_nCopies = 0;
+    std::chrono::steady_clock::time_point m_since;  // when the first step became the first
 };
 
 }  // namespace quorbit

@@ -40,6 +40,11 @@ public:
     // The folder, or the nearest parent that is open, for copies to be placed here later; null if
     // none is open.
     [[nodiscard]] std::shared_ptr<const Folder> Staging() const;
+    // The top folder, or null if it is not open.
+    [[nodiscard]] std::shared_ptr<const Folder> Top() const
+    {
+        return m_pParent ? m_pParent->Top() : m_handle;
+    }
     // The error of the last attempt to open the folder. NotAFolder if its name is a file or a link.
     // Only if Stands() returned false.
     [[nodiscard]] const Error& WhyNotOpen() const { return m_whyNotOpen; }

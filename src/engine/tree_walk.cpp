@@ -3,6 +3,8 @@
 
 #include "engine/tree_walk.h"
 
+#include <atomic>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -61,16 +63,26 @@ bool CountListing(CRunContext& ctx, const Folder& folder, const WalkRules& rules
 
 // A source folder with its destination, for the walk and for the steps that wait.
 struct WalkFolder {
-    WalkFolder(std::string path, std::unique_ptr<Folder> opened, TargetFolder& to)
-        : handle(std::move(opened)), source{std::move(path), *handle}, target(&to)
+    // openFolders: counts this one while it exists.
+    WalkFolder(std::string path, std::unique_ptr<Folder> opened, TargetFolder& to,
+               std::atomic<std::size_t>& openFolders)
+        : handle(std::move(opened)),
+          source{std::move(path), *handle},
+          target(&to),
+          count(openFolders)
     {
+        ++count;
     }
+    ~WalkFolder() { --count; }
+    WalkFolder(const WalkFolder&) = delete;
+    WalkFolder& operator=(const WalkFolder&) = delete;
 
     std::unique_ptr<Folder> handle;
     SourceFolder source;
     std::shared_ptr<WalkFolder> parent;       // contains the parent of the target
     std::unique_ptr<TargetFolder> ownTarget;  // null if the target is that of the step
     TargetFolder* target;
+    std::atomic<std::size_t>& count;
 };
 
 using WalkFolderPtr = std::shared_ptr<WalkFolder>;
@@ -81,7 +93,12 @@ using PendingFilePtr = std::shared_ptr<PendingFile>;
 class ProcessWalk {
 public:
     ProcessWalk(CRunContext& ctx, const WalkRules& rules, StepTarget& target, WalkMemory& memory)
-        : m_ctx(ctx), m_rules(rules), m_target(target), m_memory(memory), m_queue(ctx, memory.lanes)
+        : m_ctx(ctx),
+          m_rules(rules),
+          m_target(target),
+          m_memory(memory),
+          m_staging(*ctx.m_pFiles),
+          m_queue(ctx, memory.lanes)
     {
     }
 
@@ -94,6 +111,10 @@ private:
     void WalkInto(const WalkFolderPtr& folder, const std::string& path,
                   std::unique_ptr<Folder> opened, const std::string& name);
     void AddFile(const WalkFolderPtr& folder, const PendingFilePtr& file, SourceQueue& queue);
+    [[nodiscard]] AheadWork WorkAtOnce(const PendingPlace& place, PendingFile& file,
+                                       SourceQueue& queue);
+    [[nodiscard]] AheadWork WorkOnLanes(const WalkFolderPtr& folder, const PendingPlace& place,
+                                        PendingFile& file);
 
     // The steps.
     void ReportUnlisted(const std::string& path, const Error& error);
@@ -106,7 +127,8 @@ private:
     WalkMemory& m_memory;
     std::string m_path;      // of the current file; a member to reuse its memory
     std::string m_destPath;  // its destination
-    StepQueue m_queue;       // last: its steps refer to the other members
+    StagingFolders m_staging;
+    StepQueue m_queue;  // last: its steps refer to the other members
 };
 
 bool ProcessWalk::Process(const std::string& source)
@@ -119,9 +141,11 @@ bool ProcessWalk::Process(const std::string& source)
         ReportUnlisted(source, opened.GetError());
         return true;
     }
-    const auto folder = std::make_shared<WalkFolder>(source, std::move(*opened), m_target.Folder());
+    const auto folder = std::make_shared<WalkFolder>(source, std::move(*opened), m_target.Folder(),
+                                                     m_queue.OpenFolders());
     Walk(folder);
     m_queue.Finish();
+    m_staging.Remove();
     if (m_target.MirrorsSource() && m_rules.Has(DCF_PRESERVE_TREE)) {
         KeepFolderTime(m_ctx, folder->source, *folder->target);
     }
@@ -196,9 +220,9 @@ void ProcessWalk::WalkSubfolder(const WalkFolderPtr& folder, const std::string& 
 void ProcessWalk::WalkInto(const WalkFolderPtr& folder, const std::string& path,
                            std::unique_ptr<Folder> opened, const std::string& name)
 {
-    auto subfolder = std::make_shared<WalkFolder>(path, std::move(opened), *folder->target);
+    auto subfolder = std::make_shared<WalkFolder>(path, std::move(opened), *folder->target,
+                                                  m_queue.OpenFolders());
     subfolder->parent = folder;
-    m_queue.CountFolder();
     if (m_rules.Deletes() || !m_rules.Has(DCF_PRESERVE_TREE)) {
         return Walk(subfolder);
     }
@@ -224,35 +248,65 @@ void ProcessWalk::WalkInto(const WalkFolderPtr& folder, const std::string& path,
 void ProcessWalk::AddFile(const WalkFolderPtr& folder, const PendingFilePtr& file,
                           SourceQueue& queue)
 {
-    const auto step = [this, folder, file] {
+    auto step = [this, folder, file] {
         if (!folder->target->IsGivenUp()) {
             ProcessFile(*folder, *file);
         }
     };
-    FileSystem& files = *m_ctx.m_pFiles;
     if (m_rules.Deletes()) {
         queue.Complete(*file);
-        return m_queue.Add(step);
+        return m_queue.Add(std::move(step));
     }
     const TargetFolder& target = *folder->target;
     // Without lanes or a group to wait for, a copy is made in its turn, as it costs the same.
     const bool stages = m_ctx.m_bSyncAtEnd || m_memory.lanes.AreUsed();
-    const PendingPlace place{folder->source.handle, target.Shared(),
-                             stages ? target.Staging() : nullptr, target.IsNew(),
+    const PendingPlace place{folder->source.handle,
+                             target.Shared(),
+                             stages ? target.Staging() : nullptr,
+                             target.Top(),
+                             m_memory.lanes.AreUsed() ? &m_staging : nullptr,
+                             target.IsNew(),
                              m_ctx.m_bSyncAtEnd};
-    if (!m_memory.lanes.AreUsed()) {
-        const auto prepare = [&] {
-            queue.Complete(*file);
-            PrepareFile(files, m_rules, place, *file);
-        };
-        return m_queue.Add(file, prepare, step);
+    m_queue.Add(folder.get(), file,
+                m_memory.lanes.AreUsed() ? WorkOnLanes(folder, place, *file)
+                                         : WorkAtOnce(place, *file, queue),
+                std::move(step));
+    if (stages && !place.staging) {
+        m_queue.Finish();  // creates the destination, where the next copies can be made ready
     }
-    // The folder must not be closed while a lane uses it.
-    const auto prepare = [&files, &rules = m_rules, folder, place, &pending = *file] {
-        ReadFileDetails(files, rules, place.source, pending, ReadAhead::No);
-        PrepareFile(files, rules, place, pending);
+}
+
+AheadWork ProcessWalk::WorkAtOnce(const PendingPlace& place, PendingFile& file, SourceQueue& queue)
+{
+    FileSystem& files = *m_ctx.m_pFiles;
+    return {[&files, &rules = m_rules, &queue, place, &file] {
+                queue.Complete(file);
+                LookAhead(files, rules, place, file);
+            },
+            [&files, place, &file] { CopyAhead(files, place, file); }};
+}
+
+// The folder must not be closed while a lane uses it.
+AheadWork ProcessWalk::WorkOnLanes(const WalkFolderPtr& folder, const PendingPlace& place,
+                                   PendingFile& file)
+{
+    FileSystem& files = *m_ctx.m_pFiles;
+    auto look = [&files, &rules = m_rules, folder, place, &file] {
+        ReadFileDetails(files, rules, place.source, file, ReadAhead::No);
+        LookAhead(files, rules, place, file);
     };
-    m_queue.Add(file, prepare, step);
+    auto copy = [&files, folder, place, &file] { CopyAhead(files, place, file); };
+    if (!m_rules.CopiesAll()) {
+        return {look, copy};
+    }
+    // Every file is opened, so look when there is room for another open file.
+    file.isToCopy = true;
+    return {nullptr, [look, copy, &file] {
+                look();
+                if (file.isToCopy) {
+                    copy();
+                }
+            }};
 }
 
 void ProcessWalk::ProcessFile(const WalkFolder& folder, PendingFile& file)

@@ -95,8 +95,8 @@ struct CopyOptions {
     // The item that may be replaced, as probed before. Another one is left as it is, and the result
     // is Changed.
     std::optional<FindData> replaces = std::nullopt;
-    // Looks at the replaced item again after the copy has taken its place, where the file system
-    // can exchange two names, and puts another one back.
+    // With `replaces`: where the file system can exchange two names, looks at the replaced item
+    // again after the copy has taken its place, and puts another one back.
     bool exchanges = false;
     CopyProgress* progress = nullptr;  // not owned; may be null
     // A copy of the same source file under another name. The destination becomes a hard link to it
@@ -165,6 +165,14 @@ public:
     // True if MakeDurable is much cheaper for many copies in this folder than for each by itself.
     // Any thread.
     [[nodiscard]] virtual bool SyncsTogether(const Folder& folder) const = 0;
+    // True if copies prepared in `destination` have a name until they are placed, and could as well
+    // be prepared in a staging folder in `parent`: they would get the same group and permissions.
+    // Any thread.
+    [[nodiscard]] virtual bool MayStageIn(const Folder& parent,
+                                          const Folder& destination) const = 0;
+    // Creates a folder for prepared copies. Destroying the result removes it; the copies must have
+    // been destroyed before. SweepLeftovers removes those of killed runs. Any thread.
+    virtual Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) = 0;
     // Gives a copy its name, as CopyFile does; `durable` and `progress` have no effect. On an error
     // the copy may be placed again. Fails if the folder is on another file system than the copy.
     virtual Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,

@@ -29,8 +29,8 @@ enum class ItemKind : std::uint8_t {
 struct FindData {
     std::string name;  // bytes, never "." or ".."
     ItemKind kind = ItemKind::Unknown;
-    bool leftover = false;   // an unfinished copy of an earlier run; see FileSystem::SweepLeftovers
-    std::uint64_t size = 0;  // bytes; set by ReadDetails, Probe and OpenSource
+    bool leftover = false;           // see FileSystem::SweepLeftovers
+    std::uint64_t size = 0;          // bytes; set by ReadDetails, Probe and OpenSource
     std::int64_t modified = 0;       // last-write time, seconds since 1970-01-01 UTC; set with size
     std::uint32_t modifiedNsec = 0;  // fraction of that second, in nanoseconds
     // Identify the item among those that exist at one time; set with size.

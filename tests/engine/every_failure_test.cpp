@@ -72,6 +72,9 @@ protected:
             if (GetParam().call == Call::Rename) {  // used where there are no hard links
                 disk.FailAlways(Call::Link, Error(ErrorKind::NotSupported));
             }
+            if (m_bUsesStaging) {
+                disk.UseStaging();
+            }
             failing(disk);
         });
         EXPECT_THAT(ContentOf(Path("@/out/copy/a")), AnyOf("old", "new"));
@@ -91,16 +94,24 @@ protected:
 
     void FailEveryCall();
 
+    bool m_bUsesStaging = false;
+
     TreeLines m_reachedWithoutFailure;
 };
 
 TEST_P(EveryFailureTest, LosesNothing)
 {
+    const bool needsStaging = GetParam().call == Call::CreateStagingFolder;
     for (const unsigned lanes : {1U, 16U}) {
         SCOPED_TRACE(lanes);
         m_nLanes = lanes;
-        FailEveryCall();
+        m_bUsesStaging = false;
+        if (!needsStaging) {
+            FailEveryCall();
+        }
     }
+    m_bUsesStaging = true;
+    FailEveryCall();
 }
 
 void EveryFailureTest::FailEveryCall()
@@ -176,6 +187,7 @@ constexpr Verb kVerbs[] = {{"OpenFolder", Call::OpenFolder},
                            {"SetAttributes", Call::SetAttributes},
                            {"OpenSource", Call::OpenSource},
                            {"CopyFile", Call::CopyFile},
+                           {"CreateStagingFolder", Call::CreateStagingFolder},
                            {"Prepare", Call::Prepare},
                            {"MakeDurable", Call::MakeDurable},
                            {"Place", Call::Place},

@@ -35,6 +35,7 @@ enum class FileSystemCall {
     SetAttributes,
     OpenSource,
     CopyFile,
+    CreateStagingFolder,
     Prepare,
     MakeDurable,
     Place,
@@ -78,6 +79,8 @@ public:
     }
     // From now on, behaves like a file system that ignores the case of names.
     void IgnoreCase() { m_bIgnoresCase = true; }
+    // From now on, copies are made ready in staging folders.
+    void UseStaging() { m_bUsesStaging = true; }
     [[nodiscard]] int Count(Call call) const
     {
         return m_counts.contains(call) ? m_counts.at(call) : 0;
@@ -145,6 +148,15 @@ public:
     {
         return m_inner.SyncsTogether(folder);
     }
+    // Even where copies are made ready without a name, if UseStaging() was called.
+    [[nodiscard]] bool MayStageIn(const Folder& parent, const Folder& destination) const override
+    {
+        return m_bUsesStaging || m_inner.MayStageIn(parent, destination);
+    }
+    Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) override
+    {
+        return Through(Call::CreateStagingFolder, &FileSystem::CreateStagingFolder, parent);
+    }
     Status Place(PreparedCopy& copy, const Folder& destination, Name name,
                  const CopyOptions& options) override;
     [[nodiscard]] std::vector<std::string> TakeNotKept() override { return m_inner.TakeNotKept(); }
@@ -211,6 +223,7 @@ private:
     std::string m_lostBelow;
     std::set<std::uint64_t> m_unwritten;  // inodes
     bool m_bIgnoresCase = false;
+    bool m_bUsesStaging = false;
     std::mutex m_mutex;  // of the counts
     std::map<Call, int> m_counts;
     std::map<Moment, Error> m_failures;

@@ -24,19 +24,9 @@ ItemKind KindFromMode(mode_t mode)
     }
 }
 
-namespace {
-
-void SetKind(FindData& item, mode_t mode)
-{
-    item.kind = KindFromMode(mode);
-    item.leftover = item.leftover && item.kind != ItemKind::Folder;
-}
-
-}  // namespace
-
 void FillDetails(const struct stat& details, FindData& item)
 {
-    SetKind(item, details.st_mode);
+    item.kind = KindFromMode(details.st_mode);
     item.size = static_cast<std::uint64_t>(details.st_size);
     item.modified = details.st_mtim.tv_sec;
     item.modifiedNsec = static_cast<std::uint32_t>(details.st_mtim.tv_nsec);
@@ -55,7 +45,7 @@ Status ReadDetailsAt(int folder, FindData& item)
     if (done != 0) {
         return LastError();
     }
-    SetKind(item, details.stx_mode);
+    item.kind = KindFromMode(details.stx_mode);
     item.size = details.stx_size;
     item.modified = details.stx_mtime.tv_sec;
     item.modifiedNsec = details.stx_mtime.tv_nsec;

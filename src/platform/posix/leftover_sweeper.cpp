@@ -27,23 +27,56 @@ bool IsOld(const struct stat& details)
     return details.st_ctim.tv_sec + kOldEnough < ::time(nullptr);
 }
 
+// Calls visit(name) for each leftover in a listing.
+template <class Visit>
+void ForEachLeftover(std::shared_ptr<const UniqueFd> folder, Visit visit)
+{
+    PosixListing listing(std::move(folder));
+    FindData item;
+    for (;;) {
+        const Result<bool> more = listing.Next(item);
+        if (!more || !*more) {
+            return;
+        }
+        if (item.leftover) {
+            visit(item.name);
+        }
+    }
+}
+
+// Removes a staging folder. It contains only unfinished copies.
+void RemoveStaging(int parent, const std::string& name, UniqueFd folder)
+{
+    const auto shared = std::make_shared<const UniqueFd>(std::move(folder));
+    ForEachLeftover(shared, [&shared](const std::string& copy) {
+        (void)::unlinkat(shared->Get(), copy.c_str(), 0);
+    });
+    (void)::unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+}
+
 void SweepOne(int folder, const std::string& name)
 {
     const Result<struct stat> details = StatAt(folder, name);
-    if (!details || S_ISDIR(details->st_mode)) {
+    if (!details) {
         return;
     }
+    const bool isStaging = S_ISDIR(details->st_mode);
     FileLock lock = FileLock::Unable;
-    UniqueFd file;
-    if (S_ISREG(details->st_mode)) {
-        file = UniqueFd(RetryInterrupted([&] {
+    UniqueFd item;
+    if (isStaging || S_ISREG(details->st_mode)) {
+        item = UniqueFd(RetryInterrupted([&] {
             return ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         }));
         // A running copy holds the lock, so getting it proves that its process has ended.
-        lock = file.IsOpen() ? LockNow(file.Get()) : FileLock::Unable;
+        lock = item.IsOpen() ? LockNow(item.Get()) : FileLock::Unable;
     }
-    if (lock == FileLock::Held || (lock == FileLock::Unable && IsOld(*details))) {
+    if (lock == FileLock::Busy || (lock == FileLock::Unable && !IsOld(*details))) {
+        return;
+    }
+    if (!isStaging) {
         (void)::unlinkat(folder, name.c_str(), 0);
+    } else if (item.IsOpen()) {
+        RemoveStaging(folder, name, std::move(item));
     }
 }
 
@@ -52,19 +85,10 @@ void SweepOne(int folder, const std::string& name)
 void SweepLeftovers(const PosixFolder& folder)
 {
     Result<std::shared_ptr<const UniqueFd>> descriptor = folder.OpenForListing();
-    if (!descriptor) {
-        return;
-    }
-    PosixListing listing(std::move(*descriptor));
-    FindData item;
-    for (;;) {
-        const Result<bool> more = listing.Next(item);
-        if (!more || !*more) {
-            return;
-        }
-        if (item.leftover) {
-            SweepOne(folder.Descriptor(), item.name);
-        }
+    if (descriptor) {
+        ForEachLeftover(std::move(*descriptor), [&folder](const std::string& name) {
+            SweepOne(folder.Descriptor(), name);
+        });
     }
 }
 

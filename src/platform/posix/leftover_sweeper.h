@@ -10,8 +10,9 @@
 namespace quorbit {
 
 // Deletes the items with a name of our pattern (see leftover_name.h) that no running process has
-// locked. Items that cannot be locked (links, special files, files on file systems without
-// flock(2)) are deleted when they are a day old. Folders are never deleted. Errors are ignored.
+// locked, and of such folders what has a name of our pattern; a folder that then is not empty
+// stays. Items that cannot be locked (links, special files, everything on file systems without
+// flock(2)) are deleted when they are a day old. Errors are ignored.
 void SweepLeftovers(const PosixFolder& folder);
 
 }  // namespace quorbit

@@ -21,6 +21,7 @@
 #include "platform/posix/posix_listing.h"
 #include "platform/posix/posix_prepared_copy.h"
 #include "platform/posix/posix_source_file.h"
+#include "platform/posix/posix_staging_folder.h"
 #include "platform/posix/rename_new.h"
 #include "platform/posix/system_call.h"
 
@@ -89,8 +90,8 @@ Result<std::unique_ptr<Folder>> PosixFileSystem::MakeFolder(UniqueFd descriptor)
         return LastError();
     }
     PosixVolume& volume = m_volumes.Of(details.st_dev, descriptor.Get());
-    return std::unique_ptr<Folder>(std::make_unique<PosixFolder>(
-        std::move(descriptor), FolderIdentity{details.st_dev, details.st_ino}, volume));
+    return std::unique_ptr<Folder>(
+        std::make_unique<PosixFolder>(std::move(descriptor), details, volume));
 }
 
 Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path)
@@ -287,6 +288,19 @@ Status PosixFileSystem::MakeDurable(std::span<PreparedCopy* const> copies)
 bool PosixFileSystem::SyncsTogether(const Folder& folder) const
 {
     return Own(folder).Volume().syncsAtOnce;
+}
+
+bool PosixFileSystem::MayStageIn(const Folder& parent, const Folder& destination) const
+{
+    const PosixFolder& one = Own(parent);
+    const PosixFolder& other = Own(destination);
+    return &one.Volume() == &other.Volume() && !one.Volume().takesAnonymousFiles &&
+           one.GroupOfNew() == other.GroupOfNew() && !one.HasDefaultAcl() && !other.HasDefaultAcl();
+}
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::CreateStagingFolder(const Folder& parent)
+{
+    return PosixStagingFolder::Create(Own(parent));
 }
 
 Status PosixFileSystem::Place(PreparedCopy& copy, const Folder& destination,

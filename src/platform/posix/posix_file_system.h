@@ -52,6 +52,8 @@ public:
                                                   CopyProgress* progress) override;
     Status MakeDurable(std::span<PreparedCopy* const> copies) override;
     [[nodiscard]] bool SyncsTogether(const Folder& folder) const override;
+    [[nodiscard]] bool MayStageIn(const Folder& parent, const Folder& destination) const override;
+    Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) override;
     Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,
                  const CopyOptions& options) override;
 

@@ -12,9 +12,10 @@
 
 namespace quorbit {
 
-PosixFolder::PosixFolder(UniqueFd descriptor, FolderIdentity identity, PosixVolume& volume)
+PosixFolder::PosixFolder(UniqueFd descriptor, const struct stat& details, PosixVolume& volume)
     : m_descriptor(std::make_shared<const UniqueFd>(std::move(descriptor))),
-      m_identity(identity),
+      m_identity{details.st_dev, details.st_ino},
+      m_groupOfNew((details.st_mode & S_ISGID) != 0 ? std::optional(details.st_gid) : std::nullopt),
       m_volume(volume)
 {
 }

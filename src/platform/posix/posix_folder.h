@@ -26,10 +26,11 @@ struct NewFileDetails {
     gid_t group = 0;
 };
 
-class PosixFolder final : public Folder {
+class PosixFolder : public Folder {
 public:
     // descriptor: open for reading, at the start of the folder. volume must outlive this object.
-    PosixFolder(UniqueFd descriptor, FolderIdentity identity, PosixVolume& volume);
+    // details: of this folder.
+    PosixFolder(UniqueFd descriptor, const struct stat& details, PosixVolume& volume);
 
     [[nodiscard]] FolderIdentity Identity() const override { return m_identity; }
     [[nodiscard]] int Descriptor() const { return m_descriptor->Get(); }
@@ -40,6 +41,10 @@ public:
     // folder's own, which saves an open(2); later calls open another one.
     Result<std::shared_ptr<const UniqueFd>> OpenForListing() const;
 
+    // True for a folder that no other user can enter and that is locked while it is in use.
+    [[nodiscard]] virtual bool IsPrivate() const { return false; }
+    // The group that new items inherit from this folder, if they do; see inode(7), S_ISGID.
+    [[nodiscard]] std::optional<gid_t> GroupOfNew() const { return m_groupOfNew; }
     // Returns true if new items inherit an ACL from this folder; see acl(5).
     bool HasDefaultAcl() const;
     // Returns mode and ownership of `file`, which was just created in this folder with that mode.
@@ -49,6 +54,7 @@ public:
 private:
     std::shared_ptr<const UniqueFd> m_descriptor;
     FolderIdentity m_identity;
+    std::optional<gid_t> m_groupOfNew;
     PosixVolume& m_volume;
     // Caches; mutable because they do not change which folder this is.
     mutable bool m_bListed = false;

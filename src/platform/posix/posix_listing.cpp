@@ -86,7 +86,7 @@ Result<bool> PosixListing::Next(FindData& item)
         }
         item.name = name;
         item.kind = KindFromType(static_cast<unsigned char>(record[offsetof(dirent64, d_type)]));
-        item.leftover = item.kind != ItemKind::Folder && IsLeftoverName(name);
+        item.leftover = IsLeftoverName(name);
         item.size = 0;
         item.modified = 0;
         item.modifiedNsec = 0;

@@ -112,18 +112,27 @@ Status PosixPreparedCopy::Place(const PosixFolder& folder, const std::string& na
 {
     const Placement placement{folder, name, options, m_sourceDevice, m_sourceInode};
     const bool mustBeMissing = options.mustBeMissing;
-    if (mustBeMissing || (options.expectMissing && m_staged.IsAnonymous())) {
+    if (mustBeMissing || options.expectMissing) {
         Status published = m_staged.PublishNew(folder, name);
         if (published || mustBeMissing || published.GetError().Kind() != ErrorKind::AlreadyExists) {
             return published;
         }
     }
-    const Result<bool> replaces = placement.Check();
-    if (!replaces) {
-        return replaces.GetError();
+    // Exchanging the names checks more than a look before could.
+    if (options.exchanges && options.replaceReadOnly && IsOther(*options.replaces)) {
+        const Status exchanged = m_staged.PublishFor(folder, name, *options.replaces);
+        if (exchanged || exchanged.GetError().Kind() != ErrorKind::NotSupported) {
+            return exchanged;
+        }
     }
-    const bool exchanges = options.exchanges && options.replaces && *replaces;
-    return m_staged.PublishOver(folder, name, exchanges ? &*options.replaces : nullptr);
+    const Result<bool> replaces = placement.Check();
+    return replaces ? m_staged.PublishOver(folder, name) : replaces.GetError();
+}
+
+// True for an item that is not the source itself.
+bool PosixPreparedCopy::IsOther(const FindData& item) const
+{
+    return item.device != m_sourceDevice || item.inode != m_sourceInode;
 }
 
 }  // namespace quorbit

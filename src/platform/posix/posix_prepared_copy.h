@@ -40,6 +40,7 @@ private:
 
     Status Fill(const PosixSourceFile& source, ContentCopier& copier, CopyProgress* progress);
     Status CopyMetadata(const PosixSourceFile& source);
+    [[nodiscard]] bool IsOther(const FindData& item) const;
     Status CopyAttributeBits(const PosixSourceFile& source, mode_t mode);
 
     const PosixFolder& m_folder;

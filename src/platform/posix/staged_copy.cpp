@@ -55,7 +55,7 @@ Status StagedCopy::Open(mode_t permissions)
         }
         volume.takesAnonymousFiles = code == ENOENT || code == EPERM;
     }
-    return OpenNamed();
+    return OpenNamed(permissions);
 }
 
 Status StagedCopy::OpenAnonymous(mode_t permissions)
@@ -67,7 +67,12 @@ Status StagedCopy::OpenAnonymous(mode_t permissions)
     if (!m_descriptor.IsOpen()) {
         return LastError();
     }
-    const Result<NewFileDetails> details = m_folder.DetailsOfNew(m_descriptor.Get(), mode);
+    return ReadDetailsOfNew(mode);
+}
+
+Status StagedCopy::ReadDetailsOfNew(mode_t createdWith)
+{
+    const Result<NewFileDetails> details = m_folder.DetailsOfNew(m_descriptor.Get(), createdWith);
     if (!details) {
         return details.GetError();
     }
@@ -75,16 +80,17 @@ Status StagedCopy::OpenAnonymous(mode_t permissions)
     return {};
 }
 
-Status StagedCopy::OpenNamed()
+Status StagedCopy::OpenNamed(mode_t permissions)
 {
+    // Outside a private folder, others can open this file by its name, so allow no access until
+    // owner and permissions are set.
+    const bool isPrivate = m_folder.IsPrivate();
+    const mode_t mode = (isPrivate ? permissions : 0) | S_IRUSR | S_IWUSR;
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         std::string name = MakeLeftoverName();
-        // Others can open this file by its name, so allow no access until owner and permissions are
-        // set.
         m_descriptor = UniqueFd(RetryInterrupted([&] {
             return ::openat(m_folder.Descriptor(), name.c_str(),
-                            O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                            S_IRUSR | S_IWUSR);
+                            O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         }));
         if (!m_descriptor.IsOpen()) {
             if (errno == EEXIST) {
@@ -93,6 +99,9 @@ Status StagedCopy::OpenNamed()
             return LastError();
         }
         m_strName = std::move(name);
+        if (isPrivate) {
+            return ReadDetailsOfNew(mode);
+        }
         // A sweep by another run may have deleted the file before it was locked. Try again with a
         // new name.
         (void)LockWaiting(m_descriptor.Get());
@@ -101,8 +110,7 @@ Status StagedCopy::OpenNamed()
             return LastError();
         }
         if (details.st_nlink > 0) {
-            m_details = {S_IRUSR | S_IWUSR, details.st_mode & 07777U, details.st_uid,
-                         details.st_gid};
+            m_details = {mode, details.st_mode & 07777U, details.st_uid, details.st_gid};
             return {};
         }
         m_strName.clear();
@@ -152,7 +160,21 @@ Status StagedCopy::MakeDurable()
         return LastError();
     }
     m_bDurable = true;
-    return {};
+    // Closing asks some servers, so do it here, where other copies do not wait for it. In other
+    // folders an open file holds the lock.
+    return m_folder.IsPrivate() && !IsAnonymous() ? CloseWritten() : Status();
+}
+
+Status StagedCopy::CloseWritten()
+{
+    if (::fstat(m_descriptor.Get(), &m_closed) != 0) {
+        return LastError();
+    }
+    // The new file has made what the system knows about the folder stale. Ask here, too: renaming
+    // the file would.
+    struct stat folder = {};
+    (void)::fstat(m_folder.Descriptor(), &folder);
+    return CloseDescriptor();
 }
 
 // On some file systems, closing any descriptor of the file reports pending write errors. Closes a
@@ -208,20 +230,13 @@ Status StagedCopy::GiveName()
     return {};
 }
 
-Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name,
-                               const FindData* exchangedFor)
+Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name)
 {
     if (Status flushed = Flush(); !flushed) {
         return flushed;
     }
     if (Status named = GiveName(); !named) {
         return named;
-    }
-    if (exchangedFor != nullptr) {
-        const Status exchanged = Exchange(into, name, *exchangedFor);
-        if (exchanged || exchanged.GetError().Kind() != ErrorKind::NotSupported) {
-            return exchanged;
-        }
     }
     if (::renameat(m_folder.Descriptor(), m_strName.c_str(), into.Descriptor(), name.c_str()) !=
         0) {
@@ -231,9 +246,15 @@ Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name,
     return CloseDescriptor();
 }
 
-Status StagedCopy::Exchange(const PosixFolder& into, const std::string& name,
-                            const FindData& expected)
+Status StagedCopy::PublishFor(const PosixFolder& into, const std::string& name,
+                              const FindData& expected)
 {
+    if (Status flushed = Flush(); !flushed) {
+        return flushed;
+    }
+    if (Status named = GiveName(); !named) {
+        return named;
+    }
     const NamedItem own{m_folder.Descriptor(), m_strName};
     if (const Status exchanged = ExchangeNames(own, {into.Descriptor(), name}); !exchanged) {
         return exchanged.GetError().Kind() == ErrorKind::Missing ? Error(ErrorKind::Changed)
@@ -243,8 +264,6 @@ Status StagedCopy::Exchange(const PosixFolder& into, const std::string& name,
     if (!cameOut || !IsSameItem(*cameOut, expected)) {
         return PutBack(into, name);
     }
-    (void)::unlinkat(own.folder, own.name.c_str(), 0);
-    m_strName.clear();
     return CloseDescriptor();
 }
 
@@ -253,8 +272,8 @@ Status StagedCopy::Exchange(const PosixFolder& into, const std::string& name,
 Status StagedCopy::PutBack(const PosixFolder& into, const std::string& name)
 {
     const NamedItem own{m_folder.Descriptor(), m_strName};
-    struct stat copy = {};
-    if (::fstat(m_descriptor.Get(), &copy) != 0) {
+    struct stat copy = m_closed;
+    if (m_descriptor.IsOpen() && ::fstat(m_descriptor.Get(), &copy) != 0) {
         return LastError();
     }
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {

@@ -7,10 +7,11 @@
 // If the file system supports O_TMPFILE, the file is anonymous until it is published, so a kill
 // leaves nothing behind. Otherwise it has a name of our pattern in the same folder (see
 // leftover_name.h) and is locked with flock(2), so that a sweep can distinguish the files of
-// running and killed runs.
+// running and killed runs. In a private folder, the lock of the folder does that for all files.
 
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <string>
@@ -44,27 +45,30 @@ public:
     // Links or renames the file to a name in a folder of the same file system. AlreadyExists if the
     // name is taken; the file can then still be published with PublishOver.
     Status PublishNew(const PosixFolder& into, const std::string& name);
-    // Replaces the item with that name, if any. exchangedFor: the item that is to be replaced, or
-    // null for any. Changed, with nothing replaced, if it turns out to be another one; a file
-    // system that cannot exchange two names does not tell.
-    Status PublishOver(const PosixFolder& into, const std::string& name,
-                       const FindData* exchangedFor);
+    // Replaces the item with that name, if any.
+    Status PublishOver(const PosixFolder& into, const std::string& name);
+    // Replaces this item. Changed, with nothing replaced, if it turns out to be another one or to
+    // be missing. NotSupported if the file system cannot exchange two names. The item gets the
+    // temporary name and is deleted with this object.
+    Status PublishFor(const PosixFolder& into, const std::string& name, const FindData& expected);
 
 private:
     Status OpenAnonymous(mode_t permissions);
-    Status OpenNamed();
+    Status OpenNamed(mode_t permissions);
+    Status ReadDetailsOfNew(mode_t createdWith);
     Status LinkTo(const PosixFolder& into, const std::string& name);
     Error LinkError(const PosixFolder& into) const;
     Status Flush();
     Status GiveName();
-    Status Exchange(const PosixFolder& into, const std::string& name, const FindData& expected);
     Status PutBack(const PosixFolder& into, const std::string& name);
+    Status CloseWritten();
     Status CloseDescriptor();
 
     const PosixFolder& m_folder;
     UniqueFd m_descriptor;
     std::string m_strName;  // the temporary name; empty while anonymous or published
     bool m_bDurable = false;
+    struct stat m_closed = {};  // of the file when it was closed before it was published
     NewFileDetails m_details;
 };
 

@@ -274,32 +274,82 @@ TEST_F(PosixFileSystemTest, SweepsTheLeftoversOfDeadRunsOnly)
     const std::string dead = MakeLeftoverName();
     const std::string live = ".quorbit-0123456789abcde0.tmp";
     const std::string youngLink = ".quorbit-0123456789abcde1.tmp";
-    const std::string folder = ".quorbit-0123456789abcde2.tmp";
+    const std::string deadStaging = ".quorbit-0123456789abcde2.tmp";
+    const std::string liveStaging = ".quorbit-0123456789abcde3.tmp";
+    const std::string foreign = ".quorbit-0123456789abcde4.tmp";
     TreeLines kept = {".quorbit-0123456789abcde.tmp=",
                       ".quorbit-0123456789abcdef.tmp2=",
                       ".quorbit-0123456789abcdeg.tmp=",
                       "quorbit-0123456789abcdef.tmp=",
                       live + "=",
                       youngLink + "->a",
-                      folder + "/"};
+                      liveStaging + "/",
+                      liveStaging + "/" + dead + "=",
+                      foreign + "/",
+                      foreign + "/file="};
     WriteTree(Dest(), kept);
-    WriteTree(Dest(), {dead + "="});
+    WriteTree(Dest(), {dead + "=", deadStaging + "/" + dead + "=", foreign + "/" + dead + "="});
     SetMode(Dest(dead), 0400);
     const UniqueFd held(::open(Dest(live).c_str(), O_RDONLY | O_CLOEXEC));
     ASSERT_EQ(::flock(held.Get(), LOCK_EX), 0);
+    const UniqueFd heldFolder(::open(Dest(liveStaging).c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(::flock(heldFolder.Get(), LOCK_EX), 0);
 
     std::set<std::string> leftovers;
     const auto opened = Open(Dest());
     for (const auto& [name, item] : ListAll(*opened)) {
-        if (item.leftover && name != folder) {  // unknown kind in the listing
+        if (item.leftover) {
             leftovers.insert(name);
         }
     }
-    EXPECT_EQ(leftovers, (std::set{dead, live, youngLink}));
+    EXPECT_EQ(leftovers, (std::set{dead, live, youngLink, deadStaging, liveStaging, foreign}));
     m_files.SweepLeftovers(*opened);
     std::ranges::sort(kept);
     EXPECT_EQ(ReadTree(Dest()), kept);
     EXPECT_NE(MakeLeftoverName(), MakeLeftoverName());
+}
+
+TEST_F(PosixFileSystemTest, CopiesFromAStagingFolderAreAsOthers)
+{
+    Write({"source/a=new", "dest/old=old", "dest/sub/old=old", "dest/changed=other"});
+    SetMode(Source("a"), 0640);
+    const auto dest = Open(Dest());
+    const auto sub = Open(Dest("sub"));
+    EXPECT_FALSE(m_files.MayStageIn(*dest, *sub)) << "copies need no name here";
+    VolumeOf(*dest).takesAnonymousFiles = false;
+    EXPECT_TRUE(m_files.MayStageIn(*dest, *sub));
+    SetMode(Dest("sub"), 02755);
+    EXPECT_FALSE(m_files.MayStageIn(*dest, *Open(Dest("sub")))) << "another group";
+
+    auto staging = m_files.CreateStagingFolder(*dest);
+    ASSERT_TRUE(staging.Ok());
+    const auto place = [&](const Folder& folder, const std::string& name, bool durable,
+                           const CopyOptions& options) {
+        const auto file = m_files.OpenSource(
+            *Open(Source()), m_files.Probe(*Open(Source()), "a").Value(), ReadAhead::No);
+        const auto copy = m_files.Prepare(**file, **staging, nullptr);
+        EXPECT_TRUE(copy.Ok());
+        PreparedCopy* const single = copy->get();
+        EXPECT_TRUE(!durable || m_files.MakeDurable({&single, 1}).Ok());
+        PosixFileSystem other;
+        other.SweepLeftovers(*Open(Dest()));
+        return m_files.Place(**copy, folder, name, options);
+    };
+    const FindData old = m_files.Probe(*sub, "old").Value();
+    const FindData changed = m_files.Probe(*dest, "old").Value();
+    for (const bool durable : {false, true}) {
+        EXPECT_TRUE(place(*dest, "new", durable, {}).Ok());
+        EXPECT_EQ(KindOf(place(*dest, "old", durable, {.mustBeMissing = true})),
+                  ErrorKind::AlreadyExists);
+        EXPECT_EQ(
+            KindOf(place(*dest, "changed", durable, {.replaces = changed, .exchanges = true})),
+            ErrorKind::Changed);
+    }
+    EXPECT_TRUE(place(*sub, "old", true, {.replaces = old, .exchanges = true}).Ok());
+    EXPECT_EQ(ModeOf(Dest("new")), 0640U);
+    staging = Error(ErrorKind::Other);
+    EXPECT_EQ(ReadTree(Dest()),
+              (TreeLines{"changed=other", "new=new", "old=old", "sub/", "sub/old=new"}));
 }
 
 }  // namespace
