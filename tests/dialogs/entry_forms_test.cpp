@@ -32,6 +32,29 @@ CDirCopy Entry(std::uint32_t flags, Names items, Names folderTypes = {})
     return entry;
 }
 
+TEST(EntryForms, EveryBoxSetsAndClearsItsFlag)
+{
+    const std::pair<EntryBox, std::uint32_t> boxes[] = {
+        {SubFolders, DCF_SUBFOLDERS},
+        {Preserve, DCF_PRESERVE_TREE},
+        {Sync, DCF_SYNC},
+        {Incremental, DCF_INCREMENTAL},
+        {AllBut, DCF_EXCLUDE},
+        {Overwrite, DCF_OVERWRITE_RO},
+    };
+    const auto flagsOf = [](auto form, std::uint32_t flags, const EntryChecks& checks) {
+        form.flags = flags;
+        form.checks = checks;
+        return ValuesOf(form).m_dwFlags;
+    };
+    for (const auto& [box, flag] : boxes) {
+        EXPECT_EQ(flagsOf(FileEntryForm(), 0, On({box})), flag);
+        EXPECT_EQ(flagsOf(FileTypeForm(), 0, On({box})), flag);
+        EXPECT_EQ(flagsOf(FileEntryForm(), flag, {}), 0U) << flag;
+        EXPECT_EQ(flagsOf(FileTypeForm(), flag, {}), 0U) << flag;
+    }
+}
+
 TEST(FileEntryForm, MendsFlagsThatDoNotFitTogether)
 {
     const struct {

@@ -193,7 +193,7 @@ TEST_F(DriveViewTest, RefreshKeepsWhatItCannotRead)
 
 TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
 {
-    Make({"a/", "b/"});
+    Make({"a/", "b/", "c/"});
     Expand("D:\\");
     GoTo("D:\\a");
     m_view->clearFocus();
@@ -231,7 +231,11 @@ TEST_F(DriveViewTest, DeletesWhatIsSelectedOrWhatTheMenuWasOpenedOn)
     m_view->PopupMenu()->close();
     m_view->OnUpdate(nullptr, HINT_DELETE, nullptr);
     EXPECT_EQ(m_deletePath, "D:\\a") << "the menu was left without a choice";
-    EXPECT_THAT(m_sentInDeleteMode, ElementsAre(true, true));
+    rightClick(m_view->FindNodeByPath("D:\\c"));
+    m_view->PopupMenu()->actions()[0]->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(m_deletePath, "D:\\c") << "not the folder of an earlier menu";
+    EXPECT_THAT(m_sentInDeleteMode, ElementsAre(true, true, true));
     EXPECT_FALSE(m_view->DeleteMode());
 }
 
