@@ -14,12 +14,12 @@
 namespace quorbit {
 namespace {
 
-struct Way {
+struct Situation {
     bool takesAnonymousFiles;  // O_TMPFILE: no name until they are complete
     bool expectMissing;
 };
 
-class PosixFileReplaceTest : public DiskTest, public testing::WithParamInterface<Way> {
+class PosixFileReplaceTest : public DiskTest, public testing::WithParamInterface<Situation> {
 protected:
     void SetUp() override
     {
@@ -30,8 +30,8 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Ways, PosixFileReplaceTest,
-                         testing::Values(Way{true, true}, Way{true, false}, Way{false, true},
-                                         Way{false, false}));
+                         testing::Values(Situation{true, true}, Situation{true, false},
+                                         Situation{false, true}, Situation{false, false}));
 
 TEST_P(PosixFileReplaceTest, KeepsTheOldFileWhenTheDiskIsFull)
 {
