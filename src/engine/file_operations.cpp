@@ -26,8 +26,8 @@ bool ClaimFolder(CRunContext& ctx, const std::string& source, TargetFolder& pare
     if (!dest.Handle() || !parent.Handle()) {
         return true;
     }
+    parent.LearnCase(name);
     PlacedItems& placed = parent.Placed();
-    placed.LearnCase(*ctx.m_pFiles, *parent.Handle(), name);
     if (!placed.IgnoresCase()) {
         return true;
     }

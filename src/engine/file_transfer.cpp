@@ -32,6 +32,24 @@ private:
     CRunContext& m_ctx;
 };
 
+// Gives temporary names a folder when one is needed.
+class NamesInStaging : public NameFolder {
+public:
+    NamesInStaging(StagingFolders& staging, const TargetFolder& dest)
+        : m_staging(staging), m_dest(dest)
+    {
+    }
+    const Folder* Get() override
+    {
+        const Folder* const folder = m_dest.Handle();
+        return folder != nullptr ? m_staging.ForNames(m_dest.Top(), *folder) : nullptr;
+    }
+
+private:
+    StagingFolders& m_staging;
+    const TargetFolder& m_dest;
+};
+
 // The arguments of the transfer of one file. Nothing is owned.
 struct Transfer {
     CRunContext& ctx;
@@ -424,7 +442,7 @@ void RememberPlaced(const Transfer& transfer)
         return;
     }
     FileSystem& files = *transfer.ctx.m_pFiles;
-    dest.Placed().LearnCase(files, *dest.Handle(), transfer.item.name);
+    dest.LearnCase(transfer.item.name);
     if (!transfer.rules.IsFlat() && !dest.Placed().IgnoresCase()) {
         return;
     }
@@ -465,9 +483,10 @@ Outcome TransferChecked(Transfer& transfer)
     return outcome;
 }
 
-CopyOptions OptionsFor(const TransferRules& rules)
+CopyOptions OptionsFor(const TransferRules& rules, NameFolder& names)
 {
     CopyOptions options;
+    options.names = &names;
     options.replaceReadOnly = (rules.dwFlags & DCF_OVERWRITE_RO) != 0;
     return options;
 }
@@ -477,7 +496,8 @@ CopyOptions OptionsFor(const TransferRules& rules)
 void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& dest,
                   PendingFile& file, const TransferRules& rules)
 {
-    Transfer transfer{ctx, source, dest, file, file.data, rules, OptionsFor(rules)};
+    NamesInStaging names(rules.staging, dest);
+    Transfer transfer{ctx, source, dest, file, file.data, rules, OptionsFor(rules, names)};
     const bool compares = (rules.dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) != 0;
     const bool namesMayMeet = rules.IsFlat() || dest.Placed().IgnoresCase();
     if (namesMayMeet) {
@@ -487,7 +507,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
         return RememberPlaced(transfer);
     }
     for (int decision = 1; decision <= kDecisions; ++decision) {
-        transfer.options = OptionsFor(rules);
+        transfer.options = OptionsFor(rules, names);
         if (TransferChecked(transfer) == Outcome::Done) {
             return;
         }

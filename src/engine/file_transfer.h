@@ -21,6 +21,7 @@ namespace quorbit {
 struct TransferRules {
     std::uint32_t dwFlags = 0;
     HardLinks& hardLinks;
+    StagingFolders& staging;
 
     // The files of several source folders go into one folder.
     [[nodiscard]] bool IsFlat() const

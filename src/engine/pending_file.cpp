@@ -100,9 +100,7 @@ void CopyAhead(FileSystem& files, const PendingPlace& place, PendingFile& file)
     if (!IsSimple(details) || details.modified != file.data.modified) {
         return;
     }
-    const auto staging = place.stagingFolders != nullptr
-                             ? place.stagingFolders->Next(place.top, place.staging)
-                             : place.staging;
+    const auto staging = place.stagingFolders.Next(place.top, place.staging);
     auto copy = files.Prepare(*file.source, *staging, nullptr);
     if (copy && place.durable && !files.SyncsTogether(*staging)) {
         PreparedCopy* const single = copy->get();

@@ -46,9 +46,9 @@ struct PendingPlace {
     std::shared_ptr<const Folder> target;   // null if it does not exist yet
     std::shared_ptr<const Folder> staging;  // takes the copy; null if no copy is wanted
     std::shared_ptr<const Folder> top;      // the destination of the entry; null if it is not open
-    StagingFolders* stagingFolders = nullptr;  // in `top`; null if they do not pay
-    bool targetIsNew = false;                  // and has only what this run has put there
-    bool durable = false;                      // the copy must be on the disk before it is placed
+    StagingFolders& stagingFolders;         // in `top`
+    bool targetIsNew = false;               // and has only what this run has put there
+    bool durable = false;                   // the copy must be on the disk before it is placed
 };
 
 // Reads size and time of a listed file. A file that will certainly be copied is opened instead.

@@ -27,6 +27,8 @@ public:
 
     // Finds out once whether the folder ignores case. name: an item that exists in it.
     void LearnCase(FileSystem& files, const Folder& folder, const std::string& name);
+    // Takes what is known of another folder, in which names are compared in the same way.
+    void LearnCaseFrom(const PlacedItems& other) { m_case = other.m_case; }
     [[nodiscard]] bool KnowsCase() const { return m_case != Case::Unknown; }
     [[nodiscard]] bool IgnoresCase() const { return m_case == Case::Ignored; }
 

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: The Quorbit authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Private folders at the destination, in which lanes create copies that have a name from the start.
-// Creating a file locks its folder until the file system has answered, and renaming locks both
-// folders, so several of them take turns. Any thread.
+// Private folders at the destination, for everything that has a temporary name. A killed run leaves
+// nothing elsewhere, so the next one need not search all folders.
+//
+// Where copies have a name from the start, lanes create them in several folders in turn: creating a
+// file locks its folder until the file system has answered, and renaming locks both folders. Any
+// thread.
 
 #pragma once
 
@@ -28,11 +31,16 @@ public:
     // destination itself.
     [[nodiscard]] std::shared_ptr<const Folder> Next(
         const std::shared_ptr<const Folder>& top, const std::shared_ptr<const Folder>& destination);
+    // Returns a private folder for temporary names, or null if none serves for the destination.
+    [[nodiscard]] const Folder* ForNames(const std::shared_ptr<const Folder>& top,
+                                         const Folder& destination);
     // Removes the folders. Call it when no copy is left in them, and before the time of the top
     // folder is set.
     void Remove();
 
 private:
+    [[nodiscard]] std::shared_ptr<const Folder> Take(const Folder& top, std::size_t turn);
+
     FileSystem& m_files;
     std::mutex m_mutex;  // of the following
     bool m_bUnable = false;

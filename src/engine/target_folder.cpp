@@ -86,8 +86,32 @@ void TargetFolder::Open()
         Keep(m_pFiles->OpenFolder(m_strPath));
     }
     if (m_handle && !m_bSwept) {
-        m_pFiles->SweepLeftovers(*m_handle);
         m_bSwept = true;
+        if (MayHaveLeftovers()) {
+            m_pFiles->SweepLeftovers(*m_handle);
+        }
+    }
+}
+
+// False if everything unfinished is in staging folders in the top folder; see StagingFolders.
+bool TargetFolder::MayHaveLeftovers() const
+{
+    const auto top = Top();
+    return !m_pParent || !top || !m_pFiles->MayStageIn(*top, *m_handle);
+}
+
+void TargetFolder::LearnCase(const std::string& name)
+{
+    if (m_placed.KnowsCase()) {
+        return;
+    }
+    const bool asParent = m_pParent && m_pParent->m_handle && m_pParent->m_placed.KnowsCase() &&
+                          m_pFiles->HasOneCaseRule(*m_handle) &&
+                          m_pParent->m_handle->Identity().device == m_handle->Identity().device;
+    if (asParent) {
+        m_placed.LearnCaseFrom(m_pParent->m_placed);
+    } else {
+        m_placed.LearnCase(*m_pFiles, *m_handle, name);
     }
 }
 

@@ -67,6 +67,8 @@ public:
     // True if this run changed the folder, so that its time is no longer its own.
     [[nodiscard]] bool IsChanged() const { return m_bChanged; }
     void MarkChanged() { m_bChanged = true; }
+    // Finds out once whether the folder, which is open, ignores case. name: an item in it.
+    void LearnCase(const std::string& name);
     // The items whose source names are known.
     [[nodiscard]] PlacedItems& Placed() { return m_placed; }
     // Creates the folder in its parent. Returns Missing if the parent does not exist. `like`: see
@@ -76,6 +78,7 @@ public:
 private:
     void Open();
     void Keep(Result<std::unique_ptr<Folder>> opened);
+    [[nodiscard]] bool MayHaveLeftovers() const;
 
     FileSystem* m_pFiles;
     std::string m_strPath;

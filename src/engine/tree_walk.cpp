@@ -260,13 +260,10 @@ void ProcessWalk::AddFile(const WalkFolderPtr& folder, const PendingFilePtr& fil
     const TargetFolder& target = *folder->target;
     // Without lanes or a group to wait for, a copy is made in its turn, as it costs the same.
     const bool stages = m_ctx.m_bSyncAtEnd || m_memory.lanes.AreUsed();
-    const PendingPlace place{folder->source.handle,
-                             target.Shared(),
-                             stages ? target.Staging() : nullptr,
-                             target.Top(),
-                             m_memory.lanes.AreUsed() ? &m_staging : nullptr,
-                             target.IsNew(),
-                             m_ctx.m_bSyncAtEnd};
+    const PendingPlace place{
+        folder->source.handle, target.Shared(), stages ? target.Staging() : nullptr,
+        target.Top(),          m_staging,       target.IsNew(),
+        m_ctx.m_bSyncAtEnd};
     m_queue.Add(folder.get(), file,
                 m_memory.lanes.AreUsed() ? WorkOnLanes(folder, place, *file)
                                          : WorkAtOnce(place, *file, queue),
@@ -354,7 +351,7 @@ bool ProcessWalk::ActOnFile(const WalkFolder& folder, PendingFile& file)
         DeleteOneFile(m_ctx, folder.source, file.data.name);
     } else {
         TransferFile(m_ctx, folder.source, *folder.target, file,
-                     {m_rules.dwFlags, m_memory.hardLinks});
+                     {m_rules.dwFlags, m_memory.hardLinks, m_staging});
     }
     return true;
 }

@@ -30,15 +30,17 @@ struct WalkRules {
         return Has(DCF_NO_ATTRS) && !Has(DCF_DELETE | DCF_SYNC | DCF_INCREMENTAL);
     }
     // Returns true if a walk processes an item: a folder to enter, or a file that the list selects.
-    // An item of unknown kind is processed as a file, so that its error is reported. Unfinished
-    // copies of earlier runs are skipped.
+    // An item of unknown kind is processed as a file, so that its error is reported. What killed
+    // runs left is skipped.
     [[nodiscard]] bool Takes(const FindData& item) const
     {
+        if (item.leftover) {
+            return false;
+        }
         if (item.kind == ItemKind::Folder) {
             return Has(DCF_SUBFOLDERS);
         }
-        return !item.leftover &&
-               (Has(DCF_ALL_TYPES) || MatchFileType(list, item.name, nKind, dwFlags));
+        return Has(DCF_ALL_TYPES) || MatchFileType(list, item.name, nKind, dwFlags);
     }
     // Returns true if the attribute filter accepts a file. With DCF_NO_ATTRS, `attributes` is not
     // used.

@@ -79,6 +79,15 @@ public:
     virtual ~PreparedCopy() = default;
 };
 
+// Where unfinished items that need a name may be, instead of the destination folder.
+class NameFolder {
+public:
+    virtual ~NameFolder() = default;
+    // A staging folder that serves for the destination, or null. Owned by this object; valid for
+    // its lifetime.
+    virtual const Folder* Get() = 0;
+};
+
 // A file that was copied before.
 struct PlacedFile {
     const Folder* folder = nullptr;  // not owned
@@ -99,6 +108,7 @@ struct CopyOptions {
     // again after the copy has taken its place, and puts another one back.
     bool exchanges = false;
     CopyProgress* progress = nullptr;  // not owned; may be null
+    NameFolder* names = nullptr;       // not owned; null for the destination folder
     // A copy of the same source file under another name. The destination becomes a hard link to it
     // if possible, and otherwise a file of its own. Not owned; may be null.
     const PlacedFile* linkTo = nullptr;
@@ -120,6 +130,8 @@ public:
     // Returns true if another file system, or another folder of the same one, is mounted at the
     // folder. Returns false if the system cannot tell (Linux before 5.8).
     virtual bool IsMountPoint(const Folder& folder) = 0;
+    // Returns true if all folders of the file system ignore the case of names, or none does.
+    [[nodiscard]] virtual bool HasOneCaseRule(const Folder& folder) const = 0;
     // Returns true for the root folder, the user's home folder and all parents of the home folder.
     virtual bool IsProtected(const Folder& folder) = 0;
 
@@ -165,13 +177,16 @@ public:
     // True if MakeDurable is much cheaper for many copies in this folder than for each by itself.
     // Any thread.
     [[nodiscard]] virtual bool SyncsTogether(const Folder& folder) const = 0;
-    // True if copies prepared in `destination` have a name until they are placed, and could as well
-    // be prepared in a staging folder in `parent`: they would get the same group and permissions.
-    // Any thread.
+    // True if copies prepared in the folder have a name until they are placed. Any thread.
+    [[nodiscard]] virtual bool NamesCopies(const Folder& folder) const = 0;
+    // True if items that will be placed in `destination` can be created in a staging folder in
+    // `parent`: it can be made, is on the same file system and gives them the same group and
+    // permissions. Any thread.
     [[nodiscard]] virtual bool MayStageIn(const Folder& parent,
                                           const Folder& destination) const = 0;
-    // Creates a folder for prepared copies. Destroying the result removes it; the copies must have
-    // been destroyed before. SweepLeftovers removes those of killed runs. Any thread.
+    // Creates a folder for unfinished items. Destroying the result removes it; the copies must have
+    // been destroyed before. SweepLeftovers removes those of killed runs, with all that is in them.
+    // Any thread.
     virtual Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) = 0;
     // Gives a copy its name, as CopyFile does; `durable` and `progress` have no effect. On an error
     // the copy may be placed again. Fails if the folder is on another file system than the copy.

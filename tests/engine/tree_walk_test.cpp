@@ -11,6 +11,7 @@
 
 #include "engine/run_fixture.h"
 #include "engine/source_queue.h"
+#include "platform/leftover_name.h"
 
 namespace quorbit {
 namespace {
@@ -451,8 +452,14 @@ TEST_F(TreeWalkTest, AFileThatIsSkippedAlthoughItDiffersIsAWarning)
 TEST_F(TreeWalkTest, LeftoversOfKilledRunsAreNeitherCopiedNorCountedAndGoAtTheDestination)
 {
     const std::string leftover = ".quorbit-0123456789abcdef.tmp";
-    Write({"source/a=1", "source/" + leftover + "=part", "dest/sub/" + leftover + "=part",
-           "dest/" + leftover + "=part", "source/sub/"});
+    const std::string staging = ".quorbit-0123456789abcdee.tmp/";
+    Write({"source/a=1", "source/" + leftover + "=part", "source/" + staging + "a=part",
+           "dest/" + leftover + "=part", "dest/" + staging + leftover + "=part",
+           "dest/" + staging + MakeLeftoverName() + "->gone",
+           "dest/" + staging + MakeLeftoverName() + "|", "dest/sub/" + leftover + "=part",
+           "source/sub/"});
+    // Its items would have another group, so nothing unfinished for it is in the staging folders.
+    SetMode(Path("@/dest/sub"), 02755);
     EXPECT_EQ(Run({Entry(kTree)}).counters, "copy 1");
     EXPECT_EQ(Tree("@/dest"), (TreeLines{"a=1", "sub/"}));
     EXPECT_EQ(Run({Entry(kTree | DCF_DELETE | DCF_DELETE_FOLDER)}).counters, "delete 1");

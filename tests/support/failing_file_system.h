@@ -149,9 +149,17 @@ public:
         return m_inner.SyncsTogether(folder);
     }
     // Even where copies are made ready without a name, if UseStaging() was called.
+    [[nodiscard]] bool NamesCopies(const Folder& folder) const override
+    {
+        return m_bUsesStaging || m_inner.NamesCopies(folder);
+    }
     [[nodiscard]] bool MayStageIn(const Folder& parent, const Folder& destination) const override
     {
-        return m_bUsesStaging || m_inner.MayStageIn(parent, destination);
+        return m_inner.MayStageIn(parent, destination);
+    }
+    [[nodiscard]] bool HasOneCaseRule(const Folder& folder) const override
+    {
+        return m_inner.HasOneCaseRule(folder);
     }
     Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) override
     {

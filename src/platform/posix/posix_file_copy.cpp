@@ -59,12 +59,13 @@ Result<bool> PosixFileCopy::LinkToPlaced() const
         return true;  // rename(2) of two links to one file would do nothing
     }
     const std::string own = MakeLeftoverName();
-    if (::linkat(from, placed.item.name.c_str(), folder, own.c_str(), 0) != 0) {
+    const int names = Names().Descriptor();
+    if (::linkat(from, placed.item.name.c_str(), names, own.c_str(), 0) != 0) {
         return false;
     }
     // Check again: another process may have replaced the placed file.
-    if (!isPlaced(folder, own) || !Place(own)) {
-        (void)::unlinkat(folder, own.c_str(), 0);
+    if (!isPlaced(names, own) || !Place(names, own)) {
+        (void)::unlinkat(names, own.c_str(), 0);
         return false;
     }
     return true;
@@ -72,7 +73,7 @@ Result<bool> PosixFileCopy::LinkToPlaced() const
 
 Status PosixFileCopy::CopyRegular()
 {
-    const bool anonymous = m_destination.Volume().takesAnonymousFiles;
+    const bool anonymous = m_destination.TakesAnonymousFiles();
     Status copied = CopyPrepared();
     if (!copied && anonymous && !m_destination.Volume().takesAnonymousFiles) {
         copied = CopyPrepared();  // naming an anonymous file failed; retry with a named one
@@ -82,15 +83,16 @@ Status PosixFileCopy::CopyRegular()
 
 Status PosixFileCopy::CopyPrepared()
 {
-    if (!m_options.expectMissing || !m_destination.Volume().takesAnonymousFiles) {
+    if (!m_options.expectMissing || !m_destination.TakesAnonymousFiles()) {
         // Fail before the content is copied in vain.
         const Result<bool> replaces = CheckDestination();
         if (!replaces) {
             return replaces.GetError();
         }
     }
-    const auto copy =
-        PosixPreparedCopy::Make(m_source, m_destination, m_copier, m_options.progress);
+    const bool named = !m_destination.TakesAnonymousFiles();
+    const auto copy = PosixPreparedCopy::Make(m_source, named ? Names() : m_destination, m_copier,
+                                              m_options.progress);
     if (!copy) {
         return copy.GetError();
     }
@@ -103,14 +105,21 @@ Status PosixFileCopy::CopyPrepared()
     return (*copy)->Place(m_destination, m_strName, m_options);
 }
 
-// Gives an item with a temporary name in the destination folder its real name.
-Status PosixFileCopy::Place(const std::string& own) const
+// The folder for temporary names.
+const PosixFolder& PosixFileCopy::Names() const
 {
-    const int folder = m_destination.Descriptor();
+    const Folder* const given = m_options.names != nullptr ? m_options.names->Get() : nullptr;
+    return given != nullptr ? static_cast<const PosixFolder&>(*given) : m_destination;
+}
+
+// Gives an item with a temporary name its real one in the destination folder.
+Status PosixFileCopy::Place(int folder, const std::string& own) const
+{
+    const int into = m_destination.Descriptor();
     if (m_options.mustBeMissing) {
-        return RenameNew({folder, own}, {folder, m_strName});
+        return RenameNew({folder, own}, {into, m_strName});
     }
-    return ::renameat(folder, own.c_str(), folder, m_strName.c_str()) == 0 ? Status() : LastError();
+    return ::renameat(folder, own.c_str(), into, m_strName.c_str()) == 0 ? Status() : LastError();
 }
 
 Status PosixFileCopy::CopyUnopened()
@@ -122,14 +131,14 @@ Status PosixFileCopy::CopyUnopened()
     // symlink(2) and mknod(2) cannot replace an item, so create it under a temporary name and
     // rename it.
     const std::string own = MakeLeftoverName();
-    const int folder = m_destination.Descriptor();
-    Status done = Create(own);
+    const int folder = Names().Descriptor();
+    Status done = Create(folder, own);
     if (!done) {
         return done;
     }
-    done = CopyMetadataByName(own);
+    done = CopyMetadataByName(folder, own);
     if (done) {
-        done = Place(own);
+        done = Place(folder, own);
     }
     if (!done) {
         (void)::unlinkat(folder, own.c_str(), 0);
@@ -137,9 +146,8 @@ Status PosixFileCopy::CopyUnopened()
     return done;
 }
 
-Status PosixFileCopy::Create(const std::string& name) const
+Status PosixFileCopy::Create(int folder, const std::string& name) const
 {
-    const int folder = m_destination.Descriptor();
     if (m_source.Details().kind == ItemKind::Link) {
         const Result<std::string> target = m_source.LinkTarget();
         if (!target) {
@@ -171,18 +179,18 @@ bool PosixFileCopy::CannotHold(const Error& error) const
     const mode_t kind = m_source.Stat().st_mode;
     if (S_ISCHR(kind) || S_ISBLK(kind)) {
         const std::string own = MakeLeftoverName();
-        if (::mknodat(m_destination.Descriptor(), own.c_str(), S_IFIFO | S_IRUSR, 0) == 0) {
-            (void)::unlinkat(m_destination.Descriptor(), own.c_str(), 0);
+        const int folder = Names().Descriptor();
+        if (::mknodat(folder, own.c_str(), S_IFIFO | S_IRUSR, 0) == 0) {
+            (void)::unlinkat(folder, own.c_str(), 0);
             return false;  // only root may create devices
         }
     }
-    return StagedCopy(m_destination).Open(S_IRUSR | S_IWUSR).Ok();
+    return StagedCopy(Names()).Open(S_IRUSR | S_IWUSR).Ok();
 }
 
-Status PosixFileCopy::CopyMetadataByName(const std::string& name) const
+Status PosixFileCopy::CopyMetadataByName(int folder, const std::string& name) const
 {
     const struct stat& from = m_source.Stat();
-    const int folder = m_destination.Descriptor();
     if (::fchownat(folder, name.c_str(), from.st_uid, from.st_gid, AT_SYMLINK_NOFOLLOW) != 0) {
         if (!CannotBeKept(errno)) {
             return LastError();

@@ -42,11 +42,12 @@ private:
     Result<bool> LinkToPlaced() const;
     Status CopyRegular();
     Status CopyPrepared();
-    Status Place(const std::string& own) const;
+    [[nodiscard]] const PosixFolder& Names() const;
+    Status Place(int folder, const std::string& own) const;
     Status CopyUnopened();
-    Status Create(const std::string& name) const;
+    Status Create(int folder, const std::string& name) const;
     [[nodiscard]] bool CannotHold(const Error& error) const;
-    Status CopyMetadataByName(const std::string& name) const;
+    Status CopyMetadataByName(int folder, const std::string& name) const;
 
     const PosixSourceFile& m_source;
     const PosixFolder& m_destination;

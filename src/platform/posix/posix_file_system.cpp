@@ -145,6 +145,11 @@ bool PosixFileSystem::IsMountPoint(const Folder& folder)
     return done == 0 && (details.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
+bool PosixFileSystem::HasOneCaseRule(const Folder& folder) const
+{
+    return !Own(folder).Volume().casePerFolder;
+}
+
 bool PosixFileSystem::IsProtected(const Folder& folder)
 {
     return m_protected.Contains(folder.Identity());
@@ -290,12 +295,17 @@ bool PosixFileSystem::SyncsTogether(const Folder& folder) const
     return Own(folder).Volume().syncsAtOnce;
 }
 
+bool PosixFileSystem::NamesCopies(const Folder& folder) const
+{
+    return !Own(folder).TakesAnonymousFiles();
+}
+
 bool PosixFileSystem::MayStageIn(const Folder& parent, const Folder& destination) const
 {
     const PosixFolder& one = Own(parent);
     const PosixFolder& other = Own(destination);
-    return &one.Volume() == &other.Volume() && !one.Volume().takesAnonymousFiles &&
-           one.GroupOfNew() == other.GroupOfNew() && !one.HasDefaultAcl() && !other.HasDefaultAcl();
+    return &one.Volume() == &other.Volume() && one.GroupOfNew() == other.GroupOfNew() &&
+           !one.HasDefaultAcl() && !other.HasDefaultAcl() && one.IsWritable();
 }
 
 Result<std::unique_ptr<Folder>> PosixFileSystem::CreateStagingFolder(const Folder& parent)

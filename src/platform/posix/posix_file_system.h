@@ -32,6 +32,7 @@ public:
                                                   const std::string& name) override;
     bool StillThere(const Folder& folder) override;
     bool IsMountPoint(const Folder& folder) override;
+    [[nodiscard]] bool HasOneCaseRule(const Folder& folder) const override;
     bool IsProtected(const Folder& folder) override;
 
     Result<std::unique_ptr<Listing>> List(const Folder& folder) override;
@@ -52,6 +53,7 @@ public:
                                                   CopyProgress* progress) override;
     Status MakeDurable(std::span<PreparedCopy* const> copies) override;
     [[nodiscard]] bool SyncsTogether(const Folder& folder) const override;
+    [[nodiscard]] bool NamesCopies(const Folder& folder) const override;
     [[nodiscard]] bool MayStageIn(const Folder& parent, const Folder& destination) const override;
     Result<std::unique_ptr<Folder>> CreateStagingFolder(const Folder& parent) override;
     Status Place(PreparedCopy& copy, const Folder& destination, const std::string& name,

@@ -5,7 +5,9 @@
 
 #include <fcntl.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 #include "platform/posix/system_call.h"
@@ -32,6 +34,32 @@ Result<std::shared_ptr<const UniqueFd>> PosixFolder::OpenForListing() const
         return LastError();
     }
     return std::make_shared<const UniqueFd>(fd);
+}
+
+bool PosixFolder::TakesAnonymousFiles() const
+{
+    PosixVolume& volume = m_volume;
+    if (volume.takesAnonymousFiles && !volume.triedAnonymousFiles) {
+        const UniqueFd file(RetryInterrupted([this] {
+            return ::openat(Descriptor(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        }));
+        const bool refused = !file.IsOpen() && (errno == EOPNOTSUPP || errno == EISDIR ||
+                                                errno == EINVAL || errno == ENOSYS);
+        volume.triedAnonymousFiles = file.IsOpen();
+        if (refused) {
+            volume.takesAnonymousFiles = false;
+        }
+    }
+    return volume.takesAnonymousFiles;
+}
+
+bool PosixFolder::IsWritable() const
+{
+    const std::lock_guard lock(m_mutex);
+    if (!m_writable) {
+        m_writable = ::faccessat(Descriptor(), ".", W_OK | X_OK, AT_EACCESS) == 0;
+    }
+    return *m_writable;
 }
 
 bool PosixFolder::HasDefaultAcl() const

@@ -45,6 +45,11 @@ public:
     [[nodiscard]] virtual bool IsPrivate() const { return false; }
     // The group that new items inherit from this folder, if they do; see inode(7), S_ISGID.
     [[nodiscard]] std::optional<gid_t> GroupOfNew() const { return m_groupOfNew; }
+    // Returns true if copies in this folder need no name until they are placed. The first call for
+    // a volume tries it out, so that no copy gets a name in the wrong folder.
+    bool TakesAnonymousFiles() const;
+    // Returns true if this process may create items in this folder.
+    bool IsWritable() const;
     // Returns true if new items inherit an ACL from this folder; see acl(5).
     bool HasDefaultAcl() const;
     // Returns mode and ownership of `file`, which was just created in this folder with that mode.
@@ -60,6 +65,7 @@ private:
     mutable bool m_bListed = false;
     mutable std::mutex m_mutex;  // of the following
     mutable std::optional<bool> m_defaultAcl;
+    mutable std::optional<bool> m_writable;
     mutable std::vector<NewFileDetails> m_newFiles;
 };
 

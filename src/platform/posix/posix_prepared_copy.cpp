@@ -120,13 +120,14 @@ Status PosixPreparedCopy::Place(const PosixFolder& folder, const std::string& na
     }
     // Exchanging the names checks more than a look before could.
     if (options.exchanges && options.replaceReadOnly && IsOther(*options.replaces)) {
-        const Status exchanged = m_staged.PublishFor(folder, name, *options.replaces);
+        const Status exchanged =
+            m_staged.PublishFor(folder, name, *options.replaces, options.names);
         if (exchanged || exchanged.GetError().Kind() != ErrorKind::NotSupported) {
             return exchanged;
         }
     }
     const Result<bool> replaces = placement.Check();
-    return replaces ? m_staged.PublishOver(folder, name) : replaces.GetError();
+    return replaces ? m_staged.PublishOver(folder, name, options.names) : replaces.GetError();
 }
 
 // True for an item that is not the source itself.

@@ -13,6 +13,7 @@ namespace quorbit {
 namespace {
 
 constexpr std::uint32_t kXfs = 0x58465342;
+constexpr std::uint32_t kBcachefs = 0xca451a4e;
 
 std::uint32_t TypeOf(int folder)
 {
@@ -35,6 +36,13 @@ bool CloseTells(std::uint32_t type)
     return !SyncsAtOnce(type);
 }
 
+// Those on which chattr(1) +F works.
+bool CasePerFolder(std::uint32_t type)
+{
+    return type == EXT4_SUPER_MAGIC || type == F2FS_SUPER_MAGIC || type == TMPFS_MAGIC ||
+           type == kBcachefs;
+}
+
 }  // namespace
 
 PosixVolume& VolumeTable::Of(dev_t device, int folder)
@@ -46,6 +54,7 @@ PosixVolume& VolumeTable::Of(dev_t device, int folder)
         volume.type = TypeOf(folder);
         volume.syncsAtOnce = SyncsAtOnce(volume.type);
         volume.closeTells = CloseTells(volume.type);
+        volume.casePerFolder = CasePerFolder(volume.type);
         // FAT stores times in units of two seconds.
         volume.keepsEvenSeconds = volume.type == MSDOS_SUPER_MAGIC;
         volume.attributes = MakeAttributeSource(volume.type, folder);

@@ -29,8 +29,10 @@ struct PosixVolume {
     std::uint32_t type = 0;         // f_type of statfs(2), 0 if unknown
     bool syncsAtOnce = false;       // syncfs(2) writes everything to the disk
     bool closeTells = true;         // write errors may only be reported by close(2)
+    bool casePerFolder = false;     // a folder may ignore the case of names while others do not
     bool keepsEvenSeconds = false;  // last-write times have a resolution of two seconds
     std::atomic<bool> takesAnonymousFiles = true;  // O_TMPFILE works; cleared when it fails
+    std::atomic<bool> triedAnonymousFiles = false;
     // linkat(2) with AT_EMPTY_PATH works; cleared when it fails
     std::atomic<bool> linksByDescriptor = true;
     std::unique_ptr<AttributeSource> attributes;

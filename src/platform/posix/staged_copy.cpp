@@ -35,7 +35,7 @@ bool RefusesAnonymousFiles(int code)
 StagedCopy::~StagedCopy()
 {
     if (!m_strName.empty()) {
-        (void)::unlinkat(m_folder.Descriptor(), m_strName.c_str(), 0);
+        (void)::unlinkat(m_named->Descriptor(), m_strName.c_str(), 0);
     }
 }
 
@@ -206,7 +206,7 @@ Status StagedCopy::PublishNew(const PosixFolder& into, const std::string& name)
     // A named file is renamed, since FAT has no hard links.
     Status placed = IsAnonymous()
                         ? LinkTo(into, name)
-                        : RenameNew({m_folder.Descriptor(), m_strName}, {into.Descriptor(), name});
+                        : RenameNew({m_named->Descriptor(), m_strName}, {into.Descriptor(), name});
     if (!placed) {
         return placed;
     }
@@ -214,31 +214,37 @@ Status StagedCopy::PublishNew(const PosixFolder& into, const std::string& name)
     return CloseDescriptor();
 }
 
-// linkat(2) and renameat2(2) cannot place a file without a name over another one. Locks the file
-// first, so that no sweep deletes it.
-Status StagedCopy::GiveName()
+// linkat(2) and renameat2(2) cannot place a file without a name over another one. Outside a private
+// folder, locks the file first, so that no sweep deletes it.
+Status StagedCopy::GiveName(NameFolder* names)
 {
     if (!m_strName.empty()) {
         return {};
     }
-    (void)LockWaiting(m_descriptor.Get());
+    const Folder* const given = names != nullptr ? names->Get() : nullptr;
+    const PosixFolder& folder =
+        given != nullptr ? static_cast<const PosixFolder&>(*given) : m_folder;
+    if (!folder.IsPrivate()) {
+        (void)LockWaiting(m_descriptor.Get());
+    }
     std::string own = MakeLeftoverName();
-    if (Status linked = LinkTo(m_folder, own); !linked) {
+    if (Status linked = LinkTo(folder, own); !linked) {
         return linked;
     }
+    m_named = &folder;
     m_strName = std::move(own);
     return {};
 }
 
-Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name)
+Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name, NameFolder* names)
 {
     if (Status flushed = Flush(); !flushed) {
         return flushed;
     }
-    if (Status named = GiveName(); !named) {
+    if (Status named = GiveName(names); !named) {
         return named;
     }
-    if (::renameat(m_folder.Descriptor(), m_strName.c_str(), into.Descriptor(), name.c_str()) !=
+    if (::renameat(m_named->Descriptor(), m_strName.c_str(), into.Descriptor(), name.c_str()) !=
         0) {
         return LastError();
     }
@@ -247,15 +253,15 @@ Status StagedCopy::PublishOver(const PosixFolder& into, const std::string& name)
 }
 
 Status StagedCopy::PublishFor(const PosixFolder& into, const std::string& name,
-                              const FindData& expected)
+                              const FindData& expected, NameFolder* names)
 {
     if (Status flushed = Flush(); !flushed) {
         return flushed;
     }
-    if (Status named = GiveName(); !named) {
+    if (Status named = GiveName(names); !named) {
         return named;
     }
-    const NamedItem own{m_folder.Descriptor(), m_strName};
+    const NamedItem own{m_named->Descriptor(), m_strName};
     if (const Status exchanged = ExchangeNames(own, {into.Descriptor(), name}); !exchanged) {
         return exchanged.GetError().Kind() == ErrorKind::Missing ? Error(ErrorKind::Changed)
                                                                  : exchanged;
@@ -271,7 +277,7 @@ Status StagedCopy::PublishFor(const PosixFolder& into, const std::string& name,
 // time, so what comes out may again be its file.
 Status StagedCopy::PutBack(const PosixFolder& into, const std::string& name)
 {
-    const NamedItem own{m_folder.Descriptor(), m_strName};
+    const NamedItem own{m_named->Descriptor(), m_strName};
     struct stat copy = m_closed;
     if (m_descriptor.IsOpen() && ::fstat(m_descriptor.Get(), &copy) != 0) {
         return LastError();

@@ -45,12 +45,13 @@ public:
     // Links or renames the file to a name in a folder of the same file system. AlreadyExists if the
     // name is taken; the file can then still be published with PublishOver.
     Status PublishNew(const PosixFolder& into, const std::string& name);
-    // Replaces the item with that name, if any.
-    Status PublishOver(const PosixFolder& into, const std::string& name);
+    // Replaces the item with that name, if any. names: see CopyOptions.
+    Status PublishOver(const PosixFolder& into, const std::string& name, NameFolder* names);
     // Replaces this item. Changed, with nothing replaced, if it turns out to be another one or to
     // be missing. NotSupported if the file system cannot exchange two names. The item gets the
     // temporary name and is deleted with this object.
-    Status PublishFor(const PosixFolder& into, const std::string& name, const FindData& expected);
+    Status PublishFor(const PosixFolder& into, const std::string& name, const FindData& expected,
+                      NameFolder* names);
 
 private:
     Status OpenAnonymous(mode_t permissions);
@@ -59,12 +60,13 @@ private:
     Status LinkTo(const PosixFolder& into, const std::string& name);
     Error LinkError(const PosixFolder& into) const;
     Status Flush();
-    Status GiveName();
+    Status GiveName(NameFolder* names);
     Status PutBack(const PosixFolder& into, const std::string& name);
     Status CloseWritten();
     Status CloseDescriptor();
 
     const PosixFolder& m_folder;
+    const PosixFolder* m_named = &m_folder;  // contains the temporary name
     UniqueFd m_descriptor;
     std::string m_strName;  // the temporary name; empty while anonymous or published
     bool m_bDurable = false;

@@ -166,7 +166,7 @@ Status Fill(StagedCopy& stage, std::string_view content, const Place& place,
 // before. Its content is unknown, so it is not replaced.
 Status Publish(StagedCopy& stage, const PosixFolder& folder, const std::string& name, bool replaces)
 {
-    return replaces ? stage.PublishOver(folder, name) : stage.PublishNew(folder, name);
+    return replaces ? stage.PublishOver(folder, name, nullptr) : stage.PublishNew(folder, name);
 }
 
 enum class Existing { Replace, Refuse };

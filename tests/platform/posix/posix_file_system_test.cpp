@@ -315,8 +315,9 @@ TEST_F(PosixFileSystemTest, CopiesFromAStagingFolderAreAsOthers)
     SetMode(Source("a"), 0640);
     const auto dest = Open(Dest());
     const auto sub = Open(Dest("sub"));
-    EXPECT_FALSE(m_files.MayStageIn(*dest, *sub)) << "copies need no name here";
+    EXPECT_FALSE(m_files.NamesCopies(*dest));
     VolumeOf(*dest).takesAnonymousFiles = false;
+    EXPECT_TRUE(m_files.NamesCopies(*dest));
     EXPECT_TRUE(m_files.MayStageIn(*dest, *sub));
     SetMode(Dest("sub"), 02755);
     EXPECT_FALSE(m_files.MayStageIn(*dest, *Open(Dest("sub")))) << "another group";
