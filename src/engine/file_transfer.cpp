@@ -13,6 +13,7 @@
 #include "engine/failure_policy.h"
 #include "engine/run_flags.h"
 #include "engine/run_report.h"
+#include "engine/transfer_copy.h"
 #include "engine/transfer_decision.h"
 #include "platform/path_text.h"
 
@@ -21,16 +22,6 @@ namespace {
 
 // Another process may change the destination again and again.
 constexpr int kDecisions = 4;
-
-// Shows the progress of a copy.
-class ShownProgress : public CopyProgress {
-public:
-    explicit ShownProgress(CRunContext& ctx) : m_ctx(ctx) {}
-    void OnBytesCopied(std::uint64_t bytes) override { ShowBytes(m_ctx, bytes); }
-
-private:
-    CRunContext& m_ctx;
-};
 
 // Gives temporary names a folder when one is needed.
 class NamesInStaging : public NameFolder {
@@ -50,55 +41,13 @@ private:
     const TargetFolder& m_dest;
 };
 
-// The arguments of the transfer of one file. Nothing is owned.
-struct Transfer {
-    CRunContext& ctx;
-    const SourceFolder& source;
-    TargetFolder& dest;
-    PendingFile& file;
-    const FindData& item;  // of the file
-    const TransferRules& rules;
-    CopyOptions options;
-};
-
 enum class Outcome {
     Done,   // or reported
     Stale,  // the destination is not what it was when this was decided; nothing was changed
 };
 
-// True if the copy failed because of a change of the destination: of the item, or because its
-// folder was removed.
-bool IsStale(const Transfer& transfer, const Status& copied)
-{
-    if (copied) {
-        return false;
-    }
-    const ErrorKind kind = copied.GetError().Kind();
-    const Folder* folder = transfer.dest.Handle();
-    return kind == ErrorKind::Changed ||
-           (kind == ErrorKind::AlreadyExists && transfer.options.mustBeMissing) ||
-           (kind == ErrorKind::Missing && folder != nullptr &&
-            !transfer.ctx.m_pFiles->StillThere(*folder));
-}
-
-ProblemSubject SubjectOf(const Transfer& transfer, RunOperation operation)
-{
-    const std::string& name = transfer.item.name;
-    return {operation, transfer.source.path + name, transfer.dest.Path() + name};
-}
-
-void ReportTransferError(const Transfer& transfer, RunOperation operation, const Error& error)
-{
-    ReportFileError(transfer.ctx, SubjectOf(transfer, operation), error);
-}
-
-void ReportTransferWarning(const Transfer& transfer, RunOperation operation, std::string text)
-{
-    ReportWarning(transfer.ctx, SubjectOf(transfer, operation), ErrorKind::Other, std::move(text));
-}
-
 // Returns the file at the destination, or nullopt if it is missing. Other failures are errors.
-Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
+Result<std::optional<FindData>> ProbeDestination(const FileTransfer& transfer)
 {
     const Folder* folder = transfer.dest.Handle();
     if (!folder) {
@@ -115,10 +64,10 @@ Result<std::optional<FindData>> ProbeDestination(const Transfer& transfer)
 }
 
 // Returns what was found ahead, once. Otherwise probes the destination, and creates its folder if
-// necessary. If the file exists, so does the
-// folder, which saves the check. Otherwise probes again if EnsureFolder opened a different folder.
-// If there is no folder, it is given up and its error reported.
-Result<std::optional<FindData>> FindDestination(Transfer& transfer)
+// necessary. If the file exists, so does the folder, which saves the check. Otherwise probes again
+// if EnsureFolder opened a different folder. If there is no folder, it is given up and its error
+// reported.
+Result<std::optional<FindData>> FindDestination(FileTransfer& transfer)
 {
     TargetFolder& dest = transfer.dest;
     if (auto look = std::exchange(transfer.file.look, {}); look && dest.Handle()) {
@@ -140,112 +89,7 @@ Result<std::optional<FindData>> FindDestination(Transfer& transfer)
     return same ? existing : ProbeDestination(transfer);
 }
 
-// Copies the file. A further name of a file that was copied before becomes a hard link to the copy.
-Status CopyOrLink(const Transfer& transfer, SourceFile& opened, CopyOptions options)
-{
-    FileSystem& files = *transfer.ctx.m_pFiles;
-    const Folder& folder = *transfer.dest.Handle();
-    const std::string& name = transfer.item.name;
-    const FindData& details = opened.Details();
-    if (details.links < 2 || details.kind != ItemKind::File) {
-        return files.CopyFile(opened, folder, name, options);
-    }
-    HardLinks& hardLinks = transfer.rules.hardLinks;
-    const HardLinks::Copy copy = hardLinks.Find(files, details);
-    if (copy.folder) {
-        options.linkTo = &copy.file;
-    }
-    Status copied = files.CopyFile(opened, folder, name, options);
-    if (copied && !hardLinks.Add(files, details, folder, transfer.dest.Path(), name)) {
-        ReportTransferWarning(transfer, RunOperation::Copy,
-                              "There are too many files with several names. Hard links among the "
-                              "further ones become separate files");
-    }
-    return copied;
-}
-
-// Copies the file in its turn and returns the error without reporting it.
-Status CopyNow(const Transfer& transfer)
-{
-    CRunContext& ctx = transfer.ctx;
-    if (transfer.item.size >= kLongCopy) {
-        FlushLog(ctx);
-    }
-    if (!transfer.file.source) {
-        auto opened =
-            ctx.m_pFiles->OpenSource(transfer.source.handle, transfer.item, ReadAhead::No);
-        if (!opened) {
-            return opened.GetError();
-        }
-        transfer.file.source = std::move(*opened);
-    }
-    if (!transfer.dest.Handle()) {
-        return Error(ErrorKind::Missing);
-    }
-    ShownProgress progress(ctx);
-    CopyOptions options = transfer.options;
-    options.progress = &progress;
-    options.durable = ctx.m_bSyncAtEnd;
-    return CopyOrLink(transfer, *transfer.file.source, options);
-}
-
-// Places the copy that was made ready. Returns nullopt if there is none, or if it cannot be placed
-// for a reason that the copy in the file's turn will meet as well.
-std::optional<Status> PlaceReadyCopy(const Transfer& transfer)
-{
-    std::unique_ptr<PreparedCopy>& copy = transfer.file.copy;
-    if (!copy || !transfer.dest.Handle()) {
-        return std::nullopt;
-    }
-    CRunContext& ctx = transfer.ctx;
-    Status placed =
-        ctx.m_pFiles->Place(*copy, *transfer.dest.Handle(), transfer.item.name, transfer.options);
-    if (!placed && !IsStale(transfer, placed)) {
-        copy.reset();
-        return std::nullopt;
-    }
-    if (placed) {
-        ShowBytes(ctx, transfer.item.size);
-    }
-    return placed;
-}
-
-// Shows the action and copies the file. Returns the error without reporting it. A small file is
-// copied already, so if its copy is stale, the action is not shown.
-Status ShowAndCopy(const Transfer& transfer, std::string_view action)
-{
-    CRunContext& ctx = transfer.ctx;
-    std::optional<Status> copied = PlaceReadyCopy(transfer);
-    if (copied && !*copied) {
-        return *copied;
-    }
-    ShowAction(ctx, action);
-    if (!copied) {
-        copied = CopyNow(transfer);
-    }
-    const std::vector<std::string> notKept = ctx.m_pFiles->TakeNotKept();
-    if (*copied) {
-        transfer.dest.MarkChanged();
-        for (const std::string& attribute : notKept) {
-            ReportTransferWarning(transfer, RunOperation::Copy, NotKeptText(attribute));
-        }
-    }
-    return *copied;
-}
-
-// Reports a failed copy. An item that the destination cannot hold is only a warning: no later run
-// could copy it, and links and pipes are common in home folders.
-void ReportCopyError(const Transfer& transfer, RunOperation operation, const Error& error)
-{
-    if (error.Kind() == ErrorKind::ItemNotSupported) {
-        ReportWarning(transfer.ctx, SubjectOf(transfer, operation), error.Kind(),
-                      "Not copied: " + error.Text());
-    } else {
-        ReportTransferError(transfer, operation, error);
-    }
-}
-
-Outcome CopyPlainly(Transfer& transfer, bool destinationExists)
+Outcome CopyPlainly(FileTransfer& transfer, bool destinationExists)
 {
     transfer.options.expectMissing = !destinationExists;
     const Status copied = ShowAndCopy(transfer, "Copying File.");
@@ -264,7 +108,7 @@ Outcome CopyPlainly(Transfer& transfer, bool destinationExists)
 // unless another process took it, which CopyFile detects. Returns false, without reporting an
 // error, if the folder is not new, if the source is not open, or if the folder was removed. The
 // caller then takes the regular path, which recreates the folder.
-bool CopyIntoNewFolder(Transfer& transfer)
+bool CopyIntoNewFolder(FileTransfer& transfer)
 {
     CRunContext& ctx = transfer.ctx;
     if (!transfer.dest.IsNew() || (!transfer.file.source && !transfer.file.copy)) {
@@ -283,7 +127,7 @@ bool CopyIntoNewFolder(Transfer& transfer)
     return true;
 }
 
-Outcome CopyNewer(Transfer& transfer, const FindData& old)
+Outcome CopyNewer(FileTransfer& transfer, const FindData& old)
 {
     transfer.options.replaces = old;
     const Status copied = ShowAndCopy(transfer, "Sync File.");
@@ -300,7 +144,7 @@ Outcome CopyNewer(Transfer& transfer, const FindData& old)
 
 // Restores the state before the rotation, so that the next run finds the old version under its
 // plain name.
-void UndoRotation(const Transfer& transfer, const FindData& old, const Rotation& rotation)
+void UndoRotation(const FileTransfer& transfer, const FindData& old, const Rotation& rotation)
 {
     const Status undone =
         TakeBackNumber(*transfer.ctx.m_pFiles, *transfer.dest.Handle(), old, rotation);
@@ -312,7 +156,7 @@ void UndoRotation(const Transfer& transfer, const FindData& old, const Rotation&
 }
 
 // old: the file that the copy replaces.
-Outcome CopyWithBackup(Transfer& transfer, const FindData& old)
+Outcome CopyWithBackup(FileTransfer& transfer, const FindData& old)
 {
     CRunContext& ctx = transfer.ctx;
     const auto rotation =
@@ -360,7 +204,7 @@ Outcome CopyWithBackup(Transfer& transfer, const FindData& old)
 
 // Warns of a file that is skipped because its time says so, although it differs. It may be damaged
 // or belong to another file, and no later run would replace it.
-void WarnIfDifferent(const Transfer& transfer, RunOperation operation, const FindData& existing)
+void WarnIfDifferent(const FileTransfer& transfer, RunOperation operation, const FindData& existing)
 {
     if (existing.kind != transfer.item.kind) {
         ReportTransferWarning(transfer, operation,
@@ -372,7 +216,7 @@ void WarnIfDifferent(const Transfer& transfer, RunOperation operation, const Fin
 }
 
 // Reports a destination that cannot be checked or replaced.
-void RefuseTransfer(const Transfer& transfer, std::uint32_t dwFlags, const Error& error)
+void RefuseTransfer(const FileTransfer& transfer, std::uint32_t dwFlags, const Error& error)
 {
     if (dwFlags & DCF_INCREMENTAL) {
         ShowAction(transfer.ctx, "Incrementing backup.");
@@ -387,7 +231,7 @@ void RefuseTransfer(const Transfer& transfer, std::uint32_t dwFlags, const Error
 }
 
 // Acts on the state of the destination; existing: nullopt if the file is missing.
-Outcome TransferBeside(Transfer& transfer, const std::optional<FindData>& existing)
+Outcome TransferBeside(FileTransfer& transfer, const std::optional<FindData>& existing)
 {
     CRunContext& ctx = transfer.ctx;
     const std::uint32_t dwFlags = transfer.rules.dwFlags;
@@ -420,7 +264,7 @@ Outcome TransferBeside(Transfer& transfer, const std::optional<FindData>& existi
 
 // Returns true if the item at the destination belongs to another file of this entry. In a flat
 // entry that is expected, so it is a warning and the transfer goes on.
-bool IsTakenByOther(const Transfer& transfer, FindData existing)
+bool IsTakenByOther(const FileTransfer& transfer, FindData existing)
 {
     existing.name = transfer.item.name;
     if (!transfer.dest.Placed().Has(existing)) {
@@ -435,7 +279,7 @@ bool IsTakenByOther(const Transfer& transfer, FindData existing)
 }
 
 // Remembers whose item the destination is now, if another source file can have the same name there.
-void RememberPlaced(const Transfer& transfer)
+void RememberPlaced(const FileTransfer& transfer)
 {
     TargetFolder& dest = transfer.dest;
     if (!dest.Handle()) {
@@ -455,7 +299,7 @@ void RememberPlaced(const Transfer& transfer)
 }
 
 // Probes the destination and acts on what is there.
-Outcome TransferChecked(Transfer& transfer)
+Outcome TransferChecked(FileTransfer& transfer)
 {
     const std::uint32_t dwFlags = transfer.rules.dwFlags;
     // A folder that could not be opened does not prove that the file is missing, so open or create
@@ -497,7 +341,7 @@ void TransferFile(CRunContext& ctx, const SourceFolder& source, TargetFolder& de
                   PendingFile& file, const TransferRules& rules)
 {
     NamesInStaging names(rules.staging, dest);
-    Transfer transfer{ctx, source, dest, file, file.data, rules, OptionsFor(rules, names)};
+    FileTransfer transfer{ctx, source, dest, file, file.data, rules, OptionsFor(rules, names)};
     const bool compares = (rules.dwFlags & (DCF_SYNC | DCF_INCREMENTAL)) != 0;
     const bool namesMayMeet = rules.IsFlat() || dest.Placed().IgnoresCase();
     if (namesMayMeet) {

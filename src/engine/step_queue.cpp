@@ -3,12 +3,19 @@
 
 #include "engine/step_queue.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/run_flags.h"
 #include "platform/coarse_clock.h"
+#include "platform/stop_signals.h"
 
 namespace quorbit {
+
+StepQueue::StepQueue(CRunContext& ctx, Lanes& lanes)
+    : m_ctx(ctx), m_lanes(lanes), m_nOpenFiles(OpenFileLimit())
+{
+}
 
 void StepQueue::Add(std::function<void()> step)
 {
@@ -70,20 +77,25 @@ bool StepQueue::MayRun(const Step& step) const
         return true;
     }
     // If the lanes have little to do, listing more files is more urgent than placing copies.
-    const bool mayPlace = !m_lanes.AreUsed() || m_nFiles >= kMostCopiesOnLanes;
+    const bool mayPlace = !m_lanes.AreUsed() || m_nFiles >= MostCopies();
     return mayPlace && (step.file->isDurable || !m_ctx.m_bSyncAtEnd);
 }
 
 std::size_t StepQueue::MostCopies() const
 {
-    return m_lanes.AreUsed() ? kMostCopiesOnLanes : kMostCopies;
+    return std::min(m_lanes.AreUsed() ? kMostCopiesOnLanes : kMostCopies, m_nOpenFiles / 4);
+}
+
+std::size_t StepQueue::MostFolders() const
+{
+    return std::min(kMostFolders, m_nOpenFiles / 16);
 }
 
 bool StepQueue::IsFull() const
 {
-    const std::size_t next = m_lanes.AreUsed() ? kMostCopiesOnLanes : 0;
+    const std::size_t next = m_lanes.AreUsed() ? MostCopies() : 0;
     return !m_steps.empty() &&
-           (m_nFiles >= kMostFiles || m_nFolders >= kMostFolders ||
+           (m_nFiles >= kMostFiles || m_nFolders >= MostFolders() ||
             (m_nCopies >= MostCopies() && m_steps.size() >= m_nDecided + next) ||
             CoarseNow() - m_since >= kLongestWait);
 }

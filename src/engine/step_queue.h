@@ -34,7 +34,8 @@ struct AheadWork {
 class StepQueue {
 public:
     // Bounds of what waits. Each copy has at most one open descriptor and less than kLongCopy
-    // bytes, each folder two or three descriptors.
+    // bytes, each folder two or three descriptors. The bounds of copies and folders are lower if
+    // the process may open few files.
     static constexpr std::size_t kMostFiles = 4096;
     static constexpr std::size_t kMostCopies = 256;
     // On lanes, and also of the files whose copies have not begun. More copies would wait so long
@@ -44,7 +45,7 @@ public:
     static constexpr std::chrono::milliseconds kLongestWait{1000};
 
     // The arguments are not owned and must outlive this object.
-    StepQueue(CRunContext& ctx, Lanes& lanes) : m_ctx(ctx), m_lanes(lanes) {}
+    StepQueue(CRunContext& ctx, Lanes& lanes);
     StepQueue(const StepQueue&) = delete;
     StepQueue& operator=(const StepQueue&) = delete;
 
@@ -68,6 +69,7 @@ private:
     };
     void Push(Step step);
     [[nodiscard]] std::size_t MostCopies() const;
+    [[nodiscard]] std::size_t MostFolders() const;
     [[nodiscard]] bool IsFull() const;
     [[nodiscard]] bool MayRun(const Step& step) const;
     void StartOnLane(const Step& step, std::function<void()> work);
@@ -79,6 +81,7 @@ private:
 
     CRunContext& m_ctx;
     Lanes& m_lanes;
+    const std::size_t m_nOpenFiles;  // the limit of the process
     std::atomic<std::size_t> m_nFolders = 0;
     std::deque<Step> m_steps;
     std::size_t m_nDecided = 0;  // of the first steps it is decided whether a copy is made ahead

@@ -39,7 +39,7 @@ namespace quorbit {
 // /usr/share by default.
 [[nodiscard]] std::vector<std::string> SystemDataFolders();
 
-// Creates a folder and its missing parents with mode 0700, as the specification requires. Existing
+// Creates a folder and its missing parents with mode 0700, as that document requires. Existing
 // folders are left unchanged. path must be absolute.
 Status CreateFolders(const std::string& path);
 

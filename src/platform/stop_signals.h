@@ -42,5 +42,7 @@ void IgnoreWriteSignals();
 // Raises the limit of open files to the hard limit, at most 65,536, since a walk keeps several open
 // for every level of a tree. Returns the previous soft limit, which started programs should get.
 std::uint64_t RaiseOpenFileLimit();
+// Returns the current limit of open files.
+std::uint64_t OpenFileLimit();
 
 }  // namespace quorbit

@@ -155,13 +155,19 @@ void IgnoreWriteSignals()
     (void)std::signal(SIGXFSZ, SIG_IGN);
 }
 
+std::uint64_t OpenFileLimit()
+{
+    rlimit limit{};
+    // The usual soft limit on Linux if it is unknown.
+    return getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : 1024;
+}
+
 std::uint64_t RaiseOpenFileLimit()
 {
     constexpr rlim_t kEnough = 65536;
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) {
-        // The usual soft limit on Linux.
-        return 1024;
+        return OpenFileLimit();
     }
     const rlim_t before = limit.rlim_cur;
     limit.rlim_cur = std::max(before, std::min(limit.rlim_max, kEnough));

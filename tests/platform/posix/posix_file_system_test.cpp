@@ -324,10 +324,11 @@ TEST_F(PosixFileSystemTest, CopiesFromAStagingFolderAreAsOthers)
 
     auto staging = m_files.CreateStagingFolder(*dest);
     ASSERT_TRUE(staging.Ok());
+    const auto from = Open(Source());
+    const FindData item = m_files.Probe(*from, "a").Value();
     const auto place = [&](const Folder& folder, const std::string& name, bool durable,
                            const CopyOptions& options) {
-        const auto file = m_files.OpenSource(
-            *Open(Source()), m_files.Probe(*Open(Source()), "a").Value(), ReadAhead::No);
+        const auto file = m_files.OpenSource(*from, item, ReadAhead::No);
         const auto copy = m_files.Prepare(**file, **staging, nullptr);
         EXPECT_TRUE(copy.Ok());
         PreparedCopy* const single = copy->get();
